@@ -1,0 +1,60 @@
+#include "Arguments.h"
+
+#include "Command.h"
+#include "waves/TextScan.h"
+
+#include <QCoreApplication>
+
+namespace tremlo::cli {
+
+Arguments::Arguments(const Command& command) : m_command(command) {
+  m_parser.addOption({QStringLiteral("help"), QStringLiteral("この説明を表示する")});
+  m_parser.addOption({QStringLiteral("version"), QStringLiteral("版を表示する")});
+  m_parser.addOption({QStringLiteral("json"), QStringLiteral("結果を JSON で標準出力に書く")});
+  m_parser.addOption({QStringLiteral("data"), QStringLiteral("DamCoef, LowSpec, SystemData のあるフォルダ"),
+                      QStringLiteral("DIR")});
+  m_parser.addOptions(command.options());
+}
+
+bool Arguments::Parse(const QStringList& words) {
+  // The parser takes the first word for the program's name.
+  if (!m_parser.parse(QStringList(QCoreApplication::applicationName()) + words)) {
+    m_error = m_parser.errorText();
+    return false;
+  }
+  if (WantsHelp() || WantsVersion()) return true;
+  if (m_parser.positionalArguments().size() != m_command.positional) {
+    m_error = QStringLiteral("ファイルの指定が %1 個必要です（%2 個あります）。")
+                  .arg(m_command.positional)
+                  .arg(m_parser.positionalArguments().size());
+    return false;
+  }
+  return true;
+}
+
+QString Arguments::DataFolder() const {
+  return IsSet("data") ? Text("data") : QCoreApplication::applicationDirPath();
+}
+
+bool Arguments::Number(const char* option, double& value) const {
+  return !IsSet(option) || ParseNumber(Text(option), value);
+}
+
+bool Arguments::Whole(const char* option, std::int32_t& value) const {
+  if (!IsSet(option)) return true;
+  bool sound = false;
+  const int number = Text(option).toInt(&sound);
+  if (sound) value = number;
+  return sound;
+}
+
+bool ParseNumber(const QString& text, double& value) {
+  const std::string bytes = text.toStdString();
+  LineScanner scan(bytes);
+  double number = 0.0;
+  if (!scan.Number(number) || !scan.Rest().empty()) return false;
+  value = number;
+  return true;
+}
+
+}  // namespace tremlo::cli

@@ -1,0 +1,12 @@
+#include "Command.h"
+
+#include <array>
+
+namespace tremlo::cli {
+
+std::span<const Command> AllCommands() {
+  static const std::array commands = {ResponseCommand(), FourierCommand(), AdjustCommand(), TablesCommand()};
+  return commands;
+}
+
+}  // namespace tremlo::cli

@@ -1,0 +1,150 @@
+#include "Arguments.h"
+#include "Command.h"
+#include "Output.h"
+#include "WaveInput.h"
+#include "waves/AmplitudeAdjust.h"
+#include "waves/ResponseSpectrum.h"
+#include "waves/WaveFile.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace tremlo::cli {
+
+namespace {
+
+struct Adjustment {
+  bool converged = false;
+  int passes = 0;  ///< sweeps made
+  FitFigures fit;  ///< of the last sweep
+  std::vector<double> acc, periods, spectrum;
+};
+
+QList<QCommandLineOption> Options() {
+  return {{QStringLiteral("seed"), QStringLiteral("原種波形"), QStringLiteral("WAVE.csv")},
+          {QStringLiteral("target"), QStringLiteral("目標とする加速度応答スペクトル"), QStringLiteral("SPECTRUM.csv")},
+          {QStringLiteral("iterations"), QStringLiteral("繰り返し回数の上限（既定値 100）"), QStringLiteral("N")},
+          {QStringLiteral("tolerance"), QStringLiteral("収束判定（既定値 0.05 = 5 %）"), QStringLiteral("FRACTION")},
+          {QStringLiteral("out"), QStringLiteral("調整後の波形を書く CSV ファイル（_AccSpec, _FFT も書く）"),
+           QStringLiteral("BASE.csv")}};
+}
+
+/// Reads the target and puts it longest period first.
+bool ReadTarget(const QString& path, std::vector<double>& periods, std::vector<double>& target, QString& error) {
+  QString name;
+  if (const auto failure = ReadSpectrumFile(path, name, periods, target)) {
+    error = *failure;
+    return false;
+  }
+  if (periods.empty()) {
+    error = path + QStringLiteral(": スペクトルのデータがありません。");
+    return false;
+  }
+  if (periods.front() < periods.back()) {
+    std::reverse(periods.begin(), periods.end());
+    std::reverse(target.begin(), target.end());
+  }
+  return true;
+}
+
+void PrintObject(const WaveInput& seed, const Adjustment& result) {
+  JsonWriter json;
+  json.BeginObject();
+  json.Member("name", seed.name);
+  json.Member("timeStep", seed.timeStep);
+  json.Member("converged", result.converged);
+  json.Member("passes", result.passes);
+  json.Member("error", result.fit.deviation);
+  json.Member("adjustedAcc", result.acc);
+  json.Member("adjustedPeriods", result.periods);
+  json.Member("adjustedSpec", result.spectrum);
+  json.EndObject();
+  PrintJson(json);
+}
+
+void PrintSummary(const WaveInput& seed, const Adjustment& result, double tolerance) {
+  const auto percent = [](double fraction) { return QString::number(fraction * 100.0, 'f', 2); };
+  PrintLine(QStringLiteral("%1：時間間隔 %2 秒、%3 点（調整後 %4 点）")
+                .arg(seed.name)
+                .arg(seed.timeStep)
+                .arg(seed.acc.size())
+                .arg(result.acc.size()));
+  PrintLine(QStringLiteral("%1：応答計算 %2 回、偏差（RMS）%3 %（収束判定 %4 %）")
+                .arg(result.converged ? QStringLiteral("収束しました") : QStringLiteral("収束しませんでした"))
+                .arg(result.passes)
+                .arg(percent(result.fit.deviation), percent(tolerance)));
+  if (result.fit.overshootPeriod > 0.0)
+    PrintLine(QStringLiteral("目標を上回る最大：%1 %（周期 %2 秒）")
+                  .arg(percent(result.fit.overshoot))
+                  .arg(result.fit.overshootPeriod));
+  if (result.fit.undershootPeriod > 0.0)
+    PrintLine(QStringLiteral("目標を下回る最大：%1 %（周期 %2 秒）")
+                  .arg(percent(result.fit.undershoot))
+                  .arg(result.fit.undershootPeriod));
+}
+
+int Run(const Arguments& arguments) {
+  std::int32_t iterations = 100;
+  double tolerance = 0.05;
+  if (!arguments.IsSet("seed") || !arguments.IsSet("target"))
+    return FailUsage(QStringLiteral("--seed と --target を指定してください。"));
+  if (!arguments.Whole("iterations", iterations) || iterations < 0)
+    return FailUsage(QStringLiteral("--iterations は 0 以上の整数です：") + arguments.Text("iterations"));
+  if (!arguments.Number("tolerance", tolerance) || std::isnan(tolerance))
+    return FailUsage(QStringLiteral("--tolerance は数値です：") + arguments.Text("tolerance"));
+  if (arguments.IsSet("out") && arguments.Text("out").isEmpty())
+    return FailUsage(QStringLiteral("--out のファイル名が空です。"));
+
+  WaveInput seed;
+  QString error;
+  if (!seed.Read(arguments.Text("seed"), error)) return Fail(kBadFile, error);
+  std::vector<double> targetPeriods;
+  std::vector<double> target;
+  if (!ReadTarget(arguments.Text("target"), targetPeriods, target, error)) return Fail(kBadFile, error);
+
+  Adjustment result;
+  result.fit.deviation = std::numeric_limits<double>::quiet_NaN();
+  {
+    ProgressLine line;
+    result.converged = AdjustAmplitude(
+        iterations, seed.acc, targetPeriods, target, result.acc, tolerance, seed.timeStep,
+        [&](const FitFigures& fit) {
+          result.fit = fit;
+          result.passes = fit.pass + 1;
+          if (line.IsShown())
+            line.Show(QStringLiteral("%1 / 最大 %2 回　偏差 %3 %")
+                          .arg(result.passes)
+                          .arg(iterations)
+                          .arg(fit.deviation * 100.0, 0, 'f', 2));
+        });
+  }
+  ComputeResponseSpectrum(result.acc, result.periods, result.spectrum, seed.timeStep);
+
+  if (result.converged && arguments.IsSet("out")) {
+    const std::vector<FileContent> files =
+        ExportFiles(SplitSavePath(arguments.Text("out")), seed.name, seed.timeStep, result.acc, result.periods,
+                    result.spectrum);
+    if (const auto failed = WriteWholeFiles(files))
+      return Fail(kBadFile, *failed + QStringLiteral(": ファイルを保存できませんでした。"));
+  }
+  if (arguments.WantsJson()) {
+    PrintObject(seed, result);
+  } else {
+    PrintSummary(seed, result, tolerance);
+  }
+  return result.converged ? kDone : kGoalMissed;
+}
+
+}  // namespace
+
+Command AdjustCommand() {
+  return {"adjust",
+          "--seed WAVE.csv --target SPECTRUM.csv [--iterations 100] [--tolerance 0.05] [--out BASE.csv]",
+          "原種波形の振幅を目標スペクトルに合わせて調整する",
+          0,
+          Options,
+          Run};
+}
+
+}  // namespace tremlo::cli

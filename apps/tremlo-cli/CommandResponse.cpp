@@ -1,0 +1,65 @@
+#include "Arguments.h"
+#include "Command.h"
+#include "Output.h"
+#include "WaveInput.h"
+#include "waves/ResponseSpectrum.h"
+#include "waves/WaveFile.h"
+
+#include <algorithm>
+
+namespace tremlo::cli {
+
+namespace {
+
+QList<QCommandLineOption> Options() {
+  return {{QStringLiteral("out"), QStringLiteral("スペクトルを書く CSV ファイル"), QStringLiteral("FILE.csv")}};
+}
+
+int Run(const Arguments& arguments) {
+  WaveInput wave;
+  QString error;
+  if (!wave.Read(arguments.Positional(0), error)) return Fail(kBadFile, error);
+
+  std::vector<double> periods;
+  std::vector<double> accSpec;
+  ComputeResponseSpectrum(wave.acc, periods, accSpec, wave.timeStep);
+
+  const QString out = arguments.Text("out");
+  if (arguments.IsSet("out") && !periods.empty() &&
+      !WriteCsv(out, AccSpecName(wave.name), wave.timeStep, periods, accSpec))
+    return Fail(kBadFile, out + QStringLiteral(": ファイルを保存できませんでした。"));
+
+  if (arguments.WantsJson()) {
+    JsonWriter json;
+    json.BeginObject();
+    json.Member("name", wave.name);
+    json.Member("timeStep", wave.timeStep);
+    json.Member("samples", static_cast<int>(wave.acc.size()));
+    json.Member("periods", periods);
+    json.Member("accSpec", accSpec);
+    json.EndObject();
+    PrintJson(json);
+    return kDone;
+  }
+  PrintLine(QStringLiteral("%1：時間間隔 %2 秒、%3 点").arg(wave.name).arg(wave.timeStep).arg(wave.acc.size()));
+  if (periods.empty()) {
+    PrintLine(QStringLiteral("加速度応答スペクトルの点はありません。"));
+    return kDone;
+  }
+  const auto peak = std::max_element(accSpec.begin(), accSpec.end());
+  PrintLine(QStringLiteral("加速度応答スペクトル（減衰定数 5 %）：%1 点、周期 %2 ～ %3 秒、最大 %4 gal（周期 %5 秒）")
+                .arg(periods.size())
+                .arg(periods.back())
+                .arg(periods.front())
+                .arg(*peak)
+                .arg(periods[static_cast<std::size_t>(peak - accSpec.begin())]));
+  return kDone;
+}
+
+}  // namespace
+
+Command ResponseCommand() {
+  return {"response", "WAVE.csv [--out FILE.csv]", "波形の加速度応答スペクトル（減衰定数 5 %）", 1, Options, Run};
+}
+
+}  // namespace tremlo::cli

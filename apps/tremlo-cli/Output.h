@@ -1,0 +1,42 @@
+#pragma once
+
+#include "JsonWriter.h"
+
+#include <QString>
+
+namespace tremlo::cli {
+
+class Arguments;
+
+/// Prints a line for people on standard output.
+void PrintLine(const QString& line);
+
+/// Prints the one object on standard output.
+void PrintJson(const JsonWriter& json);
+
+/// Prints one line on standard error and returns `status`.
+int Fail(int status, const QString& line);
+
+/// The fault of a command line: what is wrong, and where the usage stands. Returns the exit status.
+int FailUsage(const QString& reason);
+
+/// Says how far a long calculation has come, on standard error and only when that is a terminal.
+class ProgressLine {
+ public:
+  ProgressLine();
+  ~ProgressLine();
+  ProgressLine(const ProgressLine&) = delete;
+  ProgressLine& operator=(const ProgressLine&) = delete;
+
+  bool IsShown() const { return m_terminal; }
+  void Show(const QString& text);
+
+ private:
+  bool m_terminal = false;
+  bool m_used = false;
+};
+
+/// The line that says which table folders hold samples; nothing when none does.
+void PrintSampleNotice(const QString& dataFolder);
+
+}  // namespace tremlo::cli

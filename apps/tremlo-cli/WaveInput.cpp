@@ -1,0 +1,31 @@
+#include "WaveInput.h"
+
+#include "waves/WaveFile.h"
+
+#include <cmath>
+
+namespace tremlo::cli {
+
+bool WaveInput::Read(const QString& path, QString& error) {
+  std::vector<double> samples;
+  if (const auto failure = ReadWaveFile(path, name, timeStep, samples)) {
+    error = *failure;
+    return false;
+  }
+  if (name.isEmpty()) {
+    error = path + QStringLiteral(": 1行目が「波形名, 時間間隔, 1」ではありません。");
+    return false;
+  }
+  if (!std::isfinite(timeStep) || timeStep <= 0.0) {
+    error = path + QStringLiteral(": 1行目の時間間隔が正の数値ではありません。");
+    return false;
+  }
+  if (samples.empty()) {
+    error = path + QStringLiteral(": 加速度のデータがありません。");
+    return false;
+  }
+  acc = WithoutBlanks(samples);
+  return true;
+}
+
+}  // namespace tremlo::cli

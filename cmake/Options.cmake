@@ -1,0 +1,22 @@
+# One interface library carries the compiler settings of every target.
+add_library(tremlo_options INTERFACE)
+target_compile_features(tremlo_options INTERFACE cxx_std_20)
+target_include_directories(tremlo_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
+
+if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
+  # A fused multiply-add rounds once where two operations round twice: results would depend on the processor.
+  target_compile_options(tremlo_options INTERFACE -ffp-contract=off)
+  target_compile_options(tremlo_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor -Wold-style-cast
+    -Woverloaded-virtual -Wnull-dereference)
+  if(TREMLO_WARNINGS_AS_ERRORS)
+    target_compile_options(tremlo_options INTERFACE -Werror)
+  endif()
+  if(TREMLO_SANITIZE)
+    target_compile_options(tremlo_options INTERFACE
+      -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(tremlo_options INTERFACE -fsanitize=address,undefined)
+  endif()
+endif()
+
+target_compile_definitions(tremlo_options INTERFACE QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)
