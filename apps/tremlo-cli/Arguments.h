@@ -30,8 +30,8 @@ class Arguments {
   QString Text(const char* option) const { return m_parser.value(QString::fromLatin1(option)); }
   QStringList Texts(const char* option) const { return m_parser.values(QString::fromLatin1(option)); }
 
-  /// Reads an option as a number into `value`, which keeps its value when the option is not given. False when the
-  /// text is not one whole number of that kind.
+  /// Reads an option as a number into `value`, which keeps its value when the option is not given. False when
+  /// the text is not one whole number of that kind.
   bool Number(const char* option, double& value) const;
   bool Whole(const char* option, std::int32_t& value) const;
 

@@ -16,7 +16,8 @@ enum ExitStatus {
   kGoalMissed = 3,  ///< the calculation ran but did not reach its goal
 };
 
-/// One command of the program. `name` may be two words; `positional` is the number of file arguments it takes.
+/// One command of the program. `name` may be two words; `positional` is the number of file arguments it
+/// takes.
 struct Command {
   const char* name;
   const char* usage;

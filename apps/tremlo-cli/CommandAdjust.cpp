@@ -22,16 +22,20 @@ struct Adjustment {
 };
 
 QList<QCommandLineOption> Options() {
-  return {{QStringLiteral("seed"), QStringLiteral("原種波形"), QStringLiteral("WAVE.csv")},
-          {QStringLiteral("target"), QStringLiteral("目標とする加速度応答スペクトル"), QStringLiteral("SPECTRUM.csv")},
-          {QStringLiteral("iterations"), QStringLiteral("繰り返し回数の上限（既定値 100）"), QStringLiteral("N")},
-          {QStringLiteral("tolerance"), QStringLiteral("収束判定（既定値 0.05 = 5 %）"), QStringLiteral("FRACTION")},
-          {QStringLiteral("out"), QStringLiteral("調整後の波形を書く CSV ファイル（_AccSpec, _FFT も書く）"),
-           QStringLiteral("BASE.csv")}};
+  return {
+      {QStringLiteral("seed"), QStringLiteral("原種波形"), QStringLiteral("WAVE.csv")},
+      {QStringLiteral("target"), QStringLiteral("目標とする加速度応答スペクトル"),
+       QStringLiteral("SPECTRUM.csv")},
+      {QStringLiteral("iterations"), QStringLiteral("繰り返し回数の上限（既定値 100）"), QStringLiteral("N")},
+      {QStringLiteral("tolerance"), QStringLiteral("収束判定（既定値 0.05 = 5 %）"),
+       QStringLiteral("FRACTION")},
+      {QStringLiteral("out"), QStringLiteral("調整後の波形を書く CSV ファイル（_AccSpec, _FFT も書く）"),
+       QStringLiteral("BASE.csv")}};
 }
 
 /// Reads the target and puts it longest period first.
-bool ReadTarget(const QString& path, std::vector<double>& periods, std::vector<double>& target, QString& error) {
+bool ReadTarget(const QString& path, std::vector<double>& periods, std::vector<double>& target,
+                QString& error) {
   QString name;
   if (const auto failure = ReadSpectrumFile(path, name, periods, target)) {
     error = *failure;
@@ -107,24 +111,23 @@ int Run(const Arguments& arguments) {
   result.fit.deviation = std::numeric_limits<double>::quiet_NaN();
   {
     ProgressLine line;
-    result.converged = AdjustAmplitude(
-        iterations, seed.acc, targetPeriods, target, result.acc, tolerance, seed.timeStep,
-        [&](const FitFigures& fit) {
-          result.fit = fit;
-          result.passes = fit.pass + 1;
-          if (line.IsShown())
-            line.Show(QStringLiteral("%1 / 最大 %2 回　偏差 %3 %")
-                          .arg(result.passes)
-                          .arg(iterations)
-                          .arg(fit.deviation * 100.0, 0, 'f', 2));
-        });
+    result.converged = AdjustAmplitude(iterations, seed.acc, targetPeriods, target, result.acc, tolerance,
+                                       seed.timeStep, [&](const FitFigures& fit) {
+                                         result.fit = fit;
+                                         result.passes = fit.pass + 1;
+                                         if (line.IsShown())
+                                           line.Show(QStringLiteral("%1 / 最大 %2 回　偏差 %3 %")
+                                                         .arg(result.passes)
+                                                         .arg(iterations)
+                                                         .arg(fit.deviation * 100.0, 0, 'f', 2));
+                                       });
   }
   ComputeResponseSpectrum(result.acc, result.periods, result.spectrum, seed.timeStep);
 
   if (result.converged && arguments.IsSet("out")) {
     const std::vector<FileContent> files =
-        ExportFiles(SplitSavePath(arguments.Text("out")), seed.name, seed.timeStep, result.acc, result.periods,
-                    result.spectrum);
+        ExportFiles(SplitSavePath(arguments.Text("out")), seed.name, seed.timeStep, result.acc,
+                    result.periods, result.spectrum);
     if (const auto failed = WriteWholeFiles(files))
       return Fail(kBadFile, *failed + QStringLiteral(": ファイルを保存できませんでした。"));
   }

@@ -12,7 +12,8 @@ namespace tremlo::cli {
 namespace {
 
 QList<QCommandLineOption> Options() {
-  return {{QStringLiteral("out"), QStringLiteral("スペクトルを書く CSV ファイル"), QStringLiteral("FILE.csv")}};
+  return {
+      {QStringLiteral("out"), QStringLiteral("スペクトルを書く CSV ファイル"), QStringLiteral("FILE.csv")}};
 }
 
 int Run(const Arguments& arguments) {
@@ -40,13 +41,15 @@ int Run(const Arguments& arguments) {
     PrintJson(json);
     return kDone;
   }
-  PrintLine(QStringLiteral("%1：時間間隔 %2 秒、%3 点").arg(wave.name).arg(wave.timeStep).arg(wave.acc.size()));
+  PrintLine(
+      QStringLiteral("%1：時間間隔 %2 秒、%3 点").arg(wave.name).arg(wave.timeStep).arg(wave.acc.size()));
   if (periods.empty()) {
     PrintLine(QStringLiteral("フーリエスペクトルの点はありません。"));
     return kDone;
   }
   const auto peak = std::max_element(amplitudes.begin(), amplitudes.end());
-  PrintLine(QStringLiteral("フーリエスペクトル（フィルタなし）：%1 点、周期 %2 ～ %3 秒、最大 %4 gal·sec（周期 %5 秒）")
+  PrintLine(QStringLiteral(
+                "フーリエスペクトル（フィルタなし）：%1 点、周期 %2 ～ %3 秒、最大 %4 gal·sec（周期 %5 秒）")
                 .arg(periods.size())
                 .arg(periods.back())
                 .arg(periods.front())

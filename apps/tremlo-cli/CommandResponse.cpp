@@ -12,7 +12,8 @@ namespace tremlo::cli {
 namespace {
 
 QList<QCommandLineOption> Options() {
-  return {{QStringLiteral("out"), QStringLiteral("スペクトルを書く CSV ファイル"), QStringLiteral("FILE.csv")}};
+  return {
+      {QStringLiteral("out"), QStringLiteral("スペクトルを書く CSV ファイル"), QStringLiteral("FILE.csv")}};
 }
 
 int Run(const Arguments& arguments) {
@@ -41,13 +42,15 @@ int Run(const Arguments& arguments) {
     PrintJson(json);
     return kDone;
   }
-  PrintLine(QStringLiteral("%1：時間間隔 %2 秒、%3 点").arg(wave.name).arg(wave.timeStep).arg(wave.acc.size()));
+  PrintLine(
+      QStringLiteral("%1：時間間隔 %2 秒、%3 点").arg(wave.name).arg(wave.timeStep).arg(wave.acc.size()));
   if (periods.empty()) {
     PrintLine(QStringLiteral("加速度応答スペクトルの点はありません。"));
     return kDone;
   }
   const auto peak = std::max_element(accSpec.begin(), accSpec.end());
-  PrintLine(QStringLiteral("加速度応答スペクトル（減衰定数 5 %）：%1 点、周期 %2 ～ %3 秒、最大 %4 gal（周期 %5 秒）")
+  PrintLine(QStringLiteral(
+                "加速度応答スペクトル（減衰定数 5 %）：%1 点、周期 %2 ～ %3 秒、最大 %4 gal（周期 %5 秒）")
                 .arg(periods.size())
                 .arg(periods.back())
                 .arg(periods.front())
@@ -59,7 +62,8 @@ int Run(const Arguments& arguments) {
 }  // namespace
 
 Command ResponseCommand() {
-  return {"response", "WAVE.csv [--out FILE.csv]", "波形の加速度応答スペクトル（減衰定数 5 %）", 1, Options, Run};
+  return {"response", "WAVE.csv [--out FILE.csv]", "波形の加速度応答スペクトル（減衰定数 5 %）", 1, Options,
+          Run};
 }
 
 }  // namespace tremlo::cli

@@ -7,7 +7,9 @@ namespace tremlo::cli {
 
 namespace {
 
-QList<QCommandLineOption> Options() { return {}; }
+QList<QCommandLineOption> Options() {
+  return {};
+}
 
 void WriteDamCoefSet(JsonWriter& json, const DamCoefSet& set) {
   json.BeginObject();

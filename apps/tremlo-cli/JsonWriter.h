@@ -8,8 +8,9 @@
 
 namespace tremlo::cli {
 
-/// Builds one JSON text with its keys in the order of the calls, in UTF-8. Numbers have 17 significant digits, so
-/// that they read back to the same double; one that is not finite is the string "nan", "inf" or "-inf".
+/// Builds one JSON text with its keys in the order of the calls, in UTF-8. Numbers have 17 significant
+/// digits, so that they read back to the same double; one that is not finite is the string "nan", "inf" or
+/// "-inf".
 class JsonWriter {
  public:
   void BeginObject() { Open('{'); }

@@ -18,7 +18,9 @@ namespace tremlo::cli {
 
 namespace {
 
-void Put(std::FILE* stream, std::string_view text) { std::fwrite(text.data(), 1, text.size(), stream); }
+void Put(std::FILE* stream, std::string_view text) {
+  std::fwrite(text.data(), 1, text.size(), stream);
+}
 
 bool IsErrorTerminal() {
 #ifdef _WIN32
@@ -30,9 +32,13 @@ bool IsErrorTerminal() {
 
 }  // namespace
 
-void PrintLine(const QString& line) { Put(stdout, line.toStdString() + '\n'); }
+void PrintLine(const QString& line) {
+  Put(stdout, line.toStdString() + '\n');
+}
 
-void PrintJson(const JsonWriter& json) { Put(stdout, json.Text() + '\n'); }
+void PrintJson(const JsonWriter& json) {
+  Put(stdout, json.Text() + '\n');
+}
 
 int Fail(int status, const QString& line) {
   Put(stderr, line.toStdString() + '\n');
@@ -61,7 +67,8 @@ void PrintSampleNotice(const QString& dataFolder) {
   QStringList names;
   for (const QString& folder : SampleTableFolders(dataFolder)) names << folder;
   if (!names.isEmpty())
-    PrintLine(QStringLiteral("見本の表を使用中：%1（公表値ではありません）").arg(names.join(QStringLiteral("、"))));
+    PrintLine(
+        QStringLiteral("見本の表を使用中：%1（公表値ではありません）").arg(names.join(QStringLiteral("、"))));
 }
 
 }  // namespace tremlo::cli

@@ -6,10 +6,11 @@
 
 namespace tremlo::cli {
 
-/// A wave file that a calculation can run on: samples there (blanks read as 0), time step a finite number above 0.
+/// A wave file that a calculation can run on: samples there (blanks read as 0), time step a finite number
+/// above 0.
 struct WaveInput {
   QString name;
-  double timeStep = 0.0;  ///< s
+  double timeStep = 0.0;    ///< s
   std::vector<double> acc;  ///< gal
 
   /// False, with the line for standard error in `error`, when the file is not that.

@@ -14,13 +14,13 @@ void PrintHelp() {
     PrintLine(QStringLiteral("  %1 %2\n      %3")
                   .arg(QString::fromUtf8(command.name), QString::fromUtf8(command.usage),
                        QString::fromUtf8(command.summary)));
-  PrintLine(
-      QStringLiteral("\nすべてのコマンドに共通：\n"
-                     "  --json      結果を JSON で標準出力に書く\n"
-                     "  --data DIR  DamCoef, LowSpec, SystemData のあるフォルダ（既定値はプログラムのフォルダ）\n"
-                     "  --help      説明を表示する\n"
-                     "  --version   版を表示する\n\n"
-                     "終了状態：0 正常、1 コマンドの誤り、2 ファイルの誤り、3 目標に達しない"));
+  PrintLine(QStringLiteral(
+      "\nすべてのコマンドに共通：\n"
+      "  --json      結果を JSON で標準出力に書く\n"
+      "  --data DIR  DamCoef, LowSpec, SystemData のあるフォルダ（既定値はプログラムのフォルダ）\n"
+      "  --help      説明を表示する\n"
+      "  --version   版を表示する\n\n"
+      "終了状態：0 正常、1 コマンドの誤り、2 ファイルの誤り、3 目標に達しない"));
 }
 
 void PrintHelp(const Command& command) {
@@ -29,7 +29,8 @@ void PrintHelp(const Command& command) {
                      QString::fromUtf8(command.summary)));
   for (const QCommandLineOption& option : command.options()) {
     const QString value = option.valueName().isEmpty() ? QString() : u' ' + option.valueName();
-    PrintLine(QStringLiteral("  --%1%2\n      %3").arg(option.names().constFirst(), value, option.description()));
+    PrintLine(
+        QStringLiteral("  --%1%2\n      %3").arg(option.names().constFirst(), value, option.description()));
   }
 }
 

@@ -22,7 +22,7 @@ struct SiteRecord {
   double lonDeg = 137.0, lonMin = 46.0, lonSec = 37.0;
   QString planeZone = QStringLiteral("I (1)");  ///< display label of the plane rectangular zone
   std::array<QString, 10> comments;
-  std::int32_t mapZoom = 5;               ///< tile zoom level of the view
+  std::int32_t mapZoom = 5;              ///< tile zoom level of the view
   double mapScale = 0.8128668946369415;  ///< magnification of a tile
 
   bool operator==(const SiteRecord&) const = default;

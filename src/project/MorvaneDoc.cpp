@@ -17,7 +17,9 @@ void ClearResultsOf(CSeismicWaveSet& waves) {
   }
 }
 
-void FillFlags(std::vector<bool>& flags, bool value) { std::fill(flags.begin(), flags.end(), value); }
+void FillFlags(std::vector<bool>& flags, bool value) {
+  std::fill(flags.begin(), flags.end(), value);
+}
 
 }  // namespace
 
@@ -114,7 +116,8 @@ void CMorvaneDoc::ClearFaultsAndAfter() {
 void CMorvaneDoc::MarkDefaultLowerSpectrum() {
   for (std::size_t i = 0; i < lowerSpectra.Count(); ++i) {
     CSeismicWave& spectrum = lowerSpectra.At(i);
-    if (spectrum.name == QStringView(kDefaultLowerName) || spectrum.name == QStringView(kDefaultLowerLongName))
+    if (spectrum.name == QStringView(kDefaultLowerName) ||
+        spectrum.name == QStringView(kDefaultLowerLongName))
       spectrum.lowerSelected = true;
   }
 }

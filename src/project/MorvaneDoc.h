@@ -14,17 +14,17 @@
 
 namespace tremlo {
 
-/// The one document: everything that a project is, and the system tables beside the program. There is one object for
-/// the life of the program; a new project and an open replace its content. Screens keep display state only and write
-/// here at once. No undo, no lock.
+/// The one document: everything that a project is, and the system tables beside the program. There is one
+/// object for the life of the program; a new project and an open replace its content. Screens keep display
+/// state only and write here at once. No undo, no lock.
 class CMorvaneDoc {
  public:
   /// `programFolder` holds DamCoef, LowSpec and SystemData. Nothing is read yet.
   explicit CMorvaneDoc(QString programFolder) : m_programFolder(std::move(programFolder)) {}
 
-  /// Brings the document to the state of a new project and reads the tables again. Returns the first failure of a
-  /// table, after which the program cannot go on; the members are at their defaults even then. The modified mark
-  /// and `visualShowSpare` keep their values.
+  /// Brings the document to the state of a new project and reads the tables again. Returns the first failure
+  /// of a table, after which the program cannot go on; the members are at their defaults even then. The
+  /// modified mark and `visualShowSpare` keep their values.
   std::optional<TableFailure> ResetDocument();
 
   bool IsModified() const { return m_modified; }
@@ -44,17 +44,18 @@ class CMorvaneDoc {
   /// Marks the default lower limit (either of its names). Clears no other mark.
   void MarkDefaultLowerSpectrum();
 
-  bool guidelineRoute = false;  ///< true: waves after the guideline; false: adjustment to any response spectrum
+  bool guidelineRoute =
+      false;  ///< true: waves after the guideline; false: adjustment to any response spectrum
   SiteRecord site;
-  bool flowQ1Yes = false;              ///< a seismograph stands at the dam
-  bool flowQ2Yes = false;              ///< it records acceleration
-  bool flowCollect = false;            ///< the phase chart ends at collecting material
-  bool flowFaultSource = false;        ///< fault data is to be used
-  bool flowNeighbourWave = false;      ///< usable waves near the dam exist
-  bool flowFixed = false;              ///< the work procedure is fixed
-  CSeismicWaveSet seedWaves;           ///< registered waves
-  CSeismicWave graphDamsite;           ///< of this and the other loose records only the graph block counts
-  std::vector<DamCoefSet> damCoefSets;      ///< system table
+  bool flowQ1Yes = false;               ///< a seismograph stands at the dam
+  bool flowQ2Yes = false;               ///< it records acceleration
+  bool flowCollect = false;             ///< the phase chart ends at collecting material
+  bool flowFaultSource = false;         ///< fault data is to be used
+  bool flowNeighbourWave = false;       ///< usable waves near the dam exist
+  bool flowFixed = false;               ///< the work procedure is fixed
+  CSeismicWaveSet seedWaves;            ///< registered waves
+  CSeismicWave graphDamsite;            ///< of this and the other loose records only the graph block counts
+  std::vector<DamCoefSet> damCoefSets;  ///< system table
   std::vector<MainFaultRow> mainFaultRows;  ///< system table
   std::vector<FaultInfo> faults;            ///< in rank order
   std::int32_t faultAcquireMode = 0;        ///< 0 ranking by the service, 1 search range

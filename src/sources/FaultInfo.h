@@ -7,12 +7,12 @@
 
 namespace tremlo {
 
-/// One fault with its planes. Values of the hazard service stay text until a computation converts them; a value
-/// that the service leaves out is the text "-". Every per-plane vector has `geomNum` entries in a sound record,
-/// but `geomNum` is kept as the service sent it: loops run to the smaller of it and the vector.
+/// One fault with its planes. Values of the hazard service stay text until a computation converts them; a
+/// value that the service leaves out is the text "-". Every per-plane vector has `geomNum` entries in a sound
+/// record, but `geomNum` is kept as the service sent it: loops run to the smaller of it and the vector.
 struct FaultInfo {
   QString rank;
-  QString ltecode;                   ///< scenario code, key of the activity-model request
+  QString ltecode;  ///< scenario code, key of the activity-model request
   QString ltename;
   std::vector<QString> groundClass;  ///< per plane, "A" to "D"
   QString magnitude;
@@ -21,8 +21,8 @@ struct FaultInfo {
   std::int32_t geomNum = 0;                ///< number of planes
   QString avract, newact, t30p, t50p, magu;
 
-  /// Per plane, the rectangle: corner longitude and latitude (degrees), depth of the upper edge (km), length along
-  /// strike and width down dip (km), strike and dip (degrees).
+  /// Per plane, the rectangle: corner longitude and latitude (degrees), depth of the upper edge (km), length
+  /// along strike and width down dip (km), strike and dip (degrees).
   std::vector<QString> lon, lat, dep, len, wid, str, dip;
 
   /// The four corners of each plane: degrees and the depth as the service sends it. Kept, not computed with.

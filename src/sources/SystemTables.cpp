@@ -186,8 +186,8 @@ std::optional<TableFailure> LoadFaultDataFile(const TableFile& file, std::vector
   return std::nullopt;
 }
 
-std::optional<TableFailure> LoadLowSpecFile(const TableFile& file, QString& name, std::vector<double>& periods,
-                                            std::vector<double>& values) {
+std::optional<TableFailure> LoadLowSpecFile(const TableFile& file, QString& name,
+                                            std::vector<double>& periods, std::vector<double>& values) {
   QByteArray content;
   if (!ReadWholeFile(file.path, content)) return CannotOpen(file);
   const CsvText csv(content);

@@ -65,8 +65,8 @@ void Correct(std::vector<double>& wave, const std::vector<double>& ratios,
 
 }  // namespace
 
-double MatchRatio(const TargetSpectrum& target, std::vector<double>& ratios, const std::vector<double>& response,
-                  double df) {
+double MatchRatio(const TargetSpectrum& target, std::vector<double>& ratios,
+                  const std::vector<double>& response, double df) {
   const std::vector<double>& frequencies = target.frequencies;
   const std::size_t points = frequencies.size();
   ratios.assign(response.size(), 0.0);
@@ -82,9 +82,8 @@ double MatchRatio(const TargetSpectrum& target, std::vector<double>& ratios, con
     // The frequencies of the wave rise, so in an ascending target the place found last is where to look on.
     if (!ascending) below = 0;
     while (below < points && frequencies[below] < f) ++below;
-    const double wanted =
-        points == 1 ? target.amplitudes[0]
-                    : TargetAt(target, std::clamp<std::size_t>(below, 1, points - 1), f);
+    const double wanted = points == 1 ? target.amplitudes[0]
+                                      : TargetAt(target, std::clamp<std::size_t>(below, 1, points - 1), f);
     ratios[i] = wanted / response[i];
     sum += std::pow(1.0 - ratios[i], 2.0);
     ++used;

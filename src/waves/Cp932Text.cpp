@@ -7,9 +7,8 @@
 #ifdef _WIN32
 #include <windows.h>
 #else
-#include <iconv.h>
-
 #include <cerrno>
+#include <iconv.h>
 #endif
 
 namespace tremlo {
@@ -34,8 +33,8 @@ class Converter {
 
   bool IsOpen() const { return m_handle != reinterpret_cast<iconv_t>(-1); }
 
-  /// Converts all of `input`. Where it cannot go on it calls `skip` with what is left; that function appends the
-  /// stand-in to the output and returns how many bytes to pass over.
+  /// Converts all of `input`. Where it cannot go on it calls `skip` with what is left; that function appends
+  /// the stand-in to the output and returns how many bytes to pass over.
   template <class Skip>
   void Run(std::string_view input, std::string& output, Skip skip) {
     std::array<char, 4096> block{};
@@ -116,7 +115,8 @@ std::string EncodeCp932(const QString& text) {
       return static_cast<char16_t>(static_cast<unsigned char>(rest[index]) |
                                    static_cast<unsigned char>(rest[index + 1]) << 8);
     };
-    const bool pair = rest.size() >= 4 && QChar::isHighSurrogate(unitAt(0)) && QChar::isLowSurrogate(unitAt(2));
+    const bool pair =
+        rest.size() >= 4 && QChar::isHighSurrogate(unitAt(0)) && QChar::isLowSurrogate(unitAt(2));
     return std::size_t{pair ? 4U : 2U};
   });
   return bytes;

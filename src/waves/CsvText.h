@@ -9,8 +9,8 @@ namespace tremlo {
 
 class LineReader;
 
-/// The bytes of a CSV file with their encoding: UTF-8 behind a UTF-8 mark, CP932 otherwise. Keeps no copy: the bytes
-/// must outlive it.
+/// The bytes of a CSV file with their encoding: UTF-8 behind a UTF-8 mark, CP932 otherwise. Keeps no copy:
+/// the bytes must outlive it.
 class CsvText {
  public:
   explicit CsvText(const QByteArray& content);

@@ -6,10 +6,11 @@
 #include <cmath>
 #include <unsupported/Eigen/FFT>
 
-
 namespace tremlo {
 
-std::size_t PaddedLength(std::size_t count) { return count == 0 ? 0 : std::bit_ceil(count); }
+std::size_t PaddedLength(std::size_t count) {
+  return count == 0 ? 0 : std::bit_ceil(count);
+}
 
 void FourierTransform::Forward(const std::vector<double>& samples) {
   spectrum.resize(m_length);

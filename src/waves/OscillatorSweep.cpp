@@ -40,16 +40,19 @@ struct Lanes {
 
 Lanes LanesOf(SweepVariant variant) {
   switch (variant) {
-    case SweepVariant::Avx512: return {lanes::SweepBlockAvx512, lanes::kBlockAvx512};
-    case SweepVariant::Avx2: return {lanes::SweepBlockAvx2, lanes::kBlockAvx2};
-    default: return {lanes::SweepBlockSse2, lanes::kBlockSse2};
+    case SweepVariant::Avx512:
+      return {lanes::SweepBlockAvx512, lanes::kBlockAvx512};
+    case SweepVariant::Avx2:
+      return {lanes::SweepBlockAvx2, lanes::kBlockAvx2};
+    default:
+      return {lanes::SweepBlockSse2, lanes::kBlockSse2};
   }
 }
 
 /// Runs `width` oscillators at a time. The last block is filled up with copies of its last oscillator.
 template <class FrequencyOf>
-void SweepBlocks(const Lanes& lanes, std::vector<double>& maxima, const std::vector<double>& acc, double timeStep,
-                 FrequencyOf frequencyOf) {
+void SweepBlocks(const Lanes& lanes, std::vector<double>& maxima, const std::vector<double>& acc,
+                 double timeStep, FrequencyOf frequencyOf) {
   alignas(64) std::array<double, lanes::kRows * lanes::kLargestBlock> rows{};
   std::array<double, lanes::kLargestBlock> peaks{};
   for (std::size_t begin = 0; begin < maxima.size(); begin += lanes.width) {
@@ -139,10 +142,14 @@ bool IsSweepVariantAvailable(SweepVariant variant) {
   if (variant == SweepVariant::Plain) return true;
 #ifdef TREMLO_VECTOR_SWEEP
   switch (variant) {
-    case SweepVariant::Sse2: return true;
-    case SweepVariant::Avx2: return __builtin_cpu_supports("avx2");
-    case SweepVariant::Avx512: return __builtin_cpu_supports("avx512f");
-    default: break;
+    case SweepVariant::Sse2:
+      return true;
+    case SweepVariant::Avx2:
+      return __builtin_cpu_supports("avx2");
+    case SweepVariant::Avx512:
+      return __builtin_cpu_supports("avx512f");
+    default:
+      break;
   }
 #endif
   return false;
@@ -157,7 +164,9 @@ SweepVariant BestSweepVariant() {
 void SweepMaxima(SweepVariant variant, std::vector<double>& maxima, const std::vector<double>& acc,
                  double firstFrequency, double frequencyStep, double timeStep) {
   maxima.assign(acc.size() / 2, 0.0);
-  const auto frequencyOf = [&](std::size_t i) { return static_cast<double>(i) * frequencyStep + firstFrequency; };
+  const auto frequencyOf = [&](std::size_t i) {
+    return static_cast<double>(i) * frequencyStep + firstFrequency;
+  };
   [[maybe_unused]] const FlushSubnormals flush;
 #ifdef TREMLO_VECTOR_SWEEP
   if (variant != SweepVariant::Plain && IsSweepVariantAvailable(variant)) {

@@ -5,9 +5,9 @@
 
 namespace tremlo {
 
-/// The step-by-step solution of one damped oscillator (5 % damping) under an acceleration that is linear between
-/// samples: x' = a11·x + a12·v + b12·a1 + b11·a0, v' = a22·v + a21·x + b22·a1 + b21·a0, absolute acceleration
-/// |twoC·v' - w·x'|. x in gal·s², v in gal·s, samples in gal.
+/// The step-by-step solution of one damped oscillator (5 % damping) under an acceleration that is linear
+/// between samples: x' = a11·x + a12·v + b12·a1 + b11·a0, v' = a22·v + a21·x + b22·a1 + b21·a0, absolute
+/// acceleration |twoC·v' - w·x'|. x in gal·s², v in gal·s, samples in gal.
 struct OscillatorCoefficients {
   double a11, a12, a21, a22;
   double b11, b12, b21, b22;
@@ -21,8 +21,8 @@ struct OscillatorCoefficients {
 OscillatorCoefficients OscillatorAt(double frequency, double timeStep);
 
 /// Peak absolute acceleration (gal) of one oscillator under `count` samples: the plain loop that defines the
-/// results. The oscillator starts at rest in displacement with velocity -acc[0]·timeStep; the instant of the first
-/// sample takes no part in the peak.
+/// results. The oscillator starts at rest in displacement with velocity -acc[0]·timeStep; the instant of the
+/// first sample takes no part in the peak.
 double OscillatorPeak(const OscillatorCoefficients& oscillator, const double* acc, std::size_t count,
                       double timeStep);
 
@@ -36,9 +36,9 @@ bool IsSweepVariantAvailable(SweepVariant variant);
 SweepVariant BestSweepVariant();
 
 /// `maxima` becomes floor(N/2) peaks, element i of the oscillator with frequency
-/// i·frequencyStep + firstFrequency (Hz). Runs on the calling thread. For its length subnormal numbers count as 0:
-/// the decay into a quiet stretch would otherwise run through them at a fraction of the speed, and a state that
-/// small vanishes in the next sample's share of any wave of ordinary size.
+/// i·frequencyStep + firstFrequency (Hz). Runs on the calling thread. For its length subnormal numbers count
+/// as 0: the decay into a quiet stretch would otherwise run through them at a fraction of the speed, and a
+/// state that small vanishes in the next sample's share of any wave of ordinary size.
 void SweepMaxima(SweepVariant variant, std::vector<double>& maxima, const std::vector<double>& acc,
                  double firstFrequency, double frequencyStep, double timeStep);
 

@@ -17,11 +17,13 @@ void ComputeResponseSpectrum(const std::vector<double>& acc, std::vector<double>
   for (std::size_t k = 1; k <= accSpec.size(); ++k) periods.push_back(1.0 / (static_cast<double>(k) * df));
 }
 
-void ComputeOscillatorMaxima(std::vector<double>& maxima, const std::vector<double>& acc, double firstFrequency,
-                             double frequencyStep, double timeStep) {
+void ComputeOscillatorMaxima(std::vector<double>& maxima, const std::vector<double>& acc,
+                             double firstFrequency, double frequencyStep, double timeStep) {
   SweepMaxima(BestSweepVariant(), maxima, acc, firstFrequency, frequencyStep, timeStep);
 }
 
-double FrequencyStep(std::size_t count, double timeStep) { return (1.0 / static_cast<double>(count)) / timeStep; }
+double FrequencyStep(std::size_t count, double timeStep) {
+  return (1.0 / static_cast<double>(count)) / timeStep;
+}
 
 }  // namespace tremlo

@@ -13,7 +13,9 @@ double LargestOrZero(const std::vector<double>& values) {
 
 }  // namespace
 
-void CSeismicWaveSet::Add(const QString& name) { m_waves.emplace_back().name = name; }
+void CSeismicWaveSet::Add(const QString& name) {
+  m_waves.emplace_back().name = name;
+}
 
 void CSeismicWaveSet::AddSpectrum(const QString& name, const std::vector<double>& periods,
                                   const std::vector<double>& accSpec) {
@@ -28,9 +30,13 @@ void CSeismicWaveSet::Remove(const QString& name) {
   std::erase_if(m_waves, [&](const CSeismicWave& wave) { return wave.name == wanted; });
 }
 
-void CSeismicWaveSet::Clear() { m_waves.clear(); }
+void CSeismicWaveSet::Clear() {
+  m_waves.clear();
+}
 
-void CSeismicWaveSet::Resize(std::size_t count) { m_waves.resize(count); }
+void CSeismicWaveSet::Resize(std::size_t count) {
+  m_waves.resize(count);
+}
 
 std::vector<QString> CSeismicWaveSet::Names() const {
   std::vector<QString> names;
@@ -40,12 +46,14 @@ std::vector<QString> CSeismicWaveSet::Names() const {
 }
 
 std::size_t CSeismicWaveSet::IndexOf(const QString& name) const {
-  const auto found =
-      std::find_if(m_waves.begin(), m_waves.end(), [&](const CSeismicWave& wave) { return wave.name == name; });
+  const auto found = std::find_if(m_waves.begin(), m_waves.end(),
+                                  [&](const CSeismicWave& wave) { return wave.name == name; });
   return static_cast<std::size_t>(found - m_waves.begin());
 }
 
-bool CSeismicWaveSet::Contains(const QString& name) const { return Find(name) != nullptr; }
+bool CSeismicWaveSet::Contains(const QString& name) const {
+  return Find(name) != nullptr;
+}
 
 QString CSeismicWaveSet::FreeName(const QString& name) const {
   if (!Contains(name)) return name;
@@ -67,7 +75,9 @@ void CSeismicWaveSet::SetAccSpecValue(const QString& name, std::size_t index, do
   SetElement(name, &CSeismicWave::accSpec, index, value);
 }
 
-void CSeismicWaveSet::ResetOrigGraph(const QString& name) { SetOrigGraph(name, WaveGraphSetting{}); }
+void CSeismicWaveSet::ResetOrigGraph(const QString& name) {
+  SetOrigGraph(name, WaveGraphSetting{});
+}
 
 void CSeismicWaveSet::ResetOrigColors(const QString& name) {
   const WaveGraphSetting fresh;
@@ -124,9 +134,15 @@ double CSeismicWaveSet::MaxAdjustedSpec(const QString& name) const {
   return wave ? LargestOrZero(wave->adjustedSpec) : 0.0;
 }
 
-void CSeismicWaveSet::ClearAdjustedAcc(const QString& name) { SetAdjustedAcc(name, {}); }
-void CSeismicWaveSet::ClearAdjustedPeriods(const QString& name) { SetAdjustedPeriods(name, {}); }
-void CSeismicWaveSet::ClearAdjustedSpec(const QString& name) { SetAdjustedSpec(name, {}); }
+void CSeismicWaveSet::ClearAdjustedAcc(const QString& name) {
+  SetAdjustedAcc(name, {});
+}
+void CSeismicWaveSet::ClearAdjustedPeriods(const QString& name) {
+  SetAdjustedPeriods(name, {});
+}
+void CSeismicWaveSet::ClearAdjustedSpec(const QString& name) {
+  SetAdjustedSpec(name, {});
+}
 
 QString CSeismicWaveSet::CurrentName() const {
   const auto found =
@@ -138,20 +154,38 @@ void CSeismicWaveSet::SelectCurrent(const QString& name) {
   for (CSeismicWave& wave : m_waves) wave.current = wave.name == name;
 }
 
-QString CSeismicWaveSet::SelectedName() const { return SelectedValue(&CSeismicWave::name); }
-std::vector<double> CSeismicWaveSet::SelectedPeriods() const { return SelectedValue(&CSeismicWave::periods); }
-std::vector<double> CSeismicWaveSet::SelectedAccSpec() const { return SelectedValue(&CSeismicWave::accSpec); }
+QString CSeismicWaveSet::SelectedName() const {
+  return SelectedValue(&CSeismicWave::name);
+}
+std::vector<double> CSeismicWaveSet::SelectedPeriods() const {
+  return SelectedValue(&CSeismicWave::periods);
+}
+std::vector<double> CSeismicWaveSet::SelectedAccSpec() const {
+  return SelectedValue(&CSeismicWave::accSpec);
+}
 double CSeismicWaveSet::MaxSelectedAccSpec() const {
   const CSeismicWave* wave = Selected();
   return wave ? LargestOrZero(wave->accSpec) : 0.0;
 }
-bool CSeismicWaveSet::SelectedBaseShow() const { return SelectedValue(&CSeismicWave::baseShow); }
-bool CSeismicWaveSet::SelectedBaseSelected() const { return SelectedValue(&CSeismicWave::baseSelected); }
-std::int32_t CSeismicWaveSet::SelectedBaseColor() const { return SelectedValue(&CSeismicWave::baseColor); }
-bool CSeismicWaveSet::SelectedBaseAdjustShow() const { return SelectedValue(&CSeismicWave::baseAdjustShow); }
+bool CSeismicWaveSet::SelectedBaseShow() const {
+  return SelectedValue(&CSeismicWave::baseShow);
+}
+bool CSeismicWaveSet::SelectedBaseSelected() const {
+  return SelectedValue(&CSeismicWave::baseSelected);
+}
+std::int32_t CSeismicWaveSet::SelectedBaseColor() const {
+  return SelectedValue(&CSeismicWave::baseColor);
+}
+bool CSeismicWaveSet::SelectedBaseAdjustShow() const {
+  return SelectedValue(&CSeismicWave::baseAdjustShow);
+}
 
-void CSeismicWaveSet::SetSelectedBaseShow(bool value) { SetSelectedValue(&CSeismicWave::baseShow, value); }
-void CSeismicWaveSet::SetSelectedBaseSelected() { SetSelectedValue(&CSeismicWave::baseSelected, true); }
+void CSeismicWaveSet::SetSelectedBaseShow(bool value) {
+  SetSelectedValue(&CSeismicWave::baseShow, value);
+}
+void CSeismicWaveSet::SetSelectedBaseSelected() {
+  SetSelectedValue(&CSeismicWave::baseSelected, true);
+}
 void CSeismicWaveSet::SetSelectedBaseColor(std::int32_t value) {
   SetSelectedValue(&CSeismicWave::baseColor, value);
 }
@@ -172,8 +206,8 @@ const CSeismicWave* CSeismicWaveSet::Find(const QString& name) const {
 }
 
 const CSeismicWave* CSeismicWaveSet::Selected() const {
-  const auto found =
-      std::find_if(m_waves.begin(), m_waves.end(), [](const CSeismicWave& wave) { return wave.lowerSelected; });
+  const auto found = std::find_if(m_waves.begin(), m_waves.end(),
+                                  [](const CSeismicWave& wave) { return wave.lowerSelected; });
   return found == m_waves.end() ? nullptr : &*found;
 }
 

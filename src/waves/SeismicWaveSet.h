@@ -7,12 +7,13 @@
 namespace tremlo {
 
 /// Ordered set of waves, addressed by exact name. The set does not keep names unique: that is the duty of the
-/// screens that add or rename. A by-name setter reaches every record of the name; a getter hands out a copy of the
-/// first match, or a default value when there is none.
+/// screens that add or rename. A by-name setter reaches every record of the name; a getter hands out a copy
+/// of the first match, or a default value when there is none.
 class CSeismicWaveSet {
  public:
   void Add(const QString& name);
-  void AddSpectrum(const QString& name, const std::vector<double>& periods, const std::vector<double>& accSpec);
+  void AddSpectrum(const QString& name, const std::vector<double>& periods,
+                   const std::vector<double>& accSpec);
   void Remove(const QString& name);  ///< every match; the order of the others stays
   void Clear();
   void Resize(std::size_t count);
@@ -29,9 +30,13 @@ class CSeismicWaveSet {
   CSeismicWave& At(std::size_t index) { return m_waves[index]; }
   const CSeismicWave& At(std::size_t index) const { return m_waves[index]; }
 
-#define TREMLO_WAVE_FIELD(Type, Accessor, member)                                                     \
-  Type Get##Accessor(const QString& name) const { return Value(name, &CSeismicWave::member); }        \
-  void Set##Accessor(const QString& name, const Type& value) { SetValue(name, &CSeismicWave::member, value); }
+#define TREMLO_WAVE_FIELD(Type, Accessor, member)              \
+  Type Get##Accessor(const QString& name) const {              \
+    return Value(name, &CSeismicWave::member);                 \
+  }                                                            \
+  void Set##Accessor(const QString& name, const Type& value) { \
+    SetValue(name, &CSeismicWave::member, value);              \
+  }
   TREMLO_WAVE_FIELD(bool, SpectrumValid, spectrumValid)
   TREMLO_WAVE_FIELD(double, TimeStep, timeStep)
   TREMLO_WAVE_FIELD(std::vector<double>, Acc, acc)
@@ -67,8 +72,8 @@ class CSeismicWaveSet {
   void ResetOrigGraph(const QString& name);
   void ResetOrigColors(const QString& name);  ///< the three colours alone
 
-  /// Largest sample that is not blank (gal) and its time (s). Value NaN at time 0 when there is none. When the
-  /// first sample that counts is the largest, its time is given as 0 even if blanks stand before it.
+  /// Largest sample that is not blank (gal) and its time (s). Value NaN at time 0 when there is none. When
+  /// the first sample that counts is the largest, its time is given as 0 even if blanks stand before it.
   void MaxAcc(const QString& name, double& value, double& time) const;
   /// Smallest sample that is not blank and its time; here the time of a leading smallest sample is its own.
   void MinAcc(const QString& name, double& value, double& time) const;
@@ -124,7 +129,8 @@ class CSeismicWaveSet {
     for (CSeismicWave& wave : m_waves)
       if (wave.lowerSelected) wave.*member = value;
   }
-  void SetElement(const QString& name, std::vector<double> CSeismicWave::*member, std::size_t index, double value);
+  void SetElement(const QString& name, std::vector<double> CSeismicWave::*member, std::size_t index,
+                  double value);
 
   std::vector<CSeismicWave> m_waves;
 };

@@ -16,7 +16,8 @@ namespace tremlo::lanes {
 #define ABS(value) _mm256_andnot_pd(_mm256_set1_pd(-0.0), value)
 #define LARGER _mm256_max_pd
 
-void SweepBlockAvx2(const double* rows, const double* acc, std::size_t count, double timeStep, double* peaks) {
+void SweepBlockAvx2(const double* rows, const double* acc, std::size_t count, double timeStep,
+                    double* peaks) {
 #include "waves/SweepLanesLoop.inc"
 }
 

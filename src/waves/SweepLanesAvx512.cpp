@@ -16,7 +16,8 @@ namespace tremlo::lanes {
 #define ABS _mm512_abs_pd
 #define LARGER _mm512_max_pd
 
-void SweepBlockAvx512(const double* rows, const double* acc, std::size_t count, double timeStep, double* peaks) {
+void SweepBlockAvx512(const double* rows, const double* acc, std::size_t count, double timeStep,
+                      double* peaks) {
 #include "waves/SweepLanesLoop.inc"
 }
 

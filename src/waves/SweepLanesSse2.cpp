@@ -16,7 +16,8 @@ namespace tremlo::lanes {
 #define ABS(value) _mm_andnot_pd(_mm_set1_pd(-0.0), value)
 #define LARGER _mm_max_pd
 
-void SweepBlockSse2(const double* rows, const double* acc, std::size_t count, double timeStep, double* peaks) {
+void SweepBlockSse2(const double* rows, const double* acc, std::size_t count, double timeStep,
+                    double* peaks) {
 #include "waves/SweepLanesLoop.inc"
 }
 

@@ -19,8 +19,8 @@ namespace {
 
 constexpr qsizetype kLongestName = 260;
 
-/// The text up to the first comma, at least one and at most 260 UTF-16 units. Returns the rest of the line behind
-/// it, from the comma on unless the name was cut.
+/// The text up to the first comma, at least one and at most 260 UTF-16 units. Returns the rest of the line
+/// behind it, from the comma on unless the name was cut.
 QString ScanName(const QString& line, QString& rest) {
   const qsizetype comma = line.indexOf(u',');
   const qsizetype length = std::min(comma < 0 ? line.size() : comma, kLongestName);
@@ -122,8 +122,12 @@ SavePath SplitSavePath(const QString& path) {
   return {path.left(point), path.mid(point)};
 }
 
-QString AccSpecName(const QString& waveName) { return waveName + QStringLiteral("_加速度応答スペクトル"); }
-QString FourierName(const QString& waveName) { return waveName + QStringLiteral("_フーリエスペクトル"); }
+QString AccSpecName(const QString& waveName) {
+  return waveName + QStringLiteral("_加速度応答スペクトル");
+}
+QString FourierName(const QString& waveName) {
+  return waveName + QStringLiteral("_フーリエスペクトル");
+}
 
 std::vector<FileContent> ExportFiles(const SavePath& path, const QString& name, double timeStep,
                                      const std::vector<double>& acc, const std::vector<double>& periods,

@@ -6,8 +6,8 @@
 namespace tremlo {
 
 /// Ranges, logarithmic switches and colours of the three graphs of a wave: acceleration over time, response
-/// spectrum over period, Fourier amplitude over period. Times and periods in s, acceleration and response in gal,
-/// Fourier amplitude in gal·s. Colours are 0x00BBGGRR.
+/// spectrum over period, Fourier amplitude over period. Times and periods in s, acceleration and response in
+/// gal, Fourier amplitude in gal·s. Colours are 0x00BBGGRR.
 struct WaveGraphSetting {
   std::int32_t autoRange = 1;  ///< ranges follow the data
   double timeXMin = 0.0, timeXMax = 30.0, timeXStep = 5.0;

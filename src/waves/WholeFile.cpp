@@ -10,7 +10,8 @@ namespace tremlo {
 
 namespace {
 
-/// Puts the content into the temporary file that `file` keeps beside `path`; only commit() replaces the old one.
+/// Puts the content into the temporary file that `file` keeps beside `path`; only commit() replaces the old
+/// one.
 bool Stage(QSaveFile& file, const QString& path, std::string_view content) {
   if (path.isEmpty()) return false;
   file.setFileName(path);
@@ -19,7 +20,8 @@ bool Stage(QSaveFile& file, const QString& path, std::string_view content) {
   if (!file.open(QIODevice::WriteOnly)) return false;
   // On a full disk a short write raises no error by itself, and commit() alone would put the stump in place.
   const auto size = static_cast<qint64>(content.size());
-  if (file.write(content.data(), size) == size && file.flush() && file.error() == QFileDevice::NoError) return true;
+  if (file.write(content.data(), size) == size && file.flush() && file.error() == QFileDevice::NoError)
+    return true;
   file.cancelWriting();
   return false;
 }

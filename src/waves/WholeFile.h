@@ -18,13 +18,13 @@ struct FileContent {
   std::string content;
 };
 
-/// Writes a file whole or not at all: the bytes go to a temporary file beside it, which takes its place only once
-/// everything stands on disk. After false an older file of that name is as it was. Every file that a user keeps is
-/// written by this function or the next.
+/// Writes a file whole or not at all: the bytes go to a temporary file beside it, which takes its place only
+/// once everything stands on disk. After false an older file of that name is as it was. Every file that a
+/// user keeps is written by this function or the next.
 bool WriteWholeFile(const QString& path, std::string_view content);
 
-/// The same for files that belong together: none takes its place before all stand on disk. Returns the path of the
-/// file that could not be written.
+/// The same for files that belong together: none takes its place before all stand on disk. Returns the path
+/// of the file that could not be written.
 std::optional<QString> WriteWholeFiles(const std::vector<FileContent>& files);
 
 }  // namespace tremlo

@@ -1,10 +1,10 @@
 #include "support/TestFolder.h"
 
-#include <gtest/gtest.h>
-
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+
+#include <gtest/gtest.h>
 
 namespace tremlo::test {
 
@@ -31,10 +31,13 @@ QByteArray ReadAll(const QString& path) {
   return file.readAll();
 }
 
-QString SourcePath(const QString& name) { return QStringLiteral(TREMLO_SOURCE_DIR "/") + name; }
+QString SourcePath(const QString& name) {
+  return QStringLiteral(TREMLO_SOURCE_DIR "/") + name;
+}
 
 void CopyTables(const TestFolder& folder) {
-  for (const QString& name : {QStringLiteral("DamCoef"), QStringLiteral("LowSpec"), QStringLiteral("SystemData")}) {
+  for (const QString& name :
+       {QStringLiteral("DamCoef"), QStringLiteral("LowSpec"), QStringLiteral("SystemData")}) {
     const QDir from(SourcePath(QStringLiteral("data/") + name));
     for (const QString& file : from.entryList(QDir::Files))
       folder.Write(name + u'/' + file, ReadAll(from.filePath(file)));

@@ -7,7 +7,9 @@
 #include <ostream>
 
 // GoogleTest prints wide text readably.
-inline void PrintTo(const QString& text, std::ostream* out) { *out << '"' << text.toStdString() << '"'; }
+inline void PrintTo(const QString& text, std::ostream* out) {
+  *out << '"' << text.toStdString() << '"';
+}
 
 namespace tremlo::test {
 

@@ -1,10 +1,8 @@
+#include "support/TestFolder.h"
 #include "waves/SeismicWaveSet.h"
 
-#include "support/TestFolder.h"
-
-#include <gtest/gtest.h>
-
 #include <cmath>
+#include <gtest/gtest.h>
 
 namespace tremlo {
 namespace {
@@ -105,7 +103,9 @@ TEST(SeismicWaveSet, LargestSample) {
   ExpectMax({9.0, 5.0}, 0.01, 9.0, 0.0);
 }
 
-TEST(SeismicWaveSet, LeadingLargestSampleBehindABlankHasTimeZero) { ExpectMax({kBlank, 9.0, 5.0}, 0.01, 9.0, 0.0); }
+TEST(SeismicWaveSet, LeadingLargestSampleBehindABlankHasTimeZero) {
+  ExpectMax({kBlank, 9.0, 5.0}, 0.01, 9.0, 0.0);
+}
 
 TEST(SeismicWaveSet, LeadingSmallestSampleBehindABlankHasItsOwnTime) {
   ExpectMin({kBlank, 5.0, 9.0}, 0.01, 5.0, 0.01);
@@ -132,9 +132,11 @@ TEST(SeismicWaveSet, LargestOfAnEmptySpectrumIsZero) {
 
 TEST(SeismicWaveSet, NewRecordHasTheFourShowFlags) {
   const CSeismicWaveSet set = SetOf({"a"});
-  EXPECT_TRUE(set.GetSiteShow("a") && set.GetBaseShow("a") && set.GetBaseAdjustShow("a") && set.GetAdjustShow("a"));
-  EXPECT_FALSE(set.GetSpectrumValid("a") || set.GetCurrent("a") || set.GetSiteUse("a") || set.GetLowerSelected("a") ||
-               set.GetBaseSelected("a") || set.GetAdopted("a") || set.GetAdjustChecked("a") || set.GetAdjusted("a"));
+  EXPECT_TRUE(set.GetSiteShow("a") && set.GetBaseShow("a") && set.GetBaseAdjustShow("a") &&
+              set.GetAdjustShow("a"));
+  EXPECT_FALSE(set.GetSpectrumValid("a") || set.GetCurrent("a") || set.GetSiteUse("a") ||
+               set.GetLowerSelected("a") || set.GetBaseSelected("a") || set.GetAdopted("a") ||
+               set.GetAdjustChecked("a") || set.GetAdjusted("a"));
 }
 
 TEST(SeismicWaveSet, GraphBlocksDifferInTheLinearPeriodAxis) {

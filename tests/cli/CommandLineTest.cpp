@@ -1,0 +1,49 @@
+#include "support/CliRun.h"
+#include "support/TestFolder.h"
+
+#include <gtest/gtest.h>
+
+namespace tremlo {
+namespace {
+
+using test::CliResult;
+using test::RunCli;
+
+void ExpectUsageError(const QStringList& arguments) {
+  const CliResult result = RunCli(arguments);
+  EXPECT_EQ(result.status, 1) << arguments.join(u' ').toStdString();
+  EXPECT_EQ(result.out, QByteArray());
+  EXPECT_TRUE(result.err.contains("Usage:")) << result.err.toStdString();
+}
+
+TEST(CommandLine, HelpAndVersionStandEverywhere) {
+  const QStringList commands[] = {{}, {"response"}, {"fourier"}, {"adjust"}, {"tables"}};
+  for (const QStringList& command : commands) {
+    const CliResult help = RunCli(command + QStringList{"--help"});
+    EXPECT_EQ(help.status, 0);
+    EXPECT_TRUE(help.out.startsWith("Usage: tremlo-cli"));
+    EXPECT_EQ(help.err, QByteArray());
+    const CliResult version = RunCli(command + QStringList{"--version"});
+    EXPECT_EQ(version.status, 0);
+    EXPECT_EQ(version.out, QByteArray("tremlo-cli 1.0\n"));
+  }
+}
+
+TEST(CommandLine, BadCommandLinesEndWithOneAndTheUsage) {
+  ExpectUsageError({});
+  ExpectUsageError({"nonsense"});
+  ExpectUsageError({"response"});
+  ExpectUsageError({"response", "a.csv", "b.csv"});
+  ExpectUsageError({"response", "--nonsense", "a.csv"});
+  ExpectUsageError({"response", "a.csv", "--out"});
+  ExpectUsageError({"tables", "x"});
+  ExpectUsageError({"adjust"});
+  ExpectUsageError({"adjust", "--seed", "a.csv"});
+  ExpectUsageError({"adjust", "--seed", "a.csv", "--target", "b.csv", "--iterations", "x"});
+  ExpectUsageError({"adjust", "--seed", "a.csv", "--target", "b.csv", "--iterations", "-1"});
+  ExpectUsageError({"adjust", "--seed", "a.csv", "--target", "b.csv", "--tolerance", "5%"});
+  ExpectUsageError({"adjust", "--seed", "a.csv", "--target", "b.csv", "--out", ""});
+}
+
+}  // namespace
+}  // namespace tremlo
