@@ -275,6 +275,7 @@ TEST(AmplitudeAdjust, TellsTheLargestMissesWithTheirPeriods) {
 }
 
 struct SampleRun {
+  const char* name;
   const char* seed;
   const char* target;
   int convergesAtPass;  ///< -1: does not converge within 100 passes
@@ -302,14 +303,21 @@ TEST_P(SampleData, ConvergesAsItsReadmeSays) {
 INSTANTIATE_TEST_SUITE_P(
     Samples, SampleData,
     testing::Values(
-        SampleRun{"samples/waves/hses_2016_n80w_0005_8192.csv", "data/LowSpec/h20_h.csv", 5},
-        SampleRun{"samples/waves/hses_2016_n80w_0005_8192.csv", "data/LowSpec/h20_v.csv", 7},
-        SampleRun{"samples/waves/hses_2016_n80w_0005_8192.csv", "data/LowSpec/h17.csv", 8},
-        SampleRun{"samples/waves/elcentro_1940_ns.csv", "samples/spectra/target_sample_005_5s.csv", 8},
-        SampleRun{"samples/waves/hses_2016_n80w_002.csv", "samples/spectra/target_sample_005_5s.csv", 6},
-        SampleRun{"samples/waves/thz_2016_ns_002.csv", "samples/spectra/target_sample_005_5s.csv", 9},
-        SampleRun{"samples/waves/hses_2016_ud_002.csv", "samples/spectra/target_sample_005_5s.csv", 6},
-        SampleRun{"samples/waves/elcentro_1940_ns.csv", "data/LowSpec/h20_h.csv", -1}));
+        SampleRun{"Short0005OnH20H", "samples/waves/hses_2016_n80w_0005_8192.csv", "data/LowSpec/h20_h.csv",
+                  5},
+        SampleRun{"Short0005OnH20V", "samples/waves/hses_2016_n80w_0005_8192.csv", "data/LowSpec/h20_v.csv",
+                  7},
+        SampleRun{"Short0005OnH17", "samples/waves/hses_2016_n80w_0005_8192.csv", "data/LowSpec/h17.csv", 8},
+        SampleRun{"ElCentroOnSampleTarget", "samples/waves/elcentro_1940_ns.csv",
+                  "samples/spectra/target_sample_005_5s.csv", 8},
+        SampleRun{"HsesOnSampleTarget", "samples/waves/hses_2016_n80w_002.csv",
+                  "samples/spectra/target_sample_005_5s.csv", 6},
+        SampleRun{"ThzOnSampleTarget", "samples/waves/thz_2016_ns_002.csv",
+                  "samples/spectra/target_sample_005_5s.csv", 9},
+        SampleRun{"UpDownOnSampleTarget", "samples/waves/hses_2016_ud_002.csv",
+                  "samples/spectra/target_sample_005_5s.csv", 6},
+        SampleRun{"ElCentroOnH20H", "samples/waves/elcentro_1940_ns.csv", "data/LowSpec/h20_h.csv", -1}),
+    [](const auto& run) { return run.param.name; });
 
 }  // namespace
 }  // namespace tremlo
