@@ -7,9 +7,10 @@ if(CMAKE_INSTALL_LIBDIR MATCHES "/")
 endif()
 
 install(TARGETS ${TREMLO_PROGRAMS} RUNTIME DESTINATION ${TREMLO_INSTALL_DIR})
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/data/DamCoef ${PROJECT_SOURCE_DIR}/data/LowSpec
-                  ${PROJECT_SOURCE_DIR}/data/SystemData
-        DESTINATION ${TREMLO_INSTALL_DIR})
+install(CODE "
+  set(FROM \"${PROJECT_SOURCE_DIR}/data\")
+  set(TO \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${TREMLO_INSTALL_DIR}\")
+  include(\"${PROJECT_SOURCE_DIR}/cmake/CopyTables.cmake\")")
 
 foreach(program IN LISTS TREMLO_PROGRAMS)
   install(CODE "

@@ -41,7 +41,7 @@ bool ReadTarget(const QString& path, std::vector<double>& periods, std::vector<d
     error = *failure;
     return false;
   }
-  if (periods.empty()) {
+  if (std::none_of(periods.begin(), periods.end(), [](double period) { return period > 0.0; })) {
     error = path + QStringLiteral(": スペクトルのデータがありません。");
     return false;
   }

@@ -86,7 +86,7 @@ void ScanFaultLine(const QString& line, FaultFields& fields) {
 
 std::vector<TableFile> ListTableFiles(const QString& programFolder, const QString& folder) {
   const QDir dir(QDir(programFolder).filePath(folder));
-  QStringList names = dir.entryList(QDir::Files | QDir::Hidden);
+  QStringList names = dir.entryList(QDir::Files);
   names.removeIf([](const QString& name) { return !name.endsWith(u".csv", Qt::CaseInsensitive); });
   std::sort(names.begin(), names.end(), [](const QString& a, const QString& b) {
     const int order = a.compare(b, Qt::CaseInsensitive);

@@ -61,7 +61,8 @@ struct TableFile {
   QString shown;  ///< as messages name it: "DamCoef\H20_Ehd_H.csv", for the fault table "FaultData.csv"
 };
 
-/// The `.csv` files of `folder` below `programFolder`, by name compared without case.
+/// The `.csv` files of `folder` below `programFolder`, by name compared without case; names that start with a
+/// point are passed over.
 std::vector<TableFile> ListTableFiles(const QString& programFolder, const QString& folder);
 
 /// Whether every required table is there. The first that is missing ends the program with status 0.

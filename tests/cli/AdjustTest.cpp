@@ -100,7 +100,7 @@ TEST(AdjustCommand, ARisingTargetIsReversed) {
 
 TEST(AdjustCommand, OddTargetsRunAndDoNotConverge) {
   const TestFolder folder;
-  for (const char* target : {"T,1,1\n0.5,100\n", "T,1,1\n0.5,100\n0.5,100\n", "T\nx\n"})
+  for (const char* target : {"T,1,1\n0.5,100\n", "T,1,1\n0.5,100\n0.5,100\n"})
     EXPECT_EQ(RunCli({"adjust", "--seed", kElCentro, "--target", folder.Write("t.csv", target),
                       "--iterations", "2"})
                   .status,
@@ -112,10 +112,11 @@ TEST(AdjustCommand, InputThatIsNotWhatItShouldBeEndsWithTwo) {
   const TestFolder folder;
   const QString empty = folder.Write("empty.csv", "");
   const QString bare = folder.Write("bare.csv", "T,1,1\n");
+  const QString noPair = folder.Write("no_pair.csv", "T\nx\n\n");
   for (const QStringList& pair :
        {QStringList{folder.Path("absent"), kTarget}, QStringList{kSeed, folder.Path("absent")},
         QStringList{empty, kTarget}, QStringList{kSeed, empty}, QStringList{kSeed, bare},
-        QStringList{kSeed, folder.Path()}}) {
+        QStringList{kSeed, noPair}, QStringList{kSeed, folder.Path()}}) {
     const CliResult result = RunCli({"adjust", "--seed", pair[0], "--target", pair[1], "--json"});
     EXPECT_EQ(result.status, 2);
     EXPECT_EQ(result.out, QByteArray());

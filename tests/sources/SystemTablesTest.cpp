@@ -42,7 +42,7 @@ class SystemTablesTest : public testing::Test {
 };
 
 TEST_F(SystemTablesTest, TheListingIsByNameWithoutCaseAndTakesCsvFilesOnly) {
-  for (const char* name : {"b.csv", "A.CSV", "c.csv.bak", "Z.csv", "a1.csv", "見本.txt"})
+  for (const char* name : {"b.csv", "A.CSV", "c.csv.bak", "Z.csv", "a1.csv", ".x.csv", "見本.txt"})
     m_folder.Write(QStringLiteral("LowSpec/") + QString::fromUtf8(name), "");
   QDir().mkpath(m_folder.Path("LowSpec/folder.csv"));
   QStringList names;
