@@ -5,7 +5,8 @@
 namespace tremlo::cli {
 
 std::span<const Command> AllCommands() {
-  static const std::array commands = {ResponseCommand(), FourierCommand(), AdjustCommand(), TablesCommand()};
+  static const std::array commands = {ResponseCommand(), FourierCommand(),   AdjustCommand(),
+                                      TablesCommand(),   AttenuateCommand(), DistancesCommand()};
   return commands;
 }
 

@@ -35,5 +35,7 @@ Command ResponseCommand();
 Command FourierCommand();
 Command AdjustCommand();
 Command TablesCommand();
+Command AttenuateCommand();
+Command DistancesCommand();
 
 }  // namespace tremlo::cli
