@@ -32,7 +32,7 @@ std::vector<double> ToNumbers(const std::vector<QString>& texts, std::size_t cou
 
 }  // namespace
 
-std::size_t PlaneCount(const FaultInfo& fault) {
+std::size_t RectangleCount(const FaultInfo& fault) {
   return std::min({static_cast<std::size_t>(std::max(fault.geomNum, 0)), fault.lon.size(), fault.lat.size(),
                    fault.dep.size(), fault.len.size(), fault.wid.size(), fault.str.size(), fault.dip.size()});
 }
@@ -43,7 +43,7 @@ void ConvertMagnitude(FaultInfo& fault, const QString& text) {
 }
 
 void ComputeFaultDistances(FaultInfo& fault, int zone, double eastSiteKm, double northSiteKm) {
-  const std::size_t count = PlaneCount(fault);
+  const std::size_t count = RectangleCount(fault);
   FaultPlanes planes;
   planes.dep = ToNumbers(fault.dep, count);
   planes.len = ToNumbers(fault.len, count);

@@ -6,7 +6,7 @@ namespace tremlo {
 
 /// The number of planes that a fault's record really holds: `geomNum`, or fewer when one of the vectors that
 /// give the rectangles is shorter.
-std::size_t PlaneCount(const FaultInfo& fault);
+std::size_t RectangleCount(const FaultInfo& fault);
 
 /// Stores the magnitude of a fault from the service's text. A negative number is a moment magnitude Mw with
 /// its sign turned: stored is M = (Mw - 1.08) / 0.78 with two decimals. Any other text is stored as it is.

@@ -72,9 +72,9 @@ TEST(FaultConversion, PlanesEndWhereTheirNumberOrAVectorEnds) {
   for (auto* texts : {&fault.lon, &fault.lat, &fault.dep, &fault.len, &fault.wid, &fault.str, &fault.dip})
     texts->resize(3, texts->front());
   fault.geomNum = 2;
-  EXPECT_EQ(PlaneCount(fault), 2U);
+  EXPECT_EQ(RectangleCount(fault), 2U);
   fault.geomNum = 7;
-  EXPECT_EQ(PlaneCount(fault), 3U);
+  EXPECT_EQ(RectangleCount(fault), 3U);
   fault.dip.pop_back();
   ComputeFaultDistances(fault, 9, 0.0, 0.0);
   EXPECT_EQ(fault.planeDepth.size(), 2U);

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QString>
+
+namespace tremlo {
+
+enum class PromptIcon { None, Information, Warning, Stop };
+enum class PromptButtons { Ok, YesNo };  ///< the first button is the default
+enum class PromptAnswer { Ok, Yes, No };
+
+/// A box in front of the user. The text is plain: names in it may hold any character.
+struct PromptBox {
+  QString text;
+  PromptIcon icon = PromptIcon::Warning;
+  PromptButtons buttons = PromptButtons::Ok;
+  QString title = QStringLiteral("Tremlo");
+
+  bool operator==(const PromptBox&) const = default;
+};
+
+/// The one door for questions and messages. The window puts up a message box, the command line writes, tests
+/// follow a script. A call returns when the user has answered.
+class Prompt {
+ public:
+  virtual ~Prompt() = default;
+
+  /// Closing a question without an answer counts as No.
+  virtual PromptAnswer Show(const PromptBox& box) = 0;
+
+  /// Asks with Yes and No and a warning icon. Returns whether the answer was Yes.
+  bool Ask(const QString& text) {
+    return Show({.text = text, .icon = PromptIcon::Warning, .buttons = PromptButtons::YesNo}) ==
+           PromptAnswer::Yes;
+  }
+
+  /// Tells with an OK button.
+  void Tell(const QString& text, PromptIcon icon = PromptIcon::Warning) {
+    Show({.text = text, .icon = icon, .buttons = PromptButtons::Ok});
+  }
+};
+
+}  // namespace tremlo
