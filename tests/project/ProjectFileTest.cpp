@@ -178,6 +178,14 @@ TEST(ProjectFile, ALoadReplacesAllOfTheFormerProject) {
   EXPECT_EQ(ProjectBytes(doc), fresh);
 }
 
+TEST(ProjectFile, AResetLeavesNothingOfTheFormerProjectButTheSpareSwitch) {
+  CMorvaneDoc doc = Loaded(SmallProjectBytes());
+  doc.ResetDocument();
+  EXPECT_EQ(doc.visualShowSpare, 52);
+  doc.visualShowSpare = 0;
+  EXPECT_EQ(ProjectBytes(doc), ProjectBytes(DocWithoutTables()));
+}
+
 TEST(ProjectFile, ALoadStartsWithTheTablesAndKeepsTheLowerLimitsOfTheFile) {
   const TestFolder folder;
   CopyTables(folder);
