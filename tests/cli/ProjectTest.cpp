@@ -21,7 +21,7 @@ namespace {
 
 using test::CliResult;
 using test::DocWithoutTables;
-using test::FillProject;
+using test::FillSmallProject;
 using test::RunCli;
 using test::RunCliJson;
 using test::SmallProjectBytes;
@@ -90,7 +90,7 @@ TEST(CliProject, CopyIsTheSameByteForByte) {
 
 TEST(CliProject, CopyOfALargeProjectWithOddValuesIsTheSameByteForByte) {
   CMorvaneDoc doc = DocWithoutTables();
-  FillProject(doc);
+  FillSmallProject(doc);
   constexpr char16_t half[] = {0xDC00, 0xD800};
   doc.site.title = QStringView(half, 2).toString();
   doc.site.subtitle = QString(70'000, u'長');
@@ -312,7 +312,7 @@ TEST(CliProject, ShowKeepsToJsonWithNumbersThatAreNotFiniteAndHalfPairs) {
 
 TEST(CliProject, ShowWithoutJsonIsASummary) {
   CMorvaneDoc doc = DocWithoutTables();
-  FillProject(doc);
+  FillSmallProject(doc);
   doc.seedWaves.At(0).name = QStringLiteral("波 %2%3");  // not to be taken for a place of another value
   const TestFolder folder;
   const CliResult result =

@@ -137,7 +137,7 @@ TEST(ProjectFileDamage, ACutBeforeTheLowerLimitsKeepsThoseOfTheTables) {
 /// The file as a program opens it; the document held another project.
 CMorvaneDoc Opened(const QString& path, OpenResult result) {
   CMorvaneDoc doc = DocWithoutTables();
-  test::FillProject(doc);
+  test::FillSmallProject(doc);
   doc.SetPathName(QStringLiteral("former.trml"));
   doc.SetModified(true);
   EXPECT_EQ(OpenProject(doc, path).result, result) << path.toStdString();
