@@ -30,12 +30,15 @@ struct Command {
 /// All commands, in the order of the help page.
 std::span<const Command> AllCommands();
 
-/// One per file Command*.cpp.
+/// In the files Command*.cpp.
 Command ResponseCommand();
 Command FourierCommand();
 Command AdjustCommand();
 Command TablesCommand();
 Command AttenuateCommand();
 Command DistancesCommand();
+Command ProjectNewCommand();
+Command ProjectShowCommand();
+Command ProjectCopyCommand();
 
 }  // namespace tremlo::cli
