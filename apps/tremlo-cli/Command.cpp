@@ -5,7 +5,7 @@
 namespace tremlo::cli {
 
 std::span<const Command> AllCommands() {
-  static const std::array commands = {ResponseCommand(), FourierCommand(), AdjustCommand(), TablesCommand()};
+  static const std::array commands = {ResponseCommand(), FourierCommand(), AdjustCommand(), TablesCommand(), FaultsCommand()};
   return commands;
 }
 

@@ -34,5 +34,6 @@ Command ResponseCommand();
 Command FourierCommand();
 Command AdjustCommand();
 Command TablesCommand();
+Command FaultsCommand();
 
 }  // namespace tremlo::cli

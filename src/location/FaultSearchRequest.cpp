@@ -27,9 +27,13 @@ std::optional<QString> CheckCase(FaultSearchRequest& request) {
 
 }  // namespace
 
-std::optional<QString> CheckSearchParameters(FaultSearchRequest& request) {
+std::optional<QString> CheckPosition(const FaultSearchRequest& request) {
   if (!IsBetween(request.latitude, 20.0, 47.0) || !IsBetween(request.longitude, 122.0, 154.0))
     return QStringLiteral("緯度経度チェックでエラーとなりました。国内の緯度経度を入力してください。");
+  return std::nullopt;
+}
+
+std::optional<QString> CheckSearchIndices(FaultSearchRequest& request) {
   if (!IsBelow(request.modeIndex, kModeCount))
     return QStringLiteral("想定地震コードのチェックでエラーとなりました。");
   request.modeText = ModeKey(request.modeIndex);
@@ -46,6 +50,11 @@ std::optional<QString> CheckSearchParameters(FaultSearchRequest& request) {
     return QStringLiteral("超過確率しきい震度のチェックでエラーとなりました。");
   request.ijma = IntensityThreshold(request.intensityIndex);
   return std::nullopt;
+}
+
+std::optional<QString> CheckSearchParameters(FaultSearchRequest& request) {
+  auto message = CheckPosition(request);
+  return message ? message : CheckSearchIndices(request);
 }
 
 std::optional<QString> CheckActivityParameters(FaultSearchRequest& request) {

@@ -21,9 +21,13 @@ struct FaultSearchRequest : ApiParameterSet {
   QString modeText, versionText, caseText, periodText, activityVersionText;  ///< keys of the query
 };
 
-/// Checks position and parameters in their fixed order and fills the keys of the mesh search up to the first
-/// that is bad. Returns the message for that one.
+/// Checks before a mesh search: the position, then the parameters in their fixed order, whose keys are filled up to
+/// the first that is bad. Returns the message for that one.
 std::optional<QString> CheckSearchParameters(FaultSearchRequest& request);
+
+/// Its two halves: the position must lie in Japan, limits included.
+std::optional<QString> CheckPosition(const FaultSearchRequest& request);
+std::optional<QString> CheckSearchIndices(FaultSearchRequest& request);
 
 /// The same for the two parameters of the activity model.
 std::optional<QString> CheckActivityParameters(FaultSearchRequest& request);

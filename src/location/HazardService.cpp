@@ -19,7 +19,7 @@ HazardService::HazardService(const ServiceSettings& settings, MessageSink& messa
 
 ServiceOutcome HazardService::SearchMeshFaults(FaultSearchRequest& request, std::vector<FaultInfo>& faults) {
   if (const auto message = CheckSearchParameters(request)) {
-    m_messages.Show(*message, MessageIcon::Stop);
+    Show(*message, MessageIcon::Stop);
     return ServiceOutcome::BadParameter;
   }
   QByteArray text;
@@ -34,7 +34,7 @@ ServiceOutcome HazardService::FetchActivityModel(FaultSearchRequest& request, co
   erase = ltecode.contains(u"ASG");
   if (erase) return ServiceOutcome::Done;
   if (const auto message = CheckActivityParameters(request)) {
-    m_messages.Show(*message, MessageIcon::Stop);
+    Show(*message, MessageIcon::Stop);
     return ServiceOutcome::BadParameter;
   }
   QByteArray text;
@@ -46,18 +46,17 @@ ServiceOutcome HazardService::FetchActivityModel(FaultSearchRequest& request, co
 
 bool HazardService::FetchToFile(const QString& url) {
   m_lastUrl = url;
+  m_lastMessage.clear();
   switch (m_client.GetToFile(url, AnswerPath())) {
     case HttpResult::Done:
       return true;
     case HttpResult::BadAddress:
-      m_messages.Show(
-          QStringLiteral("J-SHISにアクセスするためのセッションが確立できませんでした。(") + url + u')',
-          MessageIcon::Stop);
+      Show(QStringLiteral("J-SHISにアクセスするためのセッションが確立できませんでした。(") + url + u')',
+           MessageIcon::Stop);
       return false;
     case HttpResult::FileFailed:
-      m_messages.Show(
-          QStringLiteral("J-SHISからの断層データを書き込むファイルを開けませんでした。(") + url + u')',
-          MessageIcon::Stop);
+      Show(QStringLiteral("J-SHISからの断層データを書き込むファイルを開けませんでした。(") + url + u')',
+           MessageIcon::Stop);
       return false;
     case HttpResult::CertificateWanted:
     case HttpResult::Failed:
@@ -68,13 +67,17 @@ bool HazardService::FetchToFile(const QString& url) {
 
 bool HazardService::ReadFetchedFile(const QString& url, QByteArray& text) {
   if (ReadWholeFile(AnswerPath(), text)) return true;
-  m_messages.Show(QStringLiteral("Jsonファイルを開くことができませんでした。(") + url + u')',
-                  MessageIcon::Stop);
+  Show(QStringLiteral("Jsonファイルを開くことができませんでした。(") + url + u')', MessageIcon::Stop);
   return false;
 }
 
 bool HazardService::FetchJson(const QString& url, QByteArray& text) {
   return FetchToFile(url) && ReadFetchedFile(url, text);
+}
+
+void HazardService::Show(const QString& text, MessageIcon icon) {
+  m_lastMessage = text;
+  m_messages.Show(text, icon);
 }
 
 QString HazardService::AnswerPath() const {
@@ -85,12 +88,11 @@ QString HazardService::AnswerPath() const {
 /// the messages what was asked.
 ServiceOutcome HazardService::Tell(const AnswerResult& result, const QString& query) {
   if (result.outcome == ServiceOutcome::BadAnswer)
-    m_messages.Show(QStringLiteral("Jsonファイルの文法エラーです。(") + query + u')', MessageIcon::Stop);
+    Show(QStringLiteral("Jsonファイルの文法エラーです。(") + query + u')', MessageIcon::Stop);
   if (result.outcome == ServiceOutcome::NothingFound)
-    m_messages.Show(
-        QStringLiteral("指定された現場位置とAPIパラメータの断層データはありません。(") + query + u')',
-        MessageIcon::Warning);
-  if (result.outcome == ServiceOutcome::TypeFault) m_messages.Show(result.faultText, MessageIcon::Stop);
+    Show(QStringLiteral("指定された現場位置とAPIパラメータの断層データはありません。(") + query + u')',
+         MessageIcon::Warning);
+  if (result.outcome == ServiceOutcome::TypeFault) Show(result.faultText, MessageIcon::Stop);
   return result.outcome;
 }
 

@@ -33,10 +33,12 @@ class HazardService {
   bool ReadFetchedFile(const QString& url, QByteArray& text);
   bool FetchJson(const QString& url, QByteArray& text);
 
-  /// The address asked last; empty when none was.
+  /// The address asked last and what was said about it; empty when none was or nothing was said.
   const QString& LastUrl() const { return m_lastUrl; }
+  const QString& LastMessage() const { return m_lastMessage; }
 
  private:
+  void Show(const QString& text, MessageIcon icon);
   QString AnswerPath() const;
   ServiceOutcome Tell(const AnswerResult& result, const QString& query);
 
@@ -44,6 +46,7 @@ class HazardService {
   MessageSink& m_messages;
   HttpClient m_client;
   QString m_lastUrl;
+  QString m_lastMessage;
 };
 
 }  // namespace tremlo
