@@ -5,6 +5,8 @@
 
 #include <QCoreApplication>
 
+#include <cmath>
+
 namespace tremlo::cli {
 
 Arguments::Arguments(const Command& command) : m_command(command) {
@@ -54,6 +56,14 @@ bool ParseNumber(const QString& text, double& value) {
   double number = 0.0;
   if (!scan.Number(number) || !scan.Rest().empty()) return false;
   value = number;
+  return true;
+}
+
+bool ParseNumberList(const QString& text, std::span<double> values) {
+  const QStringList parts = text.split(u',');
+  if (static_cast<std::size_t>(parts.size()) != values.size()) return false;
+  for (std::size_t i = 0; i < values.size(); ++i)
+    if (!ParseNumber(parts[static_cast<qsizetype>(i)], values[i]) || !std::isfinite(values[i])) return false;
   return true;
 }
 

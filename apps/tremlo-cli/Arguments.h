@@ -4,6 +4,7 @@
 #include <QStringList>
 
 #include <cstdint>
+#include <span>
 
 namespace tremlo::cli {
 
@@ -43,5 +44,9 @@ class Arguments {
 
 /// The text as one number, finite or not; nothing may follow it.
 bool ParseNumber(const QString& text, double& value);
+
+/// The text as exactly as many finite numbers as `values` holds, with commas between them. `values` is filled
+/// as far as the text goes.
+bool ParseNumberList(const QString& text, std::span<double> values);
 
 }  // namespace tremlo::cli

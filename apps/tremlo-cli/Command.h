@@ -34,6 +34,8 @@ Command ResponseCommand();
 Command FourierCommand();
 Command AdjustCommand();
 Command TablesCommand();
+Command AttenuateCommand();
+Command DistancesCommand();
 Command FaultsCommand();
 
 }  // namespace tremlo::cli
