@@ -5,9 +5,9 @@
 namespace tremlo::cli {
 
 std::span<const Command> AllCommands() {
-  static const std::array commands = {ResponseCommand(),   FourierCommand(),     AdjustCommand(),
-                                      TablesCommand(),     AttenuateCommand(),   DistancesCommand(),
-                                      ProjectNewCommand(), ProjectShowCommand(), ProjectCopyCommand()};
+  static const std::array commands = {
+      ResponseCommand(),  FourierCommand(), AdjustCommand(),     TablesCommand(),      AttenuateCommand(),
+      DistancesCommand(), FaultsCommand(),  ProjectNewCommand(), ProjectShowCommand(), ProjectCopyCommand()};
   return commands;
 }
 

@@ -40,5 +40,6 @@ Command DistancesCommand();
 Command ProjectNewCommand();
 Command ProjectShowCommand();
 Command ProjectCopyCommand();
+Command FaultsCommand();
 
 }  // namespace tremlo::cli

@@ -44,7 +44,7 @@ class FieldPrinter {
   }
   void Print(const std::vector<FaultInfo>& faults) {
     m_json.BeginArray();
-    for (const FaultInfo& fault : faults) WriteFault(m_json, fault);
+    for (const FaultInfo& fault : faults) WriteFault(m_json, fault, FaultFields::Stored);
     m_json.EndArray();
   }
 
@@ -53,10 +53,15 @@ class FieldPrinter {
 
 }  // namespace
 
-void WriteFault(JsonWriter& json, const FaultInfo& fault) {
+void WriteFault(JsonWriter& json, const FaultInfo& fault, FaultFields fields) {
   FieldPrinter printer(json);
+  const auto print = [&](std::string_view name, const auto& member) {
+    // The field that no file holds has its place before this one.
+    if (fields == FaultFields::All && name == "adjustShow") printer("adjustSpare", fault.adjustSpare);
+    printer(name, member);
+  };
   json.BeginObject();
-  VisitFaultFields(printer, fault);
+  VisitFaultFields(print, fault);
   json.EndObject();
 }
 

@@ -1,5 +1,7 @@
 #include "project/ChangeQuestions.h"
 
+#include "location/HazardTables.h"
+
 namespace tremlo {
 
 QString BaseChangeMessage(const QString& baseSpectrumName) {
@@ -31,13 +33,11 @@ QString SiteChangeQuestion() {
       "が再度必要となります。");
 }
 
-QString ApiParametersQuestion(const QStringList& parameterLines) {
-  QString text = QStringLiteral(
-      "既に断層データを取得済みですがよろしいですか？\n\n"
-      "取得済みの断層データはクリアされます。\n\n"
-      "現在以下のパラメータが設定されています。");
-  for (const QString& line : parameterLines) text += u'\n' + line;
-  return text;
+QString ApiParametersQuestion(const ApiParameterSet& parameters) {
+  return QStringLiteral(
+             "既に断層データを取得済みですがよろしいですか？\n\n"
+             "取得済みの断層データはクリアされます。") +
+         CurrentParametersText(parameters);
 }
 
 QString AdjustSettingsQuestion() {

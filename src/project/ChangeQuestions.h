@@ -1,7 +1,8 @@
 #pragma once
 
+#include "location/ApiParameterSet.h"
+
 #include <QString>
-#include <QStringList>
 
 namespace tremlo {
 
@@ -16,8 +17,8 @@ QString BaseChangeQuestion(const QString& baseSpectrumName);
 QString SeedChangeMessage(const QString& seedAdoptedName);
 
 QString SiteChangeQuestion();
-/// `parameterLines`: one line per parameter of the service, title and value.
-QString ApiParametersQuestion(const QStringList& parameterLines);
+/// Ends in a line for each parameter of the service.
+QString ApiParametersQuestion(const ApiParameterSet& parameters);
 QString AdjustSettingsQuestion();
 QString AdjustedWavesQuestion();     ///< the base wave changes while a wave is adjusted
 QString AdjustedWaveDataQuestion();  ///< another wave changes that is adjusted itself

@@ -41,9 +41,9 @@ bool ChangeRules::BeginSiteChange() {
   return true;
 }
 
-bool ChangeRules::BeginApiParameters(const QStringList& parameterLines) {
+bool ChangeRules::BeginApiParameters() {
   if (m_doc.faults.empty()) return true;
-  if (!m_prompt.Ask(ApiParametersQuestion(parameterLines))) return false;
+  if (!m_prompt.Ask(ApiParametersQuestion(m_doc.apiParameters))) return false;
   const bool planeIsBase = AnyPlaneIsBase(m_doc);
   if (planeIsBase && !AskBaseChange()) return false;
   m_doc.ClearFaults();

@@ -28,8 +28,8 @@ class ChangeRules {
   /// move of a drag, and the zone button before its dialog opens.
   bool BeginSiteChange();
 
-  /// Before the dialog of the service's parameters opens. `parameterLines` as in ApiParametersQuestion.
-  bool BeginApiParameters(const QStringList& parameterLines);
+  /// Before the dialog of the service's parameters opens.
+  bool BeginApiParameters();
 
   /// Before faults are acquired, on the thread of the user interface. With an unknown plane zone the
   /// acquisition will end at once, so nothing is cleared for it.

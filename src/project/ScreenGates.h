@@ -1,7 +1,7 @@
 #pragma once
 
+#include "location/Prompt.h"
 #include "project/MorvaneDoc.h"
-#include "project/Prompt.h"
 #include "project/ScreenHost.h"
 
 namespace tremlo {

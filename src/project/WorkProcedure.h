@@ -1,8 +1,8 @@
 #pragma once
 
+#include "location/Prompt.h"
 #include "project/FlowPaneControl.h"
 #include "project/MorvaneDoc.h"
-#include "project/Prompt.h"
 #include "project/ScreenGates.h"
 
 #include <optional>

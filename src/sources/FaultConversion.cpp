@@ -2,11 +2,10 @@
 
 #include "location/Coordinates.h"
 #include "sources/FaultDistances.h"
+#include "waves/NumberText.h"
 #include "waves/TextScan.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <cmath>
 
 namespace tremlo {
@@ -14,14 +13,6 @@ namespace tremlo {
 namespace {
 
 constexpr double kMetresPerKm = 1000.0;
-
-/// "%.2lf", always with a point.
-QString TwoDecimals(double value) {
-  std::array<char, 400> text{};  // the largest double has 309 digits before the point
-  const auto [end, error] =
-      std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, 2);
-  return error == std::errc() ? QString::fromLatin1(text.data(), end - text.data()) : QString();
-}
 
 std::vector<double> ToNumbers(const std::vector<QString>& texts, std::size_t count) {
   std::vector<double> numbers(count);
@@ -39,7 +30,7 @@ std::size_t RectangleCount(const FaultInfo& fault) {
 
 void ConvertMagnitude(FaultInfo& fault, const QString& text) {
   const double value = TextToDouble(text);
-  fault.magnitude = value < 0.0 ? TwoDecimals((std::fabs(value) - 1.08) / 0.78) : text;
+  fault.magnitude = value < 0.0 ? FixedText((std::fabs(value) - 1.08) / 0.78, 2) : text;
 }
 
 void ComputeFaultDistances(FaultInfo& fault, int zone, double eastSiteKm, double northSiteKm) {

@@ -18,14 +18,6 @@ using testing::IsEmpty;
 constexpr PromptAnswer kYes = PromptAnswer::Yes;
 constexpr PromptAnswer kNo = PromptAnswer::No;
 
-const QStringList kParameterLines = {"超過確率しきい値：震度6弱",
-                                     "評価パラメータ(カタストロフ重視度)：0.600000",
-                                     "想定地震コード：条件付超過確率",
-                                     "地図バージョン(被害地検索)：2019年版",
-                                     "地図バージョン(地震活動モデル)：2021年版",
-                                     "確率ケース：平均ケース",
-                                     "発生確率評価期間：30年"};
-
 QString BaseQuestion(const QString& label) {
   return QStringLiteral("既に基準スペクトルとして「") + label +
          QStringLiteral(
@@ -40,8 +32,8 @@ const QString kSiteQuestion = QStringLiteral(
 const QString kParametersQuestion = QStringLiteral(
     "既に断層データを取得済みですがよろしいですか？\n\n取得済みの断層データはクリアされます。\n\n"
     "現在以下のパラメータが設定されています。\n超過確率しきい値：震度6弱\n"
-    "評価パラメータ(カタストロフ重視度)：0.600000\n想定地震コード：条件付超過確率\n"
-    "地図バージョン(被害地検索)：2019年版\n地図バージョン(地震活動モデル)：2021年版\n確率ケース：平均ケース\n"
+    "評価パラメータ(カタストロフ重視度)：-0.250000\n想定地震コード：条件付超過確率\n"
+    "地図バージョン(被害地検索)：2010年版\n地図バージョン(地震活動モデル)：2021年版\n確率ケース：平均ケース\n"
     "発生確率評価期間：30年");
 const QString kSettingsQuestion = QStringLiteral(
     "振幅調整をしていますがよろしいですか？\n\n振幅調整の設定を変更した場合、振幅調整が再度必要になります。");
@@ -141,14 +133,14 @@ TEST(ChangeRules, TheParametersOpenAtOnceWithoutFaults) {
   Project project(test::kWaveLabel);
   project.doc.faults.clear();
   ExpectDone(
-      project, [&] { return project.rules.BeginApiParameters(kParameterLines); }, NoEffect);
+      project, [&] { return project.rules.BeginApiParameters(); }, NoEffect);
   EXPECT_THAT(project.TakeLog(), IsEmpty());
 }
 
 TEST(ChangeRules, TheParametersStayClosedOnANo) {
   Project project(test::kPlaneLabel);
   project.prompt.ExpectQuestion(kParametersQuestion, kNo);
-  ExpectDeclined(project, [&] { return project.rules.BeginApiParameters(kParameterLines); });
+  ExpectDeclined(project, [&] { return project.rules.BeginApiParameters(); });
 }
 
 TEST(ChangeRules, TheParametersStayClosedWhenTheBaseIsToStay) {
@@ -156,7 +148,7 @@ TEST(ChangeRules, TheParametersStayClosedWhenTheBaseIsToStay) {
     Project project(base);
     project.prompt.ExpectQuestion(kParametersQuestion, kYes);
     project.ExpectBaseQuestion(kNo);
-    ExpectDeclined(project, [&] { return project.rules.BeginApiParameters(kParameterLines); });
+    ExpectDeclined(project, [&] { return project.rules.BeginApiParameters(); });
   }
 }
 
@@ -166,7 +158,7 @@ TEST(ChangeRules, TheParametersCostFaultsAndABaseAmongThem) {
     project.prompt.ExpectQuestion(kParametersQuestion, kYes);
     project.ExpectBaseQuestion(kYes);
     ExpectDone(
-        project, [&] { return project.rules.BeginApiParameters(kParameterLines); },
+        project, [&] { return project.rules.BeginApiParameters(); },
         [](CMorvaneDoc& doc) {
           doc.ClearFaults();
           doc.ClearBaseSpectrumAndAdjustment();
@@ -180,7 +172,7 @@ TEST(ChangeRules, TheParametersLeaveAnotherBaseAlone) {
     Project project(base);
     project.prompt.ExpectQuestion(kParametersQuestion, kYes);
     ExpectDone(
-        project, [&] { return project.rules.BeginApiParameters(kParameterLines); },
+        project, [&] { return project.rules.BeginApiParameters(); },
         [](CMorvaneDoc& doc) { doc.ClearFaults(); });
     EXPECT_EQ(project.doc.baseSpectrumName, QString::fromUtf16(base));
     EXPECT_TRUE(project.doc.seedAdopted);
@@ -191,7 +183,7 @@ TEST(ChangeRules, AfterTheParametersTheFaultScreensAndTheOneOnDisplayAreReadAgai
   Project project(test::kWaveLabel);
   project.Enter(ScreenId::AdjustSeismicWave);
   project.prompt.ExpectQuestion(kParametersQuestion, kYes);
-  EXPECT_TRUE(project.rules.BeginApiParameters(kParameterLines));
+  EXPECT_TRUE(project.rules.BeginApiParameters());
   EXPECT_THAT(project.TakeLog(), ElementsAre("box", "refresh 59656", "refresh 59657", "refresh 59660"));
 }
 

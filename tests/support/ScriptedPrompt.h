@@ -1,6 +1,6 @@
 #pragma once
 
-#include "project/Prompt.h"
+#include "location/Prompt.h"
 
 #include <QStringList>
 
