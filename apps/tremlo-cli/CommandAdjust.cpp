@@ -69,23 +69,17 @@ void PrintObject(const WaveInput& seed, const Adjustment& result) {
 
 void PrintSummary(const WaveInput& seed, const Adjustment& result, double tolerance) {
   const auto percent = [](double fraction) { return QString::number(fraction * 100.0, 'f', 2); };
-  PrintLine(QStringLiteral("%1：時間間隔 %2 秒、%3 点（調整後 %4 点）")
-                .arg(seed.name)
-                .arg(seed.timeStep)
-                .arg(seed.acc.size())
-                .arg(result.acc.size()));
+  PrintWaveLine(seed);
+  PrintLine(QStringLiteral("調整後：%1 点").arg(result.acc.size()));
   PrintLine(QStringLiteral("%1：応答計算 %2 回、偏差（RMS）%3 %（収束判定 %4 %）")
-                .arg(result.converged ? QStringLiteral("収束しました") : QStringLiteral("収束しませんでした"))
-                .arg(result.passes)
-                .arg(percent(result.fit.deviation), percent(tolerance)));
+                .arg(result.converged ? QStringLiteral("収束しました") : QStringLiteral("収束しませんでした"),
+                     QString::number(result.passes), percent(result.fit.deviation), percent(tolerance)));
   if (result.fit.overshootPeriod > 0.0)
     PrintLine(QStringLiteral("目標を上回る最大：%1 %（周期 %2 秒）")
-                  .arg(percent(result.fit.overshoot))
-                  .arg(result.fit.overshootPeriod));
+                  .arg(percent(result.fit.overshoot), NumberText(result.fit.overshootPeriod)));
   if (result.fit.undershootPeriod > 0.0)
     PrintLine(QStringLiteral("目標を下回る最大：%1 %（周期 %2 秒）")
-                  .arg(percent(result.fit.undershoot))
-                  .arg(result.fit.undershootPeriod));
+                  .arg(percent(result.fit.undershoot), NumberText(result.fit.undershootPeriod)));
 }
 
 int Run(const Arguments& arguments) {

@@ -61,22 +61,6 @@ void PrintObject(const QString& method, const FaultInfo& fault) {
   PrintJson(json);
 }
 
-void PrintSpectrum(const QString& title, const std::vector<double>& periods,
-                   const std::vector<double>& spectrum) {
-  if (periods.empty()) {
-    PrintLine(title + QStringLiteral("：スペクトルの点はありません。"));
-    return;
-  }
-  const auto peak = std::max_element(spectrum.begin(), spectrum.end());
-  PrintLine(QStringLiteral("%1：%2 点、周期 %3 ～ %4 秒、最大 %5 gal（周期 %6 秒）")
-                .arg(title)
-                .arg(periods.size())
-                .arg(periods.back())
-                .arg(periods.front())
-                .arg(*peak)
-                .arg(periods[static_cast<std::size_t>(peak - spectrum.begin())]));
-}
-
 int Run(const Arguments& arguments) {
   const QString horizontal = QString::fromUtf16(kHorizontalMethod);
   const QString vertical = QString::fromUtf16(kVerticalMethod);
@@ -97,10 +81,10 @@ int Run(const Arguments& arguments) {
     return kDone;
   }
   PrintLine(QStringLiteral("%1（減衰定数 5 %）").arg(method));
-  PrintSpectrum(QStringLiteral("最短距離の式"), fault.shortestPeriods.front(),
-                fault.shortestSpectrum.front());
+  PrintSpectrum(QStringLiteral("最短距離の式"), fault.shortestPeriods.front(), fault.shortestSpectrum.front(),
+                QStringLiteral("gal"));
   PrintSpectrum(QStringLiteral("等価震源距離の式"), fault.equivalentPeriods.front(),
-                fault.equivalentSpectrum.front());
+                fault.equivalentSpectrum.front(), QStringLiteral("gal"));
   PrintSampleNotice(doc.ProgramFolder());
   return kDone;
 }

@@ -5,8 +5,6 @@
 #include "waves/FourierSpectrum.h"
 #include "waves/WaveFile.h"
 
-#include <algorithm>
-
 namespace tremlo::cli {
 
 namespace {
@@ -41,20 +39,9 @@ int Run(const Arguments& arguments) {
     PrintJson(json);
     return kDone;
   }
-  PrintLine(
-      QStringLiteral("%1：時間間隔 %2 秒、%3 点").arg(wave.name).arg(wave.timeStep).arg(wave.acc.size()));
-  if (periods.empty()) {
-    PrintLine(QStringLiteral("フーリエスペクトルの点はありません。"));
-    return kDone;
-  }
-  const auto peak = std::max_element(amplitudes.begin(), amplitudes.end());
-  PrintLine(QStringLiteral(
-                "フーリエスペクトル（フィルタなし）：%1 点、周期 %2 ～ %3 秒、最大 %4 gal·sec（周期 %5 秒）")
-                .arg(periods.size())
-                .arg(periods.back())
-                .arg(periods.front())
-                .arg(*peak)
-                .arg(periods[static_cast<std::size_t>(peak - amplitudes.begin())]));
+  PrintWaveLine(wave);
+  PrintSpectrum(QStringLiteral("フーリエスペクトル（フィルタなし）"), periods, amplitudes,
+                QStringLiteral("gal·sec"));
   return kDone;
 }
 

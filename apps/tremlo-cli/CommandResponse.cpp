@@ -5,8 +5,6 @@
 #include "waves/ResponseSpectrum.h"
 #include "waves/WaveFile.h"
 
-#include <algorithm>
-
 namespace tremlo::cli {
 
 namespace {
@@ -42,20 +40,9 @@ int Run(const Arguments& arguments) {
     PrintJson(json);
     return kDone;
   }
-  PrintLine(
-      QStringLiteral("%1：時間間隔 %2 秒、%3 点").arg(wave.name).arg(wave.timeStep).arg(wave.acc.size()));
-  if (periods.empty()) {
-    PrintLine(QStringLiteral("加速度応答スペクトルの点はありません。"));
-    return kDone;
-  }
-  const auto peak = std::max_element(accSpec.begin(), accSpec.end());
-  PrintLine(QStringLiteral(
-                "加速度応答スペクトル（減衰定数 5 %）：%1 点、周期 %2 ～ %3 秒、最大 %4 gal（周期 %5 秒）")
-                .arg(periods.size())
-                .arg(periods.back())
-                .arg(periods.front())
-                .arg(*peak)
-                .arg(periods[static_cast<std::size_t>(peak - accSpec.begin())]));
+  PrintWaveLine(wave);
+  PrintSpectrum(QStringLiteral("加速度応答スペクトル（減衰定数 5 %）"), periods, accSpec,
+                QStringLiteral("gal"));
   return kDone;
 }
 

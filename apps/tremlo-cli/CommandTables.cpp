@@ -82,8 +82,8 @@ void PrintSummary(const CMorvaneDoc& doc) {
   PrintLine(QStringLiteral("下限スペクトル：%1 個").arg(doc.lowerSpectra.Count()));
   for (const CSeismicWave& spectrum : doc.lowerSpectra.Records())
     PrintLine(QStringLiteral("  %1%2（%3 点）")
-                  .arg(spectrum.lowerSelected ? QStringLiteral("* ") : QString(), spectrum.name)
-                  .arg(spectrum.periods.size()));
+                  .arg(spectrum.lowerSelected ? QStringLiteral("* ") : QString(), spectrum.name,
+                       QString::number(spectrum.periods.size())));
   PrintSampleNotice(doc.ProgramFolder());
 }
 

@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QStringList>
 
+#include <algorithm>
 #include <cstdio>
 
 #ifdef _WIN32
@@ -48,6 +49,23 @@ int Fail(int status, const QString& line) {
 int FailUsage(const QString& reason) {
   return Fail(kBadCommandLine,
               reason + QStringLiteral("\nUsage: tremlo-cli COMMAND [OPTIONS]  (tremlo-cli --help)"));
+}
+
+QString NumberText(double value) {
+  return QString::number(value, 'g', 6);
+}
+
+void PrintSpectrum(const QString& title, const std::vector<double>& periods,
+                   const std::vector<double>& values, const QString& unit) {
+  if (periods.empty()) {
+    PrintLine(title + QStringLiteral("：スペクトルの点はありません。"));
+    return;
+  }
+  const auto peak = std::max_element(values.begin(), values.end());
+  PrintLine(QStringLiteral("%1：%2 点、周期 %3 ～ %4 秒、最大 %5 %6（周期 %7 秒）")
+                .arg(title, QString::number(periods.size()), NumberText(periods.back()),
+                     NumberText(periods.front()), NumberText(*peak), unit,
+                     NumberText(periods[static_cast<std::size_t>(peak - values.begin())])));
 }
 
 ProgressLine::ProgressLine() : m_terminal(IsErrorTerminal()) {}

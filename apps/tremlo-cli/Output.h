@@ -20,6 +20,13 @@ int Fail(int status, const QString& line);
 /// The fault of a command line: what is wrong, and where the usage stands. Returns the exit status.
 int FailUsage(const QString& reason);
 
+/// Prints a line about a spectrum: points, range of periods (longest first, s), largest value in `unit`.
+void PrintSpectrum(const QString& title, const std::vector<double>& periods,
+                   const std::vector<double>& values, const QString& unit);
+
+/// A number as summaries show it, six significant digits.
+QString NumberText(double value);
+
 /// Says how far a long calculation has come, on standard error and only when that is a terminal.
 class ProgressLine {
  public:

@@ -1,5 +1,6 @@
 #include "WaveInput.h"
 
+#include "Output.h"
 #include "waves/WaveFile.h"
 
 #include <cmath>
@@ -26,6 +27,11 @@ bool WaveInput::Read(const QString& path, QString& error) {
   }
   acc = WithoutBlanks(samples);
   return true;
+}
+
+void PrintWaveLine(const WaveInput& wave) {
+  PrintLine(QStringLiteral("%1：時間間隔 %2 秒、%3 点")
+                .arg(wave.name, NumberText(wave.timeStep), QString::number(wave.acc.size())));
 }
 
 }  // namespace tremlo::cli

@@ -17,4 +17,7 @@ struct WaveInput {
   bool Read(const QString& path, QString& error);
 };
 
+/// Prints a line about the wave.
+void PrintWaveLine(const WaveInput& wave);
+
 }  // namespace tremlo::cli

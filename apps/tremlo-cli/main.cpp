@@ -4,6 +4,8 @@
 
 #include <QCoreApplication>
 
+#include <exception>
+
 namespace tremlo::cli {
 
 namespace {
@@ -68,7 +70,12 @@ int Main(const QStringList& line) {
     PrintHelp(*command);
     return kDone;
   }
-  return command->run(arguments);
+  try {
+    return command->run(arguments);
+  } catch (const std::exception& failure) {  // memory, for an input of any size
+    return Fail(kBadFile, QString::fromLatin1(command->name) + QStringLiteral(": ") +
+                              QString::fromLocal8Bit(failure.what()));
+  }
 }
 
 }  // namespace

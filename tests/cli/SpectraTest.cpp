@@ -125,6 +125,12 @@ TEST(SpectraCommands, OutputThatCannotBeWrittenEndsWithTwo) {
   EXPECT_EQ(folder.Names(), QStringList{"w.csv"});
 }
 
+TEST(SpectraCommands, ANameMayLookLikeAPlaceInASentence) {
+  const TestFolder folder;
+  const CliResult result = RunCli({"response", folder.Write("w.csv", "a%2b, 0.01, 1\n0, 1\n0, 2\n")});
+  EXPECT_TRUE(QString::fromUtf8(result.out).startsWith(QStringLiteral("a%2b：時間間隔 0.01 秒、2 点\n")));
+}
+
 TEST(SpectraCommands, WithoutJsonASummaryIsPrinted) {
   const TestFolder folder;
   const CliResult result = RunCli({"response", folder.Write("w.csv", "W, 0.01, 1\n0, 1\n0, 2\n")});
