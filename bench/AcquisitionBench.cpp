@@ -24,7 +24,7 @@ constexpr int kPlanes = 3;
 
 class Silent : public Prompt {
  public:
-  void Show(const QString&, PromptIcon) override {}
+  PromptAnswer Show(const PromptBox&) override { return PromptAnswer::Ok; }
 };
 
 void Write(const QString& path, const QString& text) {
