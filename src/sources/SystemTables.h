@@ -2,6 +2,7 @@
 
 #include "waves/SeismicWaveSet.h"
 
+#include <QByteArray>
 #include <QString>
 
 #include <cstdint>
@@ -75,6 +76,12 @@ std::optional<TableFailure> LoadFaultDataFile(const TableFile& file, std::vector
 /// Periods in s, longest first; values in gal.
 std::optional<TableFailure> LoadLowSpecFile(const TableFile& file, QString& name, std::vector<double>& periods,
                                             std::vector<double>& values);
+
+/// The same from the content of a file that messages call `shown`.
+std::optional<TableFailure> ParseDamCoef(const QByteArray& content, const QString& shown, DamCoefSet& set);
+void ParseFaultData(const QByteArray& content, std::vector<MainFaultRow>& rows);
+void ParseLowSpec(const QByteArray& content, QString& name, std::vector<double>& periods,
+                  std::vector<double>& values);
 
 /// All files of a folder, as a document is initialised: a file that the listing does not hold is silently not read.
 /// What they fill is emptied first; after a failure it holds what was read before it.

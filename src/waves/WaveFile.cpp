@@ -19,8 +19,8 @@ namespace {
 
 constexpr qsizetype kLongestName = 260;
 
-/// The text up to the first comma, at least one and at most 260 UTF-16 units. Returns the rest of the line behind
-/// it, from the comma on unless the name was cut.
+/// The text up to the first comma, at least one and at most 260 UTF-16 units. Returns the rest of the line
+/// behind it, from the comma on unless the name was cut.
 QString ScanName(const QString& line, QString& rest) {
   const qsizetype comma = line.indexOf(u',');
   const qsizetype length = std::min(comma < 0 ? line.size() : comma, kLongestName);
@@ -45,6 +45,11 @@ std::optional<QString> ReadWaveFile(const QString& path, QString& name, double& 
                                     std::vector<double>& acc) {
   QByteArray content;
   if (!ReadWholeFile(path, content)) return CannotOpen(path);
+  ParseWave(content, name, timeStep, acc);
+  return std::nullopt;
+}
+
+void ParseWave(const QByteArray& content, QString& name, double& timeStep, std::vector<double>& acc) {
   const CsvText csv(content);
   LineReader lines(csv.Text());
   std::string_view line;
@@ -64,13 +69,18 @@ std::optional<QString> ReadWaveFile(const QString& path, QString& name, double& 
     ScanPair(line, time, sample);
     acc.push_back(sample);
   }
-  return std::nullopt;
 }
 
 std::optional<QString> ReadSpectrumFile(const QString& path, QString& name, std::vector<double>& periods,
                                         std::vector<double>& values) {
   QByteArray content;
   if (!ReadWholeFile(path, content)) return CannotOpen(path);
+  ParseSpectrum(content, name, periods, values);
+  return std::nullopt;
+}
+
+void ParseSpectrum(const QByteArray& content, QString& name, std::vector<double>& periods,
+                   std::vector<double>& values) {
   const CsvText csv(content);
   LineReader lines(csv.Text());
   std::string_view line;
@@ -88,7 +98,6 @@ std::optional<QString> ReadSpectrumFile(const QString& path, QString& name, std:
     periods.push_back(period);
     values.push_back(value);
   }
-  return std::nullopt;
 }
 
 std::string CsvContent(const QString& name, double timeStep, const std::vector<double>& x,
@@ -122,8 +131,12 @@ SavePath SplitSavePath(const QString& path) {
   return {path.left(point), path.mid(point)};
 }
 
-QString AccSpecName(const QString& waveName) { return waveName + QStringLiteral("_加速度応答スペクトル"); }
-QString FourierName(const QString& waveName) { return waveName + QStringLiteral("_フーリエスペクトル"); }
+QString AccSpecName(const QString& waveName) {
+  return waveName + QStringLiteral("_加速度応答スペクトル");
+}
+QString FourierName(const QString& waveName) {
+  return waveName + QStringLiteral("_フーリエスペクトル");
+}
 
 std::vector<FileContent> ExportFiles(const SavePath& path, const QString& name, double timeStep,
                                      const std::vector<double>& acc, const std::vector<double>& periods,

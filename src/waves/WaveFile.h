@@ -3,6 +3,7 @@
 #include "waves/SeismicWaveSet.h"
 #include "waves/WholeFile.h"
 
+#include <QByteArray>
 #include <QString>
 
 #include <optional>
@@ -24,6 +25,11 @@ std::optional<QString> ReadWaveFile(const QString& path, QString& name, double& 
 /// Reads a spectrum file: of line 1 the name only, of every further line both numbers, each repeated where missing.
 std::optional<QString> ReadSpectrumFile(const QString& path, QString& name, std::vector<double>& periods,
                                         std::vector<double>& values);
+
+/// The same from the content of a file.
+void ParseWave(const QByteArray& content, QString& name, double& timeStep, std::vector<double>& acc);
+void ParseSpectrum(const QByteArray& content, QString& name, std::vector<double>& periods,
+                   std::vector<double>& values);
 
 /// Writes `name`, time step and pairs, six significant digits. False, with nothing written, when `path` or `name`
 /// is empty, `timeStep` is 0, `x` is empty or `y` is shorter than `x`; false too when the file cannot be written
