@@ -28,8 +28,10 @@ bool IsTooLarge(std::string_view digits, bool hexadecimal) {
     const char* const end = digits.data() + digits.size();
     const bool negative = from != end && *from == '-';
     if (from != end && (*from == '-' || *from == '+')) ++from;
-    if (std::from_chars(from, end, exponent).ec == std::errc::result_out_of_range)
-      exponent = std::numeric_limits<std::int64_t>::max() / 8;
+    // Far beyond any place of a digit, and far enough from the end of the type to be added to one.
+    constexpr std::int64_t kFar = std::numeric_limits<std::int64_t>::max() / 8;
+    const bool tooLong = std::from_chars(from, end, exponent).ec == std::errc::result_out_of_range;
+    exponent = tooLong ? kFar : std::min(exponent, kFar);
     if (negative) exponent = -exponent;
   }
   const std::string mantissa(digits.begin(), mark);
