@@ -55,7 +55,11 @@ bool LineScanner::Number(double& value) {
     return IsHexDigit(text[2]) || (text[2] == '.' && text.size() > 3 && IsHexDigit(text[3]));
   };
   const bool hexadecimal = hexStart();
-  if (hexadecimal) text.remove_prefix(2);
+  if (hexadecimal) {
+    text.remove_prefix(2);
+    // The library of GCC 12 takes the two signs of "p+-1" for one.
+    text = text.substr(0, text.find("+-"));
+  }
   const char* const end = text.data() + text.size();
   double magnitude = 0.0;
   const auto [stop, error] = std::from_chars(text.data(), end, magnitude,

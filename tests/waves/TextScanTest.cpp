@@ -27,5 +27,16 @@ TEST(TextScan, AnExponentBeyondItsTypeDoesSoToo) {
   ExpectNumber("0.001e-99999999999999999999", 0.0);
 }
 
+TEST(TextScan, ABinaryExponentHasOneSign) {
+  ExpectNumber("0x1p+1", 2.0);
+  ExpectNumber("0x1p-1", 0.5);
+  ExpectNumber("0x1p+-1", 1.0);
+  ExpectNumber("0x1p-+1", 1.0);
+  LineScanner scan("0x1p+-1");
+  double value = 0.0;
+  EXPECT_TRUE(scan.Number(value));
+  EXPECT_EQ(scan.Rest(), "p+-1");
+}
+
 }  // namespace
 }  // namespace tremlo
