@@ -5,7 +5,9 @@
 namespace tremlo::cli {
 
 std::span<const Command> AllCommands() {
-  static const std::array commands = {ResponseCommand(), FourierCommand(), AdjustCommand(), TablesCommand()};
+  static const std::array commands = {ResponseCommand(),   FourierCommand(),    AdjustCommand(),
+                                      TablesCommand(),     ProjectNewCommand(), ProjectShowCommand(),
+                                      ProjectCopyCommand()};
   return commands;
 }
 

@@ -29,10 +29,13 @@ struct Command {
 /// All commands, in the order of the help page.
 std::span<const Command> AllCommands();
 
-/// One per file Command*.cpp.
+/// In the files Command*.cpp.
 Command ResponseCommand();
 Command FourierCommand();
 Command AdjustCommand();
 Command TablesCommand();
+Command ProjectNewCommand();
+Command ProjectShowCommand();
+Command ProjectCopyCommand();
 
 }  // namespace tremlo::cli

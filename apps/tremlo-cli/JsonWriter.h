@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,6 +28,10 @@ class JsonWriter {
   void Value(const std::vector<QString>& texts) { ValueList(texts); }
   void Value(const std::vector<bool>& flags);
   void Value(const std::vector<std::vector<double>>& rows) { ValueList(rows); }
+  template <class T, std::size_t N>
+  void Value(const std::array<T, N>& values) {
+    ValueList(values);
+  }
 
   template <class T>
   void Member(std::string_view name, const T& value) {

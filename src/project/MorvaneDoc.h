@@ -30,6 +30,9 @@ class CMorvaneDoc {
   bool IsModified() const { return m_modified; }
   void SetModified(bool modified) { m_modified = modified; }
   const QString& ProgramFolder() const { return m_programFolder; }
+  /// The project file; empty while the project is unnamed. A reset leaves it alone.
+  const QString& PathName() const { return m_pathName; }
+  void SetPathName(const QString& path) { m_pathName = path; }
 
   std::vector<QString> SeedWaveNames() const { return seedWaves.Names(); }
 
@@ -84,6 +87,7 @@ class CMorvaneDoc {
   std::optional<TableFailure> LoadLowerSpectra();
 
   QString m_programFolder;
+  QString m_pathName;
   bool m_modified = false;
 };
 
