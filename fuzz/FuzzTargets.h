@@ -9,5 +9,6 @@ namespace tremlo::fuzz {
 /// input. The fuzz programs call them with what the fuzzer makes up, the tests with the files of the corpus.
 void FuzzWaveCsv(const std::uint8_t* data, std::size_t size);
 void FuzzTables(const std::uint8_t* data, std::size_t size);
+void FuzzProject(const std::uint8_t* data, std::size_t size);
 
 }  // namespace tremlo::fuzz
