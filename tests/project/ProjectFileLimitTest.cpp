@@ -29,7 +29,7 @@ namespace tremlo {
 namespace {
 
 using test::DocWithoutTables;
-using test::FillProject;
+using test::FillSmallProject;
 using test::SmallProjectBytes;
 using test::TestFolder;
 
@@ -49,7 +49,7 @@ bool SavesWholeOrNot(const TestFolder& folder) {
   const QString path = folder.Path(QStringLiteral("p.trml"));
   const QStringList names = folder.Names();
   CMorvaneDoc doc = DocWithoutTables();
-  FillProject(doc);
+  FillSmallProject(doc);
   doc.SetPathName(QStringLiteral("former.trml"));
   doc.SetModified(true);
   const std::size_t size = ProjectBytes(doc).size();
@@ -136,7 +136,7 @@ TEST(ProjectFileLimit, AProcessKilledInAWriteLeavesTheOlderFile) {
       setrlimit(RLIMIT_CORE, &noDump);
       LimitFileSize(limit);  // the write past it kills the process
       CMorvaneDoc doc = DocWithoutTables();
-      FillProject(doc);
+      FillSmallProject(doc);
       SaveProject(doc, path);
     });
     EXPECT_TRUE(WIFSIGNALED(status)) << "limit " << limit;
@@ -149,7 +149,7 @@ TEST(ProjectFileLimit, AProcessKilledInAWriteLeavesTheOlderFile) {
 [[noreturn]] void SaveInTurn(const QString& path, int pipe) {
   CMorvaneDoc first = DocWithoutTables();
   CMorvaneDoc second = DocWithoutTables();
-  FillProject(second);
+  FillSmallProject(second);
   for (bool odd = false;; odd = !odd) {
     if (write(pipe, "", 1) != 1) _exit(1);
     SaveProject(odd ? first : second, path);

@@ -11,7 +11,7 @@ namespace tremlo {
 namespace {
 
 using test::DocWithoutTables;
-using test::FillProject;
+using test::FillSmallProject;
 using test::SmallProjectBytes;
 using test::TestFolder;
 
@@ -121,7 +121,7 @@ TEST(ProjectFile, EveryFlagOfTheDocumentHasItsByte) {
 
 TEST(ProjectFile, EveryFieldIsWrittenWhereTheFormatHasIt) {
   CMorvaneDoc doc = DocWithoutTables();
-  FillProject(doc);
+  FillSmallProject(doc);
   const std::string expected = SmallProjectBytes();
   const std::string bytes = ProjectBytes(doc);
   const auto difference = std::mismatch(bytes.begin(), bytes.end(), expected.begin(), expected.end());
@@ -131,7 +131,7 @@ TEST(ProjectFile, EveryFieldIsWrittenWhereTheFormatHasIt) {
 
 TEST(ProjectFile, EveryFieldIsReadFromWhereTheFormatHasIt) {
   CMorvaneDoc expected = DocWithoutTables();
-  FillProject(expected);
+  FillSmallProject(expected);
   const CMorvaneDoc doc = Loaded(SmallProjectBytes());
   EXPECT_EQ(doc.guidelineRoute, expected.guidelineRoute);
   EXPECT_EQ(doc.site, expected.site);
@@ -162,7 +162,7 @@ TEST(ProjectFile, EveryFieldIsReadFromWhereTheFormatHasIt) {
 
 TEST(ProjectFile, NamesOfLooseRecordsAndTheSpareFlagsOfAFaultAreNotStored) {
   CMorvaneDoc doc = DocWithoutTables();
-  FillProject(doc);
+  FillSmallProject(doc);
   doc.graphBase.name = QStringLiteral("loose");
   doc.faults[0].adjustSpare = {true, true};
   EXPECT_EQ(ProjectBytes(doc), SmallProjectBytes());
@@ -176,6 +176,14 @@ TEST(ProjectFile, ALoadReplacesAllOfTheFormerProject) {
   const std::string fresh = ProjectBytes(DocWithoutTables());
   ASSERT_TRUE(LoadProject(doc, fresh).whole);
   EXPECT_EQ(ProjectBytes(doc), fresh);
+}
+
+TEST(ProjectFile, AResetLeavesNothingOfTheFormerProjectButTheSpareSwitch) {
+  CMorvaneDoc doc = Loaded(SmallProjectBytes());
+  doc.ResetDocument();
+  EXPECT_EQ(doc.visualShowSpare, 52);
+  doc.visualShowSpare = 0;
+  EXPECT_EQ(ProjectBytes(doc), ProjectBytes(DocWithoutTables()));
 }
 
 TEST(ProjectFile, ALoadStartsWithTheTablesAndKeepsTheLowerLimitsOfTheFile) {
@@ -254,7 +262,7 @@ TEST(ProjectFile, NarrowTextsAreReadAndWrittenWide) {
 
 TEST(ProjectFile, HalfPairsNanBitsAndReservedWordsSurvive) {
   CMorvaneDoc doc = DocWithoutTables();
-  FillProject(doc);
+  FillSmallProject(doc);
   constexpr char16_t halves[] = {0xD800, u'a', 0xDFFF};
   doc.site.title = QStringView(halves, std::size(halves)).toString();
   doc.seedWaves.At(0).name = QString(QChar(0xDC01));
@@ -335,7 +343,7 @@ TEST(ProjectFile, SaveNamesTheDocumentAndClearsTheMark) {
   const TestFolder folder;
   const QString path = folder.Write(QStringLiteral("案件 1.trml"), "older and longer than nothing");
   CMorvaneDoc doc = DocWithoutTables();
-  FillProject(doc);
+  FillSmallProject(doc);
   doc.SetModified(true);
   EXPECT_TRUE(SaveProject(doc, path));
   EXPECT_EQ(doc.PathName(), path);

@@ -1,32 +1,54 @@
 #include "support/CliRun.h"
 
+#include <QJsonDocument>
 #include <QProcess>
-#include <QProcessEnvironment>
 
 #include <gtest/gtest.h>
 
 namespace tremlo::test {
 
-CliResult RunCli(const QStringList& arguments, const std::function<void()>& inChild) {
-  constexpr int kLimitMs = 120'000;  // no run takes this long; a program that hangs is to fail the test
+CliResult RunCli(const QStringList& arguments, const QString& workingFolder) {
   QProcess process;
-  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-  environment.insert(QStringLiteral("LC_ALL"),
-                     QStringLiteral("C.UTF-8"));  // else Qt may tell of a switch to it
-  process.setProcessEnvironment(environment);
-#ifndef _WIN32
-  if (inChild) process.setChildProcessModifier(inChild);
-#else
-  EXPECT_FALSE(inChild);
-#endif
+  process.setWorkingDirectory(workingFolder);
   process.start(QStringLiteral(TREMLO_PROGRAM_DIR "/tremlo-cli"), arguments);
-  const bool finished = process.waitForFinished(kLimitMs);
-  EXPECT_TRUE(finished) << process.errorString().toStdString();
-  CliResult result;
-  if (finished && process.exitStatus() == QProcess::NormalExit) result.status = process.exitCode();
-  result.out = QString::fromUtf8(process.readAllStandardOutput());
-  result.err = QString::fromUtf8(process.readAllStandardError());
-  return result;
+  const bool ended = process.waitForFinished(120000) && process.exitStatus() == QProcess::NormalExit;
+  return {ended ? process.exitCode() : -1, process.readAllStandardOutput(), process.readAllStandardError()};
+}
+
+QJsonObject RunCliJson(const QStringList& arguments) {
+  const CliResult result = RunCli(arguments);
+  EXPECT_EQ(result.status, 0) << result.err.toStdString();
+  EXPECT_EQ(result.err, QByteArray());
+  EXPECT_EQ(result.out.count('\n'), 1);
+  QJsonParseError error;
+  const QJsonDocument document = QJsonDocument::fromJson(result.out, &error);
+  EXPECT_TRUE(document.isObject()) << error.errorString().toStdString();
+  return document.object();
+}
+
+QStringList TopKeys(const QByteArray& json) {
+  QStringList keys;
+  int depth = 0;
+  bool inText = false;
+  qsizetype textStart = 0;
+  for (qsizetype i = 0; i < json.size(); ++i) {
+    const char c = json[i];
+    if (inText) {
+      if (c == '\\') ++i;
+      if (c != '"') continue;
+      inText = false;
+      if (depth == 1 && i + 1 < json.size() && json[i + 1] == ':')
+        keys << QString::fromUtf8(json.mid(textStart, i - textStart));
+    } else if (c == '"') {
+      inText = true;
+      textStart = i + 1;
+    } else if (c == '{' || c == '[') {
+      ++depth;
+    } else if (c == '}' || c == ']') {
+      --depth;
+    }
+  }
+  return keys;
 }
 
 }  // namespace tremlo::test

@@ -167,7 +167,7 @@ void FillSet(CSeismicWaveSet& set, const std::vector<std::pair<QString, int>>& w
 
 }  // namespace
 
-void FillProject(CMorvaneDoc& doc) {
+void FillSmallProject(CMorvaneDoc& doc) {
   doc.guidelineRoute = true;
   doc.site.title = QStringLiteral("震度2");
   doc.site.subtitle = QStringLiteral("P3");

@@ -10,7 +10,7 @@ namespace tremlo::test {
 CMorvaneDoc DocWithoutTables();
 
 /// Gives every stored field of the document a value of its own: those of tests/data/small-project.hex.
-void FillProject(CMorvaneDoc& doc);
+void FillSmallProject(CMorvaneDoc& doc);
 
 /// The bytes of tests/data/small-project.hex.
 std::string SmallProjectBytes();
