@@ -11,24 +11,24 @@
 
 namespace tremlo {
 
-/// The read-only tables beside the program, in the folders DamCoef, LowSpec and SystemData. Text in them is CP932
-/// (UTF-8 behind a UTF-8 mark). No reader checks how many fields a numeric line yields: a short line keeps the
-/// values of the line before (or 0).
+/// The read-only tables beside the program, in the folders DamCoef, LowSpec and SystemData. Text in them is
+/// CP932 (UTF-8 behind a UTF-8 mark). No reader checks how many fields a numeric line yields: a short line
+/// keeps the values of the line before (or 0).
 
-/// A fault of the tables that ends the program: the user's message and the exit status. The core shows nothing; the
-/// program does.
+/// A fault of the tables that ends the program: the user's message and the exit status. The core shows
+/// nothing; the program does.
 struct TableFailure {
   QString text;
   int exitStatus = 0;
 };
 
-/// Coefficients of one form of the attenuation relation: one file of DamCoef. The twelve vectors have one element
-/// per data line.
+/// Coefficients of one form of the attenuation relation: one file of DamCoef. The twelve vectors have one
+/// element per data line.
 struct DamCoefSet {
-  QString title;                  ///< free text, line 3
-  QString method;                 ///< name of the relation, line 1
-  std::int32_t distanceKind = 0;  ///< 0 shortest distance, 1 equivalent hypocentral distance
-  std::vector<double> period;     ///< s
+  QString title;                               ///< free text, line 3
+  QString method;                              ///< name of the relation, line 1
+  std::int32_t distanceKind = 0;               ///< 0 shortest distance, 1 equivalent hypocentral distance
+  std::vector<double> period;                  ///< s
   std::vector<double> ampA, ampB, ampC, ampD;  ///< factor of the ground classes
   std::vector<double> coefM, coefM2, coefD, coefX, coefDX, coefC, coefNear;
 
@@ -37,10 +37,11 @@ struct DamCoefSet {
 
 /// One line of FaultData.csv: a segment of a main fault.
 struct MainFaultRow {
-  QString code;               ///< scenario code; consecutive rows of one code are segments of one fault
+  QString code;  ///< scenario code; consecutive rows of one code are segments of one fault
   QString name;
   std::int32_t segment = 0;
-  std::vector<double> cornerA, cornerB, cornerC;  ///< four values each: the first, second, third of every triple
+  std::vector<double> cornerA, cornerB,
+      cornerC;                  ///< four values each: the first, second, third of every triple
   double lon = 0.0, lat = 0.0;  ///< the point by which distance is measured, decimal degrees
 
   bool operator==(const MainFaultRow&) const = default;
@@ -74,8 +75,8 @@ std::vector<QString> SampleTableFolders(const QString& programFolder);
 std::optional<TableFailure> LoadDamCoefFile(const TableFile& file, DamCoefSet& set);
 std::optional<TableFailure> LoadFaultDataFile(const TableFile& file, std::vector<MainFaultRow>& rows);
 /// Periods in s, longest first; values in gal.
-std::optional<TableFailure> LoadLowSpecFile(const TableFile& file, QString& name, std::vector<double>& periods,
-                                            std::vector<double>& values);
+std::optional<TableFailure> LoadLowSpecFile(const TableFile& file, QString& name,
+                                            std::vector<double>& periods, std::vector<double>& values);
 
 /// The same from the content of a file that messages call `shown`.
 std::optional<TableFailure> ParseDamCoef(const QByteArray& content, const QString& shown, DamCoefSet& set);
@@ -83,8 +84,8 @@ void ParseFaultData(const QByteArray& content, std::vector<MainFaultRow>& rows);
 void ParseLowSpec(const QByteArray& content, QString& name, std::vector<double>& periods,
                   std::vector<double>& values);
 
-/// All files of a folder, as a document is initialised: a file that the listing does not hold is silently not read.
-/// What they fill is emptied first; after a failure it holds what was read before it.
+/// All files of a folder, as a document is initialised: a file that the listing does not hold is silently not
+/// read. What they fill is emptied first; after a failure it holds what was read before it.
 std::optional<TableFailure> LoadDamCoefFolder(const QString& programFolder, std::vector<DamCoefSet>& sets);
 std::optional<TableFailure> LoadFaultTable(const QString& programFolder, std::vector<MainFaultRow>& rows);
 /// Order of the records: h20_h, h20_v, h17, then the others as listed.

@@ -9,19 +9,23 @@ namespace tremlo {
 
 namespace {
 
-bool IsBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsBlank(char c) {
+  return c == ' ' || (c >= '\t' && c <= '\r');
+}
+bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
+}
 bool IsHexDigit(char c) {
   const char lower = static_cast<char>(c | 0x20);
   return IsDigit(c) || (lower >= 'a' && lower <= 'f');
 }
 
-/// Whether the magnitude of a number that a double cannot hold is too large, not too small. `digits` is the matched
-/// text without sign; only the sign of the exponent of its leading digit matters.
+/// Whether the magnitude of a number that a double cannot hold is too large, not too small. `digits` is the
+/// matched text without sign; only the sign of the exponent of its leading digit matters.
 bool IsTooLarge(std::string_view digits, bool hexadecimal) {
   const char exponentMark = hexadecimal ? 'p' : 'e';
-  const auto mark = std::find_if(digits.begin(), digits.end(),
-                                 [&](char c) { return (c | 0x20) == exponentMark; });
+  const auto mark =
+      std::find_if(digits.begin(), digits.end(), [&](char c) { return (c | 0x20) == exponentMark; });
   std::int64_t exponent = 0;
   if (mark != digits.end()) {
     const char* from = &*mark + 1;
@@ -62,8 +66,8 @@ bool LineScanner::Number(double& value) {
   }
   const char* const end = text.data() + text.size();
   double magnitude = 0.0;
-  const auto [stop, error] = std::from_chars(text.data(), end, magnitude,
-                                             hexadecimal ? std::chars_format::hex : std::chars_format::general);
+  const auto [stop, error] = std::from_chars(
+      text.data(), end, magnitude, hexadecimal ? std::chars_format::hex : std::chars_format::general);
   if (error == std::errc::invalid_argument) return false;
   if (error == std::errc::result_out_of_range) {
     const std::string_view matched = text.substr(0, static_cast<std::size_t>(stop - text.data()));

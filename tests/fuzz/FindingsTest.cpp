@@ -14,7 +14,7 @@ void ExpectNumber(std::string_view text, double expected) {
   EXPECT_EQ(value, expected) << text;
 }
 
-TEST(TextScan, AnExponentAtTheEndOfItsTypeStillTellsTooLargeFromTooSmall) {
+TEST(Finding, AnExponentAtTheEndOfItsTypeStillTellsTooLargeFromTooSmall) {
   ExpectNumber("1e9223372036854775807", kInf);
   ExpectNumber("-1e9223372036854775807", -kInf);
   ExpectNumber("10e-9223372036854775807", 0.0);
@@ -22,12 +22,12 @@ TEST(TextScan, AnExponentAtTheEndOfItsTypeStillTellsTooLargeFromTooSmall) {
   ExpectNumber("0x.01p-9223372036854775807", 0.0);
 }
 
-TEST(TextScan, AnExponentBeyondItsTypeDoesSoToo) {
+TEST(Finding, AnExponentBeyondItsTypeDoesSoToo) {
   ExpectNumber("1e99999999999999999999", kInf);
   ExpectNumber("0.001e-99999999999999999999", 0.0);
 }
 
-TEST(TextScan, ABinaryExponentHasOneSign) {
+TEST(Finding, ABinaryExponentHasOneSign) {
   ExpectNumber("0x1p+1", 2.0);
   ExpectNumber("0x1p-1", 0.5);
   ExpectNumber("0x1p+-1", 1.0);

@@ -1,0 +1,38 @@
+# Asks dpkg what is missing and installs only that, as root or through sudo. To be sourced.
+
+packages_build="g++ cmake ninja-build pkg-config qt6-base-dev libqt6svg6-dev libproj-dev libcurl4-openssl-dev picojson-dev libeigen3-dev"
+packages_test="libgtest-dev libgmock-dev locales python3 openssl clang-format fonts-ipafont-gothic qt6-translations-l10n"
+packages_bench="libbenchmark-dev"
+packages_figure="gnuplot-nox fonts-ipafont-gothic"
+
+need_packages() {
+  local missing=() name
+  for name in "$@"; do
+    [ "$(dpkg-query -W -f='${db:Status-Status}' "$name" 2>/dev/null)" = installed ] || missing+=("$name")
+  done
+  [ ${#missing[@]} -eq 0 ] && return 0
+  echo "Installing: ${missing[*]}"
+  local as_root=()
+  if [ "$(id -u)" -ne 0 ]; then
+    if ! command -v sudo >/dev/null; then
+      echo "These packages are missing, and neither root nor sudo is at hand: ${missing[*]}" >&2
+      return 1
+    fi
+    as_root=(sudo)
+  fi
+  "${as_root[@]}" apt-get update -qq || return 1
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+# Configures and builds a preset; its whole output stands in build/<preset>.log.
+build_preset() {
+  local preset=$1
+  shift
+  mkdir -p build
+  echo "Building the $preset preset (log: build/$preset.log)"
+  if ! { cmake --preset "$preset" && cmake --build --preset "$preset" "$@"; } >"build/$preset.log" 2>&1; then
+    grep -E 'error|Error|FAILED' -A5 "build/$preset.log" | head -n 60 >&2
+    tail -n 20 "build/$preset.log" >&2
+    return 1
+  fi
+}
