@@ -78,17 +78,17 @@ std::optional<TableFailure> LoadFaultDataFile(const TableFile& file, std::vector
 std::optional<TableFailure> LoadLowSpecFile(const TableFile& file, QString& name,
                                             std::vector<double>& periods, std::vector<double>& values);
 
-/// The same from the content of a file that messages call `shown`.
-std::optional<TableFailure> ParseDamCoef(const QByteArray& content, const QString& shown, DamCoefSet& set);
-void ParseFaultData(const QByteArray& content, std::vector<MainFaultRow>& rows);
-void ParseLowSpec(const QByteArray& content, QString& name, std::vector<double>& periods,
-                  std::vector<double>& values);
-
 /// All files of a folder, as a document is initialised: a file that the listing does not hold is silently not
 /// read. What they fill is emptied first; after a failure it holds what was read before it.
 std::optional<TableFailure> LoadDamCoefFolder(const QString& programFolder, std::vector<DamCoefSet>& sets);
 std::optional<TableFailure> LoadFaultTable(const QString& programFolder, std::vector<MainFaultRow>& rows);
 /// Order of the records: h20_h, h20_v, h17, then the others as listed.
 std::optional<TableFailure> LoadLowSpecFolder(const QString& programFolder, CSeismicWaveSet& spectra);
+
+/// What the readers of one file make of its content; messages call the file `shown`.
+std::optional<TableFailure> ParseDamCoef(const QByteArray& content, const QString& shown, DamCoefSet& set);
+void ParseFaultData(const QByteArray& content, std::vector<MainFaultRow>& rows);
+void ParseLowSpec(const QByteArray& content, QString& name, std::vector<double>& periods,
+                  std::vector<double>& values);
 
 }  // namespace tremlo

@@ -28,16 +28,16 @@ std::optional<QString> ReadWaveFile(const QString& path, QString& name, double& 
 std::optional<QString> ReadSpectrumFile(const QString& path, QString& name, std::vector<double>& periods,
                                         std::vector<double>& values);
 
-/// The same from the content of a file.
-void ParseWave(const QByteArray& content, QString& name, double& timeStep, std::vector<double>& acc);
-void ParseSpectrum(const QByteArray& content, QString& name, std::vector<double>& periods,
-                   std::vector<double>& values);
-
 /// Writes `name`, time step and pairs, six significant digits. False, with nothing written, when `path` or
 /// `name` is empty, `timeStep` is 0, `x` is empty or `y` is shorter than `x`; false too when the file cannot
 /// be written (an older file is then as it was).
 bool WriteCsv(const QString& path, const QString& name, double timeStep, const std::vector<double>& x,
               const std::vector<double>& y);
+
+/// What the two readers make of the content of a file.
+void ParseWave(const QByteArray& content, QString& name, double& timeStep, std::vector<double>& acc);
+void ParseSpectrum(const QByteArray& content, QString& name, std::vector<double>& periods,
+                   std::vector<double>& values);
 
 /// A chosen path without its extension, and the extension with its point; both empty for an empty path.
 struct SavePath {
