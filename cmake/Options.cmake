@@ -17,6 +17,13 @@ if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
       -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(tremlo_options INTERFACE -fsanitize=address,undefined)
   endif()
+  if(TREMLO_FUZZ)
+    if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+      message(FATAL_ERROR "The fuzz targets need clang: scripts/fuzz")
+    endif()
+    # Counts the branches taken everywhere; only the fuzz programs link the fuzzer itself.
+    target_compile_options(tremlo_options INTERFACE -fsanitize=fuzzer-no-link)
+  endif()
 endif()
 
 target_compile_definitions(tremlo_options INTERFACE QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)

@@ -128,19 +128,23 @@ std::vector<QString> SampleTableFolders(const QString& programFolder) {
 std::optional<TableFailure> LoadDamCoefFile(const TableFile& file, DamCoefSet& set) {
   QByteArray content;
   if (!ReadWholeFile(file.path, content)) return CannotOpen(file);
+  return ParseDamCoef(content, file.shown, set);
+}
+
+std::optional<TableFailure> ParseDamCoef(const QByteArray& content, const QString& shown, DamCoefSet& set) {
   const CsvText csv(content);
   LineReader lines(csv.Text());
   DamCoefSet read;
 
   read.method = csv.NextText(lines);
   if (read.method != QStringView(kHorizontalMethod) && read.method != QStringView(kVerticalMethod))
-    return TableFailure{file.shown + QStringLiteral("の1行目が正しい文字列ではありません。"), 1};
+    return TableFailure{shown + QStringLiteral("の1行目が正しい文字列ではありません。"), 1};
 
   std::string_view line;
   read.distanceKind = -1;
   if (lines.Next(line)) LineScanner(line).Whole(read.distanceKind);
   if (read.distanceKind != 0 && read.distanceKind != 1)
-    return TableFailure{file.shown + QStringLiteral("の2行目に正しい数値与えられていません。"), 1};
+    return TableFailure{shown + QStringLiteral("の2行目に正しい数値与えられていません。"), 1};
 
   read.title = csv.NextText(lines);
   lines.Next(line);  // the heading row
@@ -164,6 +168,11 @@ std::optional<TableFailure> LoadDamCoefFile(const TableFile& file, DamCoefSet& s
 std::optional<TableFailure> LoadFaultDataFile(const TableFile& file, std::vector<MainFaultRow>& rows) {
   QByteArray content;
   if (!ReadWholeFile(file.path, content)) return CannotOpen(file);
+  ParseFaultData(content, rows);
+  return std::nullopt;
+}
+
+void ParseFaultData(const QByteArray& content, std::vector<MainFaultRow>& rows) {
   const CsvText csv(content);
   LineReader lines(csv.Text());
   rows.clear();
@@ -183,13 +192,18 @@ std::optional<TableFailure> LoadFaultDataFile(const TableFile& file, std::vector
     row.lon = fields.lon;
     row.lat = fields.lat;
   }
-  return std::nullopt;
 }
 
 std::optional<TableFailure> LoadLowSpecFile(const TableFile& file, QString& name,
                                             std::vector<double>& periods, std::vector<double>& values) {
   QByteArray content;
   if (!ReadWholeFile(file.path, content)) return CannotOpen(file);
+  ParseLowSpec(content, name, periods, values);
+  return std::nullopt;
+}
+
+void ParseLowSpec(const QByteArray& content, QString& name, std::vector<double>& periods,
+                  std::vector<double>& values) {
   const CsvText csv(content);
   LineReader lines(csv.Text());
   name = csv.NextText(lines);
@@ -207,7 +221,6 @@ std::optional<TableFailure> LoadLowSpecFile(const TableFile& file, QString& name
     std::reverse(periods.begin(), periods.end());
     std::reverse(values.begin(), values.end());
   }
-  return std::nullopt;
 }
 
 std::optional<TableFailure> LoadDamCoefFolder(const QString& programFolder, std::vector<DamCoefSet>& sets) {

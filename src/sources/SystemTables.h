@@ -2,6 +2,7 @@
 
 #include "waves/SeismicWaveSet.h"
 
+#include <QByteArray>
 #include <QString>
 
 #include <cstdint>
@@ -84,5 +85,11 @@ std::optional<TableFailure> LoadDamCoefFolder(const QString& programFolder, std:
 std::optional<TableFailure> LoadFaultTable(const QString& programFolder, std::vector<MainFaultRow>& rows);
 /// Order of the records: h20_h, h20_v, h17, then the others as listed.
 std::optional<TableFailure> LoadLowSpecFolder(const QString& programFolder, CSeismicWaveSet& spectra);
+
+/// What the readers of one file make of its content; messages call the file `shown`.
+std::optional<TableFailure> ParseDamCoef(const QByteArray& content, const QString& shown, DamCoefSet& set);
+void ParseFaultData(const QByteArray& content, std::vector<MainFaultRow>& rows);
+void ParseLowSpec(const QByteArray& content, QString& name, std::vector<double>& periods,
+                  std::vector<double>& values);
 
 }  // namespace tremlo

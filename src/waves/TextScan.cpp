@@ -32,8 +32,10 @@ bool IsTooLarge(std::string_view digits, bool hexadecimal) {
     const char* const end = digits.data() + digits.size();
     const bool negative = from != end && *from == '-';
     if (from != end && (*from == '-' || *from == '+')) ++from;
-    if (std::from_chars(from, end, exponent).ec == std::errc::result_out_of_range)
-      exponent = std::numeric_limits<std::int64_t>::max() / 8;
+    // Far beyond any place of a digit, and far enough from the end of the type to be added to one.
+    constexpr std::int64_t kFar = std::numeric_limits<std::int64_t>::max() / 8;
+    const bool tooLong = std::from_chars(from, end, exponent).ec == std::errc::result_out_of_range;
+    exponent = tooLong ? kFar : std::min(exponent, kFar);
     if (negative) exponent = -exponent;
   }
   const std::string mantissa(digits.begin(), mark);
@@ -57,7 +59,11 @@ bool LineScanner::Number(double& value) {
     return IsHexDigit(text[2]) || (text[2] == '.' && text.size() > 3 && IsHexDigit(text[3]));
   };
   const bool hexadecimal = hexStart();
-  if (hexadecimal) text.remove_prefix(2);
+  if (hexadecimal) {
+    text.remove_prefix(2);
+    // The library of GCC 12 takes the two signs of "p+-1" for one.
+    text = text.substr(0, text.find("+-"));
+  }
   const char* const end = text.data() + text.size();
   double magnitude = 0.0;
   const auto [stop, error] = std::from_chars(

@@ -45,6 +45,11 @@ std::optional<QString> ReadWaveFile(const QString& path, QString& name, double& 
                                     std::vector<double>& acc) {
   QByteArray content;
   if (!ReadWholeFile(path, content)) return CannotOpen(path);
+  ParseWave(content, name, timeStep, acc);
+  return std::nullopt;
+}
+
+void ParseWave(const QByteArray& content, QString& name, double& timeStep, std::vector<double>& acc) {
   const CsvText csv(content);
   LineReader lines(csv.Text());
   std::string_view line;
@@ -64,13 +69,18 @@ std::optional<QString> ReadWaveFile(const QString& path, QString& name, double& 
     ScanPair(line, time, sample);
     acc.push_back(sample);
   }
-  return std::nullopt;
 }
 
 std::optional<QString> ReadSpectrumFile(const QString& path, QString& name, std::vector<double>& periods,
                                         std::vector<double>& values) {
   QByteArray content;
   if (!ReadWholeFile(path, content)) return CannotOpen(path);
+  ParseSpectrum(content, name, periods, values);
+  return std::nullopt;
+}
+
+void ParseSpectrum(const QByteArray& content, QString& name, std::vector<double>& periods,
+                   std::vector<double>& values) {
   const CsvText csv(content);
   LineReader lines(csv.Text());
   std::string_view line;
@@ -88,7 +98,6 @@ std::optional<QString> ReadSpectrumFile(const QString& path, QString& name, std:
     periods.push_back(period);
     values.push_back(value);
   }
-  return std::nullopt;
 }
 
 std::string CsvContent(const QString& name, double timeStep, const std::vector<double>& x,

@@ -3,6 +3,7 @@
 #include "waves/SeismicWaveSet.h"
 #include "waves/WholeFile.h"
 
+#include <QByteArray>
 #include <QString>
 
 #include <optional>
@@ -32,6 +33,11 @@ std::optional<QString> ReadSpectrumFile(const QString& path, QString& name, std:
 /// be written (an older file is then as it was).
 bool WriteCsv(const QString& path, const QString& name, double timeStep, const std::vector<double>& x,
               const std::vector<double>& y);
+
+/// What the two readers make of the content of a file.
+void ParseWave(const QByteArray& content, QString& name, double& timeStep, std::vector<double>& acc);
+void ParseSpectrum(const QByteArray& content, QString& name, std::vector<double>& periods,
+                   std::vector<double>& values);
 
 /// A chosen path without its extension, and the extension with its point; both empty for an empty path.
 struct SavePath {
