@@ -1,6 +1,6 @@
 #include "graphs/CurvePaint.h"
 
-#include "graphs/GraphColor.h"
+#include "graphs/BgrColor.h"
 #include "graphs/GraphSurface.h"
 
 #include <QLineF>
@@ -73,10 +73,11 @@ void PaintTrace(const GraphSurface& surface, const std::vector<TracePiece>& trac
   QPainter& painter = surface.Painter();
   painter.setRenderHint(QPainter::Antialiasing, false);
   painter.setPen(Qt::NoPen);
-  painter.setBrush(ToColor(pen.color));
+  painter.setBrush(ColorFromBgr(pen.color));
   painter.drawRects(columns);
   painter.setRenderHint(QPainter::Antialiasing, true);
-  painter.setPen(QPen(ToColor(pen.color), width, Qt::SolidLine, pen.dotted ? Qt::FlatCap : Qt::RoundCap));
+  painter.setPen(
+      QPen(ColorFromBgr(pen.color), width, Qt::SolidLine, pen.dotted ? Qt::FlatCap : Qt::RoundCap));
   painter.drawLines(lines);
 }
 

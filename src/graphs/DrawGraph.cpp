@@ -1,8 +1,8 @@
 #include "graphs/DrawGraph.h"
 
+#include "graphs/BgrColor.h"
 #include "graphs/CurvePaint.h"
 #include "graphs/CurveTrace.h"
-#include "graphs/GraphColor.h"
 #include "graphs/GraphSurface.h"
 #include "graphs/GraphTexts.h"
 

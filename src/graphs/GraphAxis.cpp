@@ -1,11 +1,10 @@
 #include "graphs/GraphAxis.h"
 
+#include "graphs/CellNumber.h"
+
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <cstdlib>
-#include <string>
-#include <string_view>
 
 namespace tremlo {
 namespace {
@@ -13,17 +12,10 @@ namespace {
 // Part of a step by which a multiple may miss a limit through rounding and still be taken as on it.
 constexpr double kOnLimit = 1e-9;
 
-template <typename... Form>
-std::string Written(double value, Form... form) {
-  std::string text(400, '\0');  // the largest double has 309 digits before the point
-  const auto end = std::to_chars(text.data(), text.data() + text.size(), value, form...).ptr;
-  text.resize(static_cast<std::size_t>(end - text.data()));
-  return text;
-}
-
-std::string WithoutMinusZero(std::string text) {
-  if (text.starts_with('-') && text.find_first_not_of("-0.") == std::string::npos) text.erase(0, 1);
-  return text;
+QString WithoutMinusZero(const QString& text) {
+  const bool zero =
+      std::all_of(text.begin(), text.end(), [](QChar c) { return c == u'-' || c == u'0' || c == u'.'; });
+  return zero && text.startsWith(u'-') ? text.mid(1) : text;
 }
 
 }  // namespace
@@ -77,7 +69,8 @@ std::vector<AxisLabel> GraphAxis::Labels(int decimals) const {
   std::vector<AxisLabel> labels;
   if (m_scale == Scale::Linear) {
     for (const double value : Ticks())
-      if (const auto pixel = Pixel(value)) labels.push_back({value, *pixel, FixedText(value, decimals)});
+      if (const auto pixel = Pixel(value))
+        labels.push_back({value, *pixel, WithoutMinusZero(FixedText(value, decimals))});
     return labels;
   }
   for (const double exponent : Decades()) {
@@ -133,21 +126,16 @@ bool GraphAxis::Outnumbers(double lines) const {
   return !(lines <= std::abs(m_last - m_first));
 }
 
-QString FixedText(double value, int decimals) {
-  return QString::fromStdString(WithoutMinusZero(Written(value, std::chars_format::fixed, decimals)));
-}
-
 QString ShortText(double value) {
   const double magnitude = std::fabs(value);
-  const bool plain = value == 0.0 || (magnitude >= 1e-6 && magnitude < 1e9);
-  if (!plain) return QString::fromStdString(Written(value, std::chars_format::general, 6));
+  if (value != 0.0 && !(magnitude >= 1e-6 && magnitude < 1e9)) return QString::number(value, 'g', 6);
   const int digitsBefore = value == 0.0 ? 1 : static_cast<int>(std::floor(std::log10(magnitude))) + 1;
-  std::string text = Written(value, std::chars_format::fixed, std::max(0, 6 - digitsBefore));
-  if (text.find('.') != std::string::npos) {
-    text.erase(text.find_last_not_of('0') + 1);
-    if (text.ends_with('.')) text.pop_back();
+  QString text = FixedText(value, std::max(0, 6 - digitsBefore));
+  if (text.contains(u'.')) {
+    while (text.endsWith(u'0')) text.chop(1);
+    if (text.endsWith(u'.')) text.chop(1);
   }
-  return QString::fromStdString(WithoutMinusZero(text));
+  return WithoutMinusZero(text);
 }
 
 }  // namespace tremlo

@@ -72,8 +72,6 @@ class GraphAxis {
   bool m_usable;
 };
 
-/// The value with a fixed number of places, the same in every locale and never "-0".
-QString FixedText(double value, int decimals);
 /// The value rounded to six significant digits, but never within its whole part, and without trailing zeros;
 /// with an exponent only where it is tiny or huge: "0.01", "20", "1e+09".
 QString ShortText(double value);

@@ -1,5 +1,5 @@
+#include "graphs/BgrColor.h"
 #include "graphs/CurvePalette.h"
-#include "graphs/GraphColor.h"
 
 #include <algorithm>
 #include <array>
@@ -16,7 +16,7 @@ Triple LinearRgb(std::int32_t color) {
     const double v = value / 255.0;
     return v <= 0.04045 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4);
   };
-  const QColor c = ToColor(color);
+  const QColor c = ColorFromBgr(color);
   return {linear(c.red()), linear(c.green()), linear(c.blue())};
 }
 
@@ -71,10 +71,10 @@ TEST(CurvePalette, StartsAgainAfterItsLastColour) {
   EXPECT_EQ(PaletteColor(3 * kPaletteSize + 2), PaletteColor(2));
 }
 
-TEST(GraphColor, HoldsRedInTheLowestByte) {
-  EXPECT_EQ(ToColor(0xFF3232), QColor(0x32, 0x32, 0xFF));
-  EXPECT_EQ(FromColor(QColor(0x32, 0x32, 0xFF)), 0xFF3232);
-  EXPECT_EQ(ToColor(-1), QColor(0xFF, 0xFF, 0xFF));
+TEST(BgrColor, HoldsRedInTheLowestByte) {
+  EXPECT_EQ(ColorFromBgr(0xFF3232), QColor(0x32, 0x32, 0xFF));
+  EXPECT_EQ(BgrFromColor(QColor(0x32, 0x32, 0xFF)), 0xFF3232);
+  EXPECT_EQ(ColorFromBgr(-1), QColor(0xFF, 0xFF, 0xFF));
 }
 
 }  // namespace

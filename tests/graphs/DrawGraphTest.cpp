@@ -1,7 +1,7 @@
 #include "graphs/DrawFourier.h"
 #include "graphs/DrawFreqAccSpec.h"
 #include "graphs/DrawTimeAccGal.h"
-#include "graphs/GraphColor.h"
+#include "graphs/BgrColor.h"
 #include "graphs/JapaneseFont.h"
 #include "waves/SeismicWave.h"
 
@@ -38,7 +38,7 @@ QImage Drawn(CDrawGraph& graph, double ratio = 1.0) {
 }
 
 bool IsRed(const QImage& image, int x, int y) {
-  return image.pixelColor(x, y) == ToColor(kRed);
+  return image.pixelColor(x, y) == ColorFromBgr(kRed);
 }
 
 int CountRed(const QImage& image, const QRect& area) {
