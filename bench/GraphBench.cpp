@@ -1,0 +1,98 @@
+// Painting a graph of 65,536 points, the worst case of one wave and the usual one of a spectrum.
+
+#include "graphs/DrawFreqAccSpec.h"
+#include "graphs/DrawTimeAccGal.h"
+#include "graphs/JapaneseFont.h"
+
+#include <QApplication>
+#include <QImage>
+#include <QPainter>
+
+#include <benchmark/benchmark.h>
+#include <cmath>
+#include <random>
+
+namespace tremlo {
+namespace {
+
+constexpr std::size_t kPoints = 65536;
+constexpr QSize kSize(1100, 600);
+
+std::vector<double> Noise() {
+  std::mt19937 engine(1);
+  std::normal_distribution<double> noise(0.0, 120.0);
+  std::vector<double> samples(kPoints);
+  for (double& sample : samples) sample = noise(engine);
+  return samples;
+}
+
+void Paint(CDrawGraph& graph, benchmark::State& state) {
+  const double ratio = static_cast<double>(state.range(1)) / 100.0;
+  QImage image(kSize * ratio, QImage::Format_RGB32);
+  image.setDevicePixelRatio(ratio);
+  for (auto _ : state) {
+    QPainter painter(&image);
+    graph.Draw(painter, QRectF(QPointF(0.0, 0.0), kSize));
+  }
+}
+
+CurvePen PenOf(const benchmark::State& state, bool dotted = false) {
+  return {0xFF3232, static_cast<int>(state.range(0)), dotted};
+}
+
+void PaintWave(benchmark::State& state) {
+  CDrawTimeAccGal graph({});
+  graph.AddWave(Noise(), 0.005, PenOf(state));
+  Paint(graph, state);
+}
+
+void PaintWaveDotted(benchmark::State& state) {
+  CDrawTimeAccGal graph({});
+  graph.AddWave(Noise(), 0.005, PenOf(state, true));
+  Paint(graph, state);
+}
+
+// 65,536 points at the periods of a Fourier grid, on a logarithmic axis.
+void PaintSpectrum(benchmark::State& state) {
+  std::vector<double> periods, values;
+  for (std::size_t i = 1; i <= kPoints; ++i) {
+    periods.push_back(655.36 / static_cast<double>(i));
+    values.push_back(600.0 + 400.0 * std::sin(static_cast<double>(i) * 0.01));
+  }
+  CDrawFreqAccSpec graph({});
+  graph.AddSpectrum(periods, values, PenOf(state));
+  Paint(graph, state);
+}
+
+// What one move of the mouse costs: the nearest of all points, and a repaint.
+void PointAtWave(benchmark::State& state) {
+  CDrawTimeAccGal graph({});
+  graph.AddWave(Noise(), 0.005, {});
+  graph.ComputeRange();
+  int x = 0;
+  for (auto _ : state)
+    benchmark::DoNotOptimize(graph.PointAt(QRect(QPoint(), kSize), QPoint(100 + ++x % 900, 300)));
+}
+
+// Pen width, scale of the screen in per cent.
+BENCHMARK(PaintWave)->Args({1, 100})->Args({2, 100})->Args({5, 100})->Args({2, 200})->Unit(
+    benchmark::kMillisecond);
+BENCHMARK(PaintWaveDotted)->Args({1, 100})->Args({2, 100})->Unit(benchmark::kMillisecond);
+BENCHMARK(PaintSpectrum)
+    ->Args({1, 100})
+    ->Args({2, 100})
+    ->Args({5, 100})
+    ->Args({2, 200})
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(PointAtWave)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace tremlo
+
+int main(int argc, char* argv[]) {
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QApplication application(argc, argv);
+  tremlo::InstallJapaneseFonts();
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+}

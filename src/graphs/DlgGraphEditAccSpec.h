@@ -1,0 +1,14 @@
+#pragma once
+
+#include "graphs/GraphEditDialog.h"
+
+namespace tremlo {
+
+/// Range, scale and colours of a screen with the spectrum graph alone.
+class CDlgGraphEditAccSpec : public GraphEditDialog {
+ public:
+  CDlgGraphEditAccSpec(WaveGraphSetting& block, std::vector<CurveColor> colors, QWidget* parent = nullptr)
+      : GraphEditDialog({SpectrumGraph()}, block, std::move(colors), parent) {}
+};
+
+}  // namespace tremlo

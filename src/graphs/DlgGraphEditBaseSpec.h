@@ -1,0 +1,14 @@
+#pragma once
+
+#include "graphs/GraphEditDialog.h"
+
+namespace tremlo {
+
+/// Range and scale of a spectrum graph whose colours are set elsewhere.
+class CDlgGraphEditBaseSpec : public GraphEditDialog {
+ public:
+  explicit CDlgGraphEditBaseSpec(WaveGraphSetting& block, QWidget* parent = nullptr)
+      : GraphEditDialog({SpectrumGraph()}, block, {}, parent) {}
+};
+
+}  // namespace tremlo
