@@ -56,7 +56,8 @@ TEST(DPoly, FewerThanThreePointsContainNothing) {
 }
 
 TEST(DPoly, PointOnTheEdgeOfTheBoxIsTestedFurther) {
-  // The ray leaves the square in its starting point on the right side; from the left side it crosses two sides.
+  // The ray leaves the square in its starting point on the right side; from the left side it crosses two
+  // sides.
   EXPECT_TRUE(kSquare.Contains(30, 20));
   EXPECT_FALSE(kSquare.Contains(10, 20));
   EXPECT_FALSE(PolygonOf({{0, 0}, {40, 20}, {0, 40}}).Contains(40, 30));
