@@ -161,10 +161,11 @@ CURLcode HttpClient::Session::Wait() {
 }
 
 bool HttpClient::Session::NeverConnected(CURLcode code) const {
-  if (code == CURLE_COULDNT_RESOLVE_HOST || code == CURLE_COULDNT_CONNECT) return true;
+  if (requestsSent > 0) return false;  // a redirect may lead to a host that is not there
   long connections = 0;
   curl_easy_getinfo(easy, CURLINFO_NUM_CONNECTS, &connections);
-  return code == CURLE_OPERATION_TIMEDOUT && connections == 0 && requestsSent == 0;
+  return code == CURLE_COULDNT_RESOLVE_HOST || code == CURLE_COULDNT_CONNECT ||
+         (code == CURLE_OPERATION_TIMEDOUT && connections == 0);
 }
 
 HttpClient::HttpClient(const HttpOptions& options, const QString& certificateFile)

@@ -32,8 +32,6 @@ class OnlineMode {
   bool m_online = false;
 };
 
-inline constexpr char16_t kOfflineFaultText[] = u"オフラインではデータを取得できません。";
-
 /// The question before ClearMapCache.
 inline constexpr char16_t kClearMapCacheQuestion[] =
     u"地図画像キャッシュをクリアします。\n以下の影響がありますがよろしいですか。\n\n・地図画像を国土地理院か"

@@ -5,6 +5,12 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QProcess>
+
+#ifdef Q_OS_UNIX
+#include <csignal>
+#include <sys/resource.h>
+#endif
 
 #include <gmock/gmock.h>
 
@@ -258,6 +264,22 @@ TEST_F(FaultsCommandTest, RangeNeedsTheTables) {
   ExpectFailure(Run(kRange + QStringList{"50", "--data", folder.Path()}), 2, "がありません。");
   EXPECT_THAT(local.Paths(), IsEmpty());
 }
+
+#ifdef Q_OS_UNIX
+TEST_F(FaultsCommandTest, DiskThatIsFullIsStatusTwo) {
+  QProcess process;
+  process.setChildProcessModifier([] {
+    const rlimit limit{1000, 1000};
+    setrlimit(RLIMIT_FSIZE, &limit);
+    std::signal(SIGXFSZ, SIG_IGN);
+  });
+  process.start(TREMLO_PROGRAM_DIR "/tremlo-cli",
+                {"faults", "--zone", "7", "--site", kSite, "--service", local.Address()});
+  ASSERT_TRUE(process.waitForFinished(-1));
+  const CliResult result{process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+  ExpectFailure(result, 2, "J-SHISからの断層データを書き込むファイルを開けませんでした。(");
+}
+#endif
 
 TEST_F(FaultsCommandTest, AnswersLeaveNoFileBehind) {
   const TestFolder folder;

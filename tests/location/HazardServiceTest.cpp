@@ -133,7 +133,7 @@ TEST_F(HazardServiceTest, NetworkFailuresAreSilentAndAskOnce) {
   for (const char* wishes :
        {"ranking=drop", "ranking=cut", "ranking=nohttp", "ranking=huge", "ranking=stall", "ranking=half"}) {
     Wish(wishes);
-    settings.hazard.silenceTimeoutMs = 200;
+    settings.hazard.silenceTimeoutMs = 1000;
     EXPECT_EQ(Search(), ServiceOutcome::NoAnswer) << wishes;
     EXPECT_EQ(local.Paths().size(), ++asked) << wishes;
   }

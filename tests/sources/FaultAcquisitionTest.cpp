@@ -268,7 +268,7 @@ TEST_F(RankingTest, StatusErrorAndAnEmptyRankingLeaveAnEmptyList) {
 }
 
 TEST_F(RankingTest, FailureOfOneModelDropsItsEntryAndIsTheResult) {
-  settings.hazard.silenceTimeoutMs = 300;
+  settings.hazard.silenceTimeoutMs = 2000;
   const HttpOptions options = settings.hazard;
   struct Case {
     const char* wishes;
