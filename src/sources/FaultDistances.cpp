@@ -9,7 +9,7 @@ namespace {
 
 constexpr double kRadiansPerDegree = 0.017453292519943295;
 constexpr double kGridStepKm = 2.0;
-constexpr double kMostGridPoints = 1e6;
+constexpr double kMostGridPoints = 1e7;
 constexpr double kShortestStart = 0.0;
 constexpr double kEquivalentStart = 1.0;
 

@@ -19,7 +19,7 @@ std::vector<double> PlaneCentreDepth(const std::vector<double>& dep, const std::
 
 /// Distances (km) from a site on the surface to the points of one plane, on a grid of 2 km that begins
 /// `start` km from the corner along both sides and ends with the sides; row by row down dip. Lengths in km,
-/// angles in degrees. A side shorter than `start` leaves no point. A plane of more than 1e6 points, larger
+/// angles in degrees. A side shorter than `start` leaves no point. A plane of more than 1e7 points, larger
 /// than any on earth, counts as one without points.
 std::vector<double> PlaneGridDistances(double wid, double len, double dep, double eastCorner,
                                        double northCorner, double eastSite, double northSite, double strike,
