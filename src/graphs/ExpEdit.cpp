@@ -1,16 +1,14 @@
 #include "graphs/ExpEdit.h"
 
-#include <QAbstractButton>
+#include "graphs/EntryGate.h"
+
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
-#include <QDialogButtonBox>
 #include <QDropEvent>
 #include <QMenu>
 #include <QMimeData>
-#include <QScopedValueRollback>
-
-#include <memory>
+#include <QPointer>
 
 namespace tremlo {
 
@@ -25,40 +23,10 @@ bool BringsText(const QKeyEvent& event) {
   return text[0].isPrint() || text[0].isSurrogate();
 }
 
-bool RejectsItsBox(const QObject* target) {
-  auto* const button = qobject_cast<QAbstractButton*>(const_cast<QObject*>(target));
-  if (!button) return false;
-  for (QObject* above = button->parent(); above; above = above->parent())
-    if (const auto* const box = qobject_cast<QDialogButtonBox*>(above))
-      return box->buttonRole(button) == QDialogButtonBox::RejectRole;
-  return false;
-}
-
-/// Whether the event presses a button, or begins a command, that may leave the focus where it is.
-bool ActsWithoutFocus(const QObject* target, const QEvent& event) {
-  if (event.type() == QEvent::Shortcut) return true;
-  return event.type() == QEvent::MouseButtonPress && qobject_cast<const QAbstractButton*>(target);
-}
-
-bool IsInput(QEvent::Type type) {
-  switch (type) {
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonRelease:
-    case QEvent::MouseButtonDblClick:
-    case QEvent::KeyPress:
-    case QEvent::Shortcut:
-    case QEvent::ContextMenu:
-    case QEvent::TouchBegin:
-    case QEvent::TouchEnd:
-      return true;
-    default:
-      return false;
-  }
-}
-
 }  // namespace
 
-CExpEdit::CExpEdit(QWidget* parent) : QLineEdit(parent) {
+CExpEdit::CExpEdit(QWidget* parent)
+    : QLineEdit(parent), m_gate(new EntryGate(this, [this] { return !m_dirty || FinishEntry(); })) {
   connect(this, &QLineEdit::textChanged, this, [this] { m_dirty = true; });
 }
 
@@ -73,6 +41,10 @@ void CExpEdit::SetColors(const QColor& text, const QColor& back) {
   UpdateLook();
 }
 
+void CExpEdit::SetCancelButton(QWidget* button) {
+  m_gate->SetCancelButton(button);
+}
+
 void CExpEdit::SetText(const QString& text) {
   setText(text);
   m_savedText = text;
@@ -82,10 +54,6 @@ void CExpEdit::SetText(const QString& text) {
 EntryState CExpEdit::State() const {
   if (hasSelectedText()) return {text(), selectionStart(), selectionLength()};
   return {text(), cursorPosition(), 0};
-}
-
-bool CExpEdit::IsCancel(const QObject* target) const {
-  return target && (target == m_cancelButton || RejectsItsBox(target));
 }
 
 CExpEdit::Refusal CExpEdit::Check() const {
@@ -110,53 +78,26 @@ bool CExpEdit::FinishEntry() {
   m_cancelling = false;
   m_savedText = text();
   if (checked)
-    TellEntered();
+    m_gate->RunBeforePress([this] { Q_EMIT Entered(); });
   else if (changed)
     Q_EMIT Abandoned();
   return true;
 }
 
-void CExpEdit::TellEntered() {
-  m_boxOpened = false;
-  Q_EMIT Entered();
-  // The box took the release of the press that left the field: without its end the press would stay down.
-  if (m_boxOpened && !hasFocus()) SwallowPress();
-}
-
 void CExpEdit::Refuse(Refusal refusal) {
   m_refusal = std::move(refusal);
   m_refusing = true;
-  m_swallowing = true;
-  qApp->installEventFilter(this);
+  m_gate->SwallowPress();
   QMetaObject::invokeMethod(this, &CExpEdit::TellRefusal, Qt::QueuedConnection);
 }
 
 void CExpEdit::TellRefusal() {
-  m_swallowing = false;
   const QPointer<CExpEdit> self(this);
   if (isVisible()) m_show(window(), m_refusal.title, m_refusal.text);
   if (!self) return;
   SetText(m_savedText);
   if (isVisible()) setFocus(Qt::OtherFocusReason);
   m_refusing = false;
-  if (!hasFocus()) qApp->removeEventFilter(this);
-}
-
-void CExpEdit::SwallowPress() {
-  m_swallowing = true;
-  const auto end = [this] {
-    m_swallowing = false;
-    if (!hasFocus()) qApp->removeEventFilter(this);
-  };
-  QMetaObject::invokeMethod(this, end, Qt::QueuedConnection);
-}
-
-bool CExpEdit::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::WindowBlocked && watched == window()) m_boxOpened = true;
-  if (m_swallowing && IsInput(event->type())) return true;
-  if (hasFocus() && m_dirty && ActsWithoutFocus(watched, *event) && !IsCancel(watched) && !FinishEntry())
-    return true;
-  return QLineEdit::eventFilter(watched, event);
 }
 
 void CExpEdit::focusInEvent(QFocusEvent* event) {
@@ -165,7 +106,7 @@ void CExpEdit::focusInEvent(QFocusEvent* event) {
     focusNextPrevChild(event->reason() != Qt::BacktabFocusReason);
     return;
   }
-  qApp->installEventFilter(this);
+  m_gate->SetOpen(true);
   if (event->reason() == Qt::PopupFocusReason) return;
   m_selectOnRelease = m_selectAllOnFocus && event->reason() == Qt::MouseFocusReason;
   if (m_selectAllOnFocus) selectAll();
@@ -178,11 +119,10 @@ void CExpEdit::focusInEvent(QFocusEvent* event) {
 void CExpEdit::focusOutEvent(QFocusEvent* event) {
   QLineEdit::focusOutEvent(event);
   if (event->reason() == Qt::PopupFocusReason || isReadOnly()) return;
-  if (!m_refusing) {
-    if (IsCancel(QApplication::focusWidget())) m_cancelling = true;
-    FinishEntry();
-  }
-  if (!m_refusing && !m_swallowing) qApp->removeEventFilter(this);
+  m_gate->SetOpen(false);
+  if (m_refusing) return;
+  if (m_gate->IsCancel(QApplication::focusWidget())) m_cancelling = true;
+  FinishEntry();
 }
 
 void CExpEdit::keyPressEvent(QKeyEvent* event) {

@@ -6,9 +6,10 @@
 #include <QClipboard>
 #include <QColor>
 #include <QLineEdit>
-#include <QPointer>
 
 namespace tremlo {
+
+class EntryGate;
 
 /// The entry field of every dialog and screen: text, whole number or decimal. It drops what its kind does not
 /// take while it is typed, and checks a changed text when it is left, by the focus or by Return. A refused
@@ -38,7 +39,7 @@ class CExpEdit : public QLineEdit {
   void SetShowWarning(ShowWarning show) { m_show = std::move(show); }
   /// The button that leaves the field without a check. One that rejects its QDialogButtonBox is known as
   /// such.
-  void SetCancelButton(QWidget* button) { m_cancelButton = button; }
+  void SetCancelButton(QWidget* button);
 
   void SetText(const QString& text);
   QString GetText() const { return text(); }
@@ -66,7 +67,6 @@ class CExpEdit : public QLineEdit {
   void contextMenuEvent(QContextMenuEvent* event) override;
   void dropEvent(QDropEvent* event) override;
   void changeEvent(QEvent* event) override;
-  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   struct Refusal {
@@ -75,12 +75,9 @@ class CExpEdit : public QLineEdit {
 
   EntryState State() const;
   bool FilterKey(QKeyEvent* event);
-  bool IsCancel(const QObject* target) const;
   Refusal Check() const;
-  void TellEntered();
   void Refuse(Refusal refusal);
   void TellRefusal();
-  void SwallowPress();
   void PasteFrom(QClipboard::Mode mode);
   void UpdateLook();
 
@@ -88,7 +85,7 @@ class CExpEdit : public QLineEdit {
   QColor m_textColor, m_backColor;
   OwnerCheck m_ownerCheck;
   ShowWarning m_show = ShowWarningBox;
-  QPointer<QWidget> m_cancelButton;
+  EntryGate* m_gate;
   QString m_savedText;
   Refusal m_refusal;
   bool m_dirty = false;
@@ -96,9 +93,7 @@ class CExpEdit : public QLineEdit {
   bool m_enterPressed = false;
   bool m_selectAllOnFocus = true;
   bool m_selectOnRelease = false;
-  bool m_refusing = false;    ///< from a refusal until text and focus are back
-  bool m_swallowing = false;  ///< the press that left the field is still on its way
-  bool m_boxOpened = false;
+  bool m_refusing = false;  ///< from a refusal until text and focus are back
 };
 
 }  // namespace tremlo
