@@ -17,7 +17,7 @@ using testing::IsEmpty;
 AdjustInput InputFor(double factor, int iterations = 2) {
   AdjustInput input;
   input.timeStep = 0.01;
-  input.acc = test::RecordLike(256, 6);
+  input.acc = test::CenteredRecord(256, 6);
   ComputeResponseSpectrum(input.acc, input.periods, input.target, input.timeStep);
   for (double& value : input.target) value *= factor;
   input.iterations = iterations;

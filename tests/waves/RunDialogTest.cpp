@@ -74,22 +74,22 @@ TEST_F(RunDialogTest, ThereIsNoButtonAndNoCloseBox) {
 
 TEST_F(RunDialogTest, KeysAndCloseRequestsDoNothingWhileItRuns) {
   bool seen = false;
-  const bool result = Run([] { return true; },
-                          [&] {
-                            ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog));
-                            EXPECT_EQ(QApplication::activeModalWidget(), &dialog);
-                            for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape,
-                                                      Qt::Key_Space, Qt::Key_Cancel}) {
-                              QTest::keyClick(&dialog, key);
-                              EXPECT_TRUE(dialog.isVisible()) << key;
-                            }
-                            QTest::keyClick(&dialog, Qt::Key_F4, Qt::AltModifier);
-                            EXPECT_FALSE(dialog.close());
-                            dialog.reject();
-                            EXPECT_TRUE(dialog.isVisible());
-                            EXPECT_FALSE(dialog.IsFinished());
-                            seen = true;
-                          });
+  const bool result =
+      Run([] { return true; },
+          [&] {
+            ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog));
+            EXPECT_EQ(QApplication::activeModalWidget(), &dialog);
+            for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape, Qt::Key_Space}) {
+              QTest::keyClick(&dialog, key);
+              EXPECT_TRUE(dialog.isVisible()) << key;
+            }
+            QTest::keyClick(&dialog, Qt::Key_F4, Qt::AltModifier);
+            EXPECT_FALSE(dialog.close());
+            dialog.reject();
+            EXPECT_TRUE(dialog.isVisible());
+            EXPECT_FALSE(dialog.IsFinished());
+            seen = true;
+          });
   EXPECT_TRUE(seen);
   EXPECT_TRUE(result);
   EXPECT_TRUE(dialog.IsFinished());

@@ -48,7 +48,7 @@ CSeismicWaveSet Waves(const std::vector<QString>& names) {
 AdjustInput DoubledTarget(int iterations) {
   AdjustInput input;
   input.timeStep = 0.01;
-  input.acc = test::RecordLike(256, 6);
+  input.acc = test::CenteredRecord(256, 6);
   ComputeResponseSpectrum(input.acc, input.periods, input.target, input.timeStep);
   for (double& value : input.target) value *= 2.0;
   input.iterations = iterations;
