@@ -53,6 +53,11 @@ void RunDialog::SetProgress(int done, int total, const QString& text) {
   m_reported = {done, total, text};
 }
 
+void RunDialog::SetAllDone() {
+  const std::lock_guard guard(m_reportedLock);
+  m_reported.done = m_reported.total;
+}
+
 bool RunDialog::event(QEvent* event) {
   if (event->type() != RunEndEvent::EventType()) return QDialog::event(event);
   const auto* end = static_cast<RunEndEvent*>(event);

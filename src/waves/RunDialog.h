@@ -37,6 +37,8 @@ class RunDialog : public QDialog {
 
   /// How far the run has come. Any thread may call it; the next tick shows what was told last.
   void SetProgress(int done, int total, const QString& text);
+  /// The same for the end of all: the bar is full, the text stays.
+  void SetAllDone();
 
   void reject() override {}
 

@@ -12,6 +12,7 @@ bool ComputeMissingSpectra(CSeismicWaveSet& waves, QWidget* parent, std::chrono:
   CDlgNowCalcAccSpec dialog(parent);
   const auto compute = [&] {
     batch.Compute([&](int wave, int count, const QString& name) { dialog.SetWave(wave, count, name); });
+    dialog.SetAllDone();
     return true;
   };
   if (!RunBehindDialog(dialog, compute, pause)) return false;

@@ -160,12 +160,12 @@ TEST(ResponseRoute, AResultIsStoredOnTheFirstWaveAndMarksTheDocument) {
 TEST(ResponseRoute, ARunThatFailedIsNotStored) {
   CMorvaneDoc doc = AdjustedRoute();
   const DocumentState before(doc);
-  StoreRespAdjustment(doc, {.converged = false, .acc = {5.0}});
+  StoreRespAdjustment(doc, {.converged = false, .acc = {5.0}, .periods = {}, .spectrum = {}});
   EXPECT_EQ(DocumentState(doc), before);
   EXPECT_FALSE(doc.IsModified());
 
   CMorvaneDoc empty{QString()};
-  StoreRespAdjustment(empty, {.converged = true, .acc = {5.0}});
+  StoreRespAdjustment(empty, {.converged = true, .acc = {5.0}, .periods = {}, .spectrum = {}});
   EXPECT_FALSE(empty.IsModified());
 }
 

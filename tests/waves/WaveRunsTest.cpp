@@ -25,6 +25,8 @@ class DialogLog : public QObject {
       names.push_back(dialog->objectName());
       parents.push_back(dialog->parentWidget());
       texts.push_back(dialog->findChild<QLabel*>(QStringLiteral("m_progressText"))->text());
+      const auto* bar = dialog->findChild<QProgressBar*>(QStringLiteral("m_progress"));
+      bars.push_back(QStringLiteral("%1 / %2").arg(bar->value()).arg(bar->maximum()));
     }
     return false;
   }
@@ -32,6 +34,7 @@ class DialogLog : public QObject {
   std::vector<QString> names;
   std::vector<QWidget*> parents;
   std::vector<QString> texts;
+  std::vector<QString> bars;
 };
 
 CSeismicWaveSet Waves(const std::vector<QString>& names) {
@@ -65,6 +68,7 @@ TEST(ComputeMissingSpectra, StoresThemBehindTheDialog) {
   EXPECT_THAT(log.names, ElementsAre(QStringLiteral("CDlgNowCalcAccSpec")));
   EXPECT_THAT(log.parents, ElementsAre(&frame));
   EXPECT_THAT(log.texts, ElementsAre(QStringLiteral("2 / 2　c")));
+  EXPECT_THAT(log.bars, ElementsAre(QStringLiteral("2 / 2")));
   std::vector<double> periods;
   std::vector<double> accSpec;
   ComputeResponseSpectrum(waves.GetAcc("a"), periods, accSpec, 0.01);
@@ -88,6 +92,7 @@ TEST(AdjustBehindDialog, GivesTheResultOfTheRun) {
   const AdjustResult result = AdjustBehindDialog(input, nullptr, kNoPause);
   EXPECT_THAT(log.names, ElementsAre(QStringLiteral("CDlgNowCalc")));
   EXPECT_THAT(log.texts, ElementsAre(QStringLiteral("2 / 5 回　偏差 0.00 %（収束判定 5.00 %）")));
+  EXPECT_THAT(log.bars, ElementsAre(QStringLiteral("2 / 5")));
   const AdjustResult expected = RunAdjustment(input);
   EXPECT_TRUE(result.converged);
   EXPECT_EQ(result.passes, 2);
