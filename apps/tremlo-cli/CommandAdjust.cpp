@@ -2,7 +2,7 @@
 #include "Command.h"
 #include "Output.h"
 #include "WaveInput.h"
-#include "waves/AmplitudeAdjust.h"
+#include "waves/AdjustRun.h"
 #include "waves/ResponseSpectrum.h"
 #include "waves/WaveFile.h"
 
@@ -45,10 +45,7 @@ bool ReadTarget(const QString& path, std::vector<double>& periods, std::vector<d
     error = path + QStringLiteral(": スペクトルのデータがありません。");
     return false;
   }
-  if (periods.front() < periods.back()) {
-    std::reverse(periods.begin(), periods.end());
-    std::reverse(target.begin(), target.end());
-  }
+  PutLongestFirst(periods, target);
   return true;
 }
 

@@ -45,6 +45,25 @@ bool HasRespTarget(const CMorvaneDoc& doc) {
   return !target.name.isEmpty() && !target.periods.empty() && !target.accSpec.empty();
 }
 
+AdjustInput RespAdjustInput(const CMorvaneDoc& doc) {
+  AdjustInput input;
+  if (!doc.seedWaves.IsEmpty()) input.SetWave(doc.seedWaves.At(0));
+  if (!doc.respSpectra.IsEmpty()) {
+    input.periods = doc.respSpectra.At(0).periods;
+    input.target = doc.respSpectra.At(0).accSpec;
+    PutLongestFirst(input.periods, input.target);
+  }
+  input.iterations = doc.adjustMaxIterations;
+  input.tolerance = doc.adjustTolerancePercent;
+  return input;
+}
+
+void StoreRespAdjustment(CMorvaneDoc& doc, const AdjustResult& result) {
+  if (!result.converged || doc.seedWaves.IsEmpty()) return;
+  StoreAdjustment(doc.seedWaves.At(0), result);
+  doc.SetModified(true);
+}
+
 void ChangeRespWave(CMorvaneDoc& doc, const std::function<void()>& apply) {
   apply();
   if (!doc.seedWaves.IsEmpty()) doc.seedWaves.At(0).spectrumValid = false;

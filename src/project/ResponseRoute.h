@@ -1,6 +1,7 @@
 #pragma once
 
 #include "project/MorvaneDoc.h"
+#include "waves/AdjustRun.h"
 
 #include <functional>
 
@@ -17,6 +18,13 @@ void EnsureRespSpectrum(CMorvaneDoc& doc);
 
 bool HasRespWaveData(const CMorvaneDoc& doc);  ///< the wave has samples and a time step to go with them
 bool HasRespTarget(const CMorvaneDoc& doc);    ///< the target has a name, periods and values
+
+/// What a run of the adjustment takes: copies of wave and target, the target longest period first, and the
+/// document's settings. The record of the target stays as it is.
+AdjustInput RespAdjustInput(const CMorvaneDoc& doc);
+
+/// Stores a run that converged and marks the document as modified; one that did not changes nothing.
+void StoreRespAdjustment(CMorvaneDoc& doc, const AdjustResult& result);
 
 /// For every change of the wave's time step or samples, a file that is read included: applies it, drops the
 /// result of the adjustment and the response spectrum, and marks the document as modified.

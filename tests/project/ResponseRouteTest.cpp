@@ -119,5 +119,55 @@ TEST(ResponseRoute, AChangedTargetNeedsNoWave) {
   EXPECT_THAT(doc.respSpectra.At(0).periods, ElementsAre(2.0));
 }
 
+TEST(ResponseRoute, ARunTakesCopiesAndTheSettings) {
+  CMorvaneDoc doc = AdjustedRoute();
+  doc.seedWaves.At(0).acc = {1.0, kBlankSample, 3.0};
+  doc.respSpectra.At(0).periods = {0.1, 2.0};
+  doc.respSpectra.At(0).accSpec = {10.0, 20.0};
+  doc.adjustMaxIterations = 7;
+  doc.adjustTolerancePercent = 0.02;
+  const DocumentState before(doc);
+  const AdjustInput input = RespAdjustInput(doc);
+  EXPECT_EQ(input.timeStep, 0.01);
+  EXPECT_THAT(input.acc, ElementsAre(1.0, 0.0, 3.0));
+  EXPECT_THAT(input.periods, ElementsAre(2.0, 0.1));
+  EXPECT_THAT(input.target, ElementsAre(20.0, 10.0));
+  EXPECT_EQ(input.iterations, 7);
+  EXPECT_EQ(input.tolerance, 0.02);
+  EXPECT_EQ(DocumentState(doc), before);
+}
+
+TEST(ResponseRoute, ARunWithoutRecordsHasNoInput) {
+  const AdjustInput input = RespAdjustInput(CMorvaneDoc{QString()});
+  EXPECT_FALSE(input.HasWave());
+  EXPECT_FALSE(input.HasTarget());
+}
+
+TEST(ResponseRoute, AResultIsStoredOnTheFirstWaveAndMarksTheDocument) {
+  CMorvaneDoc doc = AdjustedRoute();
+  doc.seedWaves.At(0).adjusted = false;
+  doc.seedWaves.Add("地震波形");
+  StoreRespAdjustment(doc, {.converged = true, .acc = {5.0}, .periods = {6.0}, .spectrum = {7.0}});
+  const CSeismicWave& wave = doc.seedWaves.At(0);
+  EXPECT_TRUE(wave.adjusted);
+  EXPECT_THAT(wave.adjustedAcc, ElementsAre(5.0));
+  EXPECT_THAT(wave.adjustedPeriods, ElementsAre(6.0));
+  EXPECT_THAT(wave.adjustedSpec, ElementsAre(7.0));
+  EXPECT_FALSE(doc.seedWaves.At(1).adjusted);
+  EXPECT_TRUE(doc.IsModified());
+}
+
+TEST(ResponseRoute, ARunThatFailedIsNotStored) {
+  CMorvaneDoc doc = AdjustedRoute();
+  const DocumentState before(doc);
+  StoreRespAdjustment(doc, {.converged = false, .acc = {5.0}, .periods = {}, .spectrum = {}});
+  EXPECT_EQ(DocumentState(doc), before);
+  EXPECT_FALSE(doc.IsModified());
+
+  CMorvaneDoc empty{QString()};
+  StoreRespAdjustment(empty, {.converged = true, .acc = {5.0}, .periods = {}, .spectrum = {}});
+  EXPECT_FALSE(empty.IsModified());
+}
+
 }  // namespace
 }  // namespace tremlo

@@ -34,11 +34,7 @@ struct Wave {
   std::vector<double> acc, periods, spectrum;
   double timeStep = 0.01;
 
-  explicit Wave(std::size_t count, std::uint64_t seed = 1) : acc(test::RecordLike(count, seed)) {
-    double mean = 0.0;
-    for (const double a : acc) mean += a;
-    mean /= static_cast<double>(count);
-    for (double& a : acc) a -= mean;
+  explicit Wave(std::size_t count, std::uint64_t seed = 1) : acc(test::CenteredRecord(count, seed)) {
     ComputeResponseSpectrum(acc, periods, spectrum, timeStep);
   }
 };
