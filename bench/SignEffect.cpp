@@ -15,8 +15,8 @@
 namespace tremlo {
 namespace {
 
-/// Bands of period in units of the time step, each with the largest and the mean deviation in per cent.
-constexpr std::array<double, 8> kBandLimits = {2.0, 3.0, 5.0, 10.0, 20.0, 50.0, 100.0, 1e9};
+/// Bands of period in units of the time step, each with the largest deviation in per cent.
+constexpr std::array<double, 9> kBandLimits = {2.0, 3.0, 5.0, 10.0, 20.0, 50.0, 100.0, 1000.0, 1e9};
 
 void PrintRecord(const QString& path) {
   QString name;
@@ -47,8 +47,8 @@ void PrintRecord(const QString& path) {
 }  // namespace tremlo
 
 int main() {
-  std::printf("| record | 2-3 dt | 3-5 dt | 5-10 dt | 10-20 dt | 20-50 dt | 50-100 dt | above |\n");
-  std::printf("|---|---|---|---|---|---|---|---|\n");
+  std::printf("| record | 2-3 dt | 3-5 dt | 5-10 dt | 10-20 dt | 20-50 dt | 50-100 dt | 100-1000 dt | above |\n");
+  std::printf("|---|---|---|---|---|---|---|---|---|\n");
   const QDir folder(QStringLiteral(TREMLO_SOURCE_DIR "/samples/waves"));
   for (const QString& name : folder.entryList({QStringLiteral("*.csv")}, QDir::Files, QDir::Name))
     tremlo::PrintRecord(folder.filePath(name));

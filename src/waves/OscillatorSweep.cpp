@@ -161,8 +161,9 @@ SweepVariant BestSweepVariant() {
   return SweepVariant::Plain;
 }
 
-void SweepMaxima(SweepVariant variant, std::vector<double>& maxima, const std::vector<double>& acc,
-                 double firstFrequency, double frequencyStep, double timeStep) {
+void SweepMaxima([[maybe_unused]] SweepVariant variant, std::vector<double>& maxima,
+                 const std::vector<double>& acc, double firstFrequency, double frequencyStep,
+                 double timeStep) {
   maxima.assign(acc.size() / 2, 0.0);
   const auto frequencyOf = [&](std::size_t i) {
     return static_cast<double>(i) * frequencyStep + firstFrequency;
