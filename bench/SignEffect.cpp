@@ -47,7 +47,8 @@ void PrintRecord(const QString& path) {
 }  // namespace tremlo
 
 int main() {
-  std::printf("| record | 2-3 dt | 3-5 dt | 5-10 dt | 10-20 dt | 20-50 dt | 50-100 dt | 100-1000 dt | above |\n");
+  std::printf(
+      "| record | 2-3 dt | 3-5 dt | 5-10 dt | 10-20 dt | 20-50 dt | 50-100 dt | 100-1000 dt | above |\n");
   std::printf("|---|---|---|---|---|---|---|---|---|\n");
   const QDir folder(QStringLiteral(TREMLO_SOURCE_DIR "/samples/waves"));
   for (const QString& name : folder.entryList({QStringLiteral("*.csv")}, QDir::Files, QDir::Name))

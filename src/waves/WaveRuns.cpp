@@ -1,7 +1,7 @@
 #include "waves/WaveRuns.h"
 
-#include "waves/NowCalc.h"
-#include "waves/NowCalcAccSpec.h"
+#include "waves/DlgNowCalc.h"
+#include "waves/DlgNowCalcAccSpec.h"
 #include "waves/SpectrumBatch.h"
 
 namespace tremlo {

@@ -1,6 +1,6 @@
 #include "support/TestFolder.h"
-#include "waves/NowCalc.h"
-#include "waves/NowCalcAccSpec.h"
+#include "waves/DlgNowCalc.h"
+#include "waves/DlgNowCalcAccSpec.h"
 #include "waves/RunBehindDialog.h"
 
 #include <QAbstractButton>

@@ -1,4 +1,4 @@
-#include "waves/NowCalcAccSpec.h"
+#include "waves/DlgNowCalcAccSpec.h"
 
 namespace tremlo {
 

@@ -1,4 +1,4 @@
-#include "waves/NowCalc.h"
+#include "waves/DlgNowCalc.h"
 
 #include "waves/FitText.h"
 

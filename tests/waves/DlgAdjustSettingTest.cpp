@@ -1,6 +1,6 @@
 #include "support/DocumentState.h"
 #include "support/TestFolder.h"
-#include "waves/AdjustSetting.h"
+#include "waves/DlgAdjustSetting.h"
 
 #include <QApplication>
 #include <QLabel>

@@ -1,4 +1,4 @@
-#include "waves/AdjustSetting.h"
+#include "waves/DlgAdjustSetting.h"
 
 #include "graphs/PendingEntry.h"
 

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "waves/WaveVisualization.h"
+
+class QComboBox;
+class QLabel;
+
+namespace tremlo {
+
+/// "可視化" of the response route: the wave and what the run of its gate has made of it. Without a result it
+/// shows the seed wave alone.
+class CFrmRespVisualization : public WaveVisualization {
+  Q_OBJECT
+ public:
+  CFrmRespVisualization(CMorvaneDoc& doc, FileDialogs& files, QWidget* parent = nullptr);
+
+  void Prepare() override;
+  void Refresh() override;
+
+  /// Tells how the adjusted wave fits its target, until the result is gone.
+  void ShowFit(const QString& figures);
+
+ protected:
+  CSeismicWave* Wave() override;
+  void PrepareSpectrum(CSeismicWave& wave) override;
+  void ExportSeed(CSeismicWave& wave, const SavePath& path) override;
+  void ExportAdjusted(CSeismicWave& wave, const SavePath& path) override;
+
+ private:
+  QComboBox* m_nameCombo;
+  QLabel* m_fitLabel;
+};
+
+}  // namespace tremlo

@@ -1,0 +1,248 @@
+#include "waves/WaveRegistration.h"
+
+#include "graphs/CellNumber.h"
+#include "graphs/DlgGraphEdit.h"
+#include "graphs/DrawFourier.h"
+#include "graphs/DrawFreqAccSpec.h"
+#include "graphs/DrawTimeAccGal.h"
+#include "graphs/GridTable.h"
+#include "graphs/NumberRows.h"
+#include "graphs/Spread7.h"
+#include "graphs/WaitCursor.h"
+#include "project/WaveSpectrum.h"
+#include "waves/FourierSpectrum.h"
+#include "waves/NamedControl.h"
+#include "waves/RefuseEmpty.h"
+#include "waves/TextScan.h"
+#include "waves/WaveFile.h"
+#include "waves/WaveFileQuestion.h"
+#include "waves/WaveGraphPanel.h"
+
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <cmath>
+
+namespace tremlo {
+
+namespace {
+
+constexpr int kTimeWidth = 80;
+constexpr int kSampleWidth = 100;
+constexpr int kMostDecimals = 9;
+
+/// Places behind the point that tell every multiple of the step from its neighbours.
+int TimeDecimals(double timeStep) {
+  const QString text = ShortestText(timeStep);
+  const qsizetype point = text.indexOf(u'.');
+  if (text.contains(u'e')) return kMostDecimals;
+  return point < 0 ? 0 : std::min(kMostDecimals, static_cast<int>(text.size() - point - 1));
+}
+
+void FitHeight(CSpread7* grid) {
+  grid->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  grid->setFixedHeight(grid->horizontalHeader()->sizeHint().height() + grid->verticalHeader()->length() +
+                       2 * grid->frameWidth());
+}
+
+CellFormat LockedNumber() {
+  CellFormat format;
+  format.type = CellType::Number;
+  format.locked = true;
+  return format;
+}
+
+}  // namespace
+
+WaveRegistration::WaveRegistration(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files, QWidget* parent)
+    : Screen(parent), m_doc(doc), m_prompt(prompt), m_files(files) {
+  m_readButton = NamedButton<QPushButton>("readButton", QStringLiteral("波形データ読込"), this);
+  connect(m_readButton, &QAbstractButton::clicked, this, &WaveRegistration::ReadFile);
+  m_dbButton = NamedButton<QPushButton>("dbButton", QStringLiteral("DBから入力"), this);
+  m_dbButton->setEnabled(false);
+  MakeFields();
+  MakeGrids();
+  MakeGraphPanel();
+}
+
+void WaveRegistration::MakeFields() {
+  m_countEdit = new CExpEdit(this);
+  m_countEdit->setObjectName(QStringLiteral("countEdit"));
+  m_countEdit->setReadOnly(true);
+  m_timeStepEdit = new CExpEdit(this);
+  m_timeStepEdit->setObjectName(QStringLiteral("timeStepEdit"));
+  RefuseEmpty(*m_timeStepEdit, m_prompt, QStringLiteral("時間間隔の入力エラーです。"));
+  connect(m_timeStepEdit, &CExpEdit::Entered, this, &WaveRegistration::EnterTimeStep);
+  connect(m_timeStepEdit, &CExpEdit::Abandoned, this, &WaveRegistration::ShowTimeStep);
+}
+
+void WaveRegistration::MakeGrids() {
+  m_sampleGrid = Named(new CSpread7(this), "sampleGrid", QStringLiteral("波形データ"));
+  m_sampleGrid->SetMenu(CSpread7::Menu::FullEdit);
+  // The questions come before the grid changes the samples, and what they clear is cleared by then.
+  m_sampleGrid->SetGuard([this](const GridChange&) { return ChangeWave([] {}); });
+  connect(m_sampleGrid, &CSpread7::Changed, this, &WaveRegistration::ShowData);
+
+  m_extremeGrid = Named(new CSpread7(this), "extremeGrid", QStringLiteral("最大値と最小値"));
+  m_extremeGrid->SetMenu(CSpread7::Menu::ReadOnly);
+  m_extremeGrid->SetSize(2, 2);
+  for (const int column : {1, 2}) m_extremeGrid->SetColumnFormat(column, LockedNumber());
+  m_extremeGrid->SetCellText(0, 1, QStringLiteral("時間 (sec)"));
+  m_extremeGrid->SetCellText(0, 2, QStringLiteral("加速度 (gal)"));
+  m_extremeGrid->SetCellText(1, 0, QStringLiteral("最大"));
+  m_extremeGrid->SetCellText(2, 0, QStringLiteral("最小"));
+  m_extremeGrid->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+  m_extremeGrid->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  FitHeight(m_extremeGrid);
+}
+
+void WaveRegistration::MakeGraphPanel() {
+  WaveGraphPanel::Settings settings;
+  settings.make = [this](QWidget* parent) -> std::unique_ptr<GraphEditDialog> {
+    CSeismicWave* const wave = Wave();
+    if (!wave) return nullptr;
+    return std::make_unique<CDlgGraphEdit>(wave->origGraph, ColorsOf(wave->origGraph), parent);
+  };
+  settings.changed = [this] { m_doc.SetModified(true); };
+  settings.resetRange = [this] { m_doc.seedWaves.ResetOrigGraph(Wave()->name); };
+  settings.resetColors = [this] { m_doc.seedWaves.ResetOrigColors(Wave()->name); };
+  m_graphPanel = new WaveGraphPanel(
+      {GraphKind::Time, GraphKind::Spectrum, GraphKind::Fourier},
+      [this](GraphKind kind) { return MakeGraph(kind); }, settings, this);
+}
+
+void WaveRegistration::BuildBody(QHBoxLayout* nameRow, std::vector<QWidget*> controls) {
+  auto* const countRow = new QHBoxLayout;
+  countRow->addWidget(LabelFor(m_countEdit, QStringLiteral("データ数")));
+  countRow->addWidget(m_countEdit, 1);
+  countRow->addWidget(LabelFor(m_timeStepEdit, QStringLiteral("時間間隔")));
+  countRow->addWidget(m_timeStepEdit, 1);
+  countRow->addWidget(new QLabel(QStringLiteral("(sec)"), this));
+
+  auto* const left = new QVBoxLayout;
+  left->addLayout(countRow);
+  left->addWidget(m_sampleGrid, 1);
+  left->addWidget(m_extremeGrid);
+  auto* const body = new QHBoxLayout;
+  body->addLayout(left, 1);
+  body->addWidget(m_graphPanel, 3);
+  auto* const layout = new QVBoxLayout(this);
+  layout->addLayout(nameRow);
+  layout->addLayout(body, 1);
+
+  controls.insert(controls.end(), {m_timeStepEdit, m_sampleGrid, m_extremeGrid});
+  const std::vector<QWidget*> graphControls = m_graphPanel->Controls();
+  controls.insert(controls.end(), graphControls.begin(), graphControls.end());
+  for (std::size_t i = 1; i < controls.size(); ++i) setTabOrder(controls[i - 1], controls[i]);
+}
+
+void WaveRegistration::ShowWave() {
+  const CSeismicWave* const shown = Wave();
+  const auto samples = [this] {
+    CSeismicWave* const wave = Wave();
+    return wave ? &wave->acc : nullptr;
+  };
+  const auto time = [this](int index) {
+    const CSeismicWave* const wave = Wave();
+    return wave ? index * wave->timeStep : 0.0;
+  };
+  m_sampleGrid->SetData(std::make_shared<NumberRows>(std::vector<NumberRows::Column>{
+      {QStringLiteral("時間 (sec)"), nullptr, time, TimeDecimals(shown ? shown->timeStep : 0.0), {}},
+      {QStringLiteral("加速度 (gal)"), samples, nullptr, {}, kBlankSample}}));
+  m_sampleGrid->SetColumnWidth(1, kTimeWidth);
+  m_sampleGrid->SetColumnWidth(2, kSampleWidth);
+  m_sampleGrid->horizontalHeader()->setStretchLastSection(true);
+  ShowTimeStep();
+  m_timeStepEdit->setEnabled(shown != nullptr);
+  m_sampleGrid->setEnabled(shown != nullptr);
+  ShowData();
+}
+
+void WaveRegistration::ShowData() {
+  const CSeismicWave* const wave = Wave();
+  m_countEdit->SetText(wave ? QString::number(wave->acc.size()) : QString());
+  m_sampleGrid->Refresh();
+  ShowExtremes();
+  m_graphPanel->Refresh();
+}
+
+void WaveRegistration::ShowTimeStep() {
+  const CSeismicWave* const wave = Wave();
+  m_timeStepEdit->SetText(wave ? ShortestText(wave->timeStep) : QString());
+}
+
+void WaveRegistration::ShowExtremes() {
+  const CSeismicWave* const wave = Wave();
+  const auto show = [this](int row, double value, double time) {
+    const bool known = !std::isnan(value);
+    m_extremeGrid->SetCellText(row, 1, known ? ShortestText(time) : QString());
+    m_extremeGrid->SetCellText(row, 2, known ? ShortestText(value) : QString());
+  };
+  double value = std::nan(""), time = 0.0;
+  if (wave) m_doc.seedWaves.MaxAcc(wave->name, value, time);
+  show(1, value, time);
+  if (wave) m_doc.seedWaves.MinAcc(wave->name, value, time);
+  show(2, value, time);
+}
+
+void WaveRegistration::ReadFile() {
+  const QString path = m_files.AskOpenPath(WaveFileToRead(m_readButton->text()));
+  if (path.isEmpty()) return;
+  QString name;
+  double timeStep = 0.0;
+  std::vector<double> acc;
+  if (const std::optional<QString> failure = ReadWaveFile(path, name, timeStep, acc)) {
+    m_prompt.Tell(*failure);
+    return;
+  }
+  TakeFile(name, timeStep, std::move(acc));
+}
+
+void WaveRegistration::EnterTimeStep() {
+  CSeismicWave* const wave = Wave();
+  if (!wave) return;
+  const double timeStep = TextToDouble(m_timeStepEdit->GetText());
+  if (timeStep == wave->timeStep || !ChangeWave([&] { wave->timeStep = timeStep; })) {
+    ShowTimeStep();
+    return;
+  }
+  ShowWave();
+}
+
+std::unique_ptr<CDrawGraph> WaveRegistration::MakeGraph(GraphKind kind) {
+  CSeismicWave* const wave = Wave();
+  if (!wave) return nullptr;
+  if (kind == GraphKind::Spectrum) return MakeSpectrumGraph(*wave);
+  const std::vector<double> samples = WithoutBlanks(wave->acc);
+  const CurvePen pen{.color = wave->origGraph.*ColorField(kind)};
+  if (kind == GraphKind::Time) {
+    auto graph = std::make_unique<CDrawTimeAccGal>(wave->origGraph);
+    graph->AddWave(samples, wave->timeStep, pen);
+    return graph;
+  }
+  std::vector<double> periods, amplitudes;
+  ComputeFourierSpectrum(samples, periods, amplitudes, wave->timeStep);
+  auto graph = std::make_unique<CDrawFourier>(wave->origGraph);
+  graph->AddSpectrum(periods, amplitudes, pen);
+  return graph;
+}
+
+std::unique_ptr<CDrawGraph> WaveRegistration::MakeSpectrumGraph(CSeismicWave& wave) {
+  if (!wave.spectrumValid) {
+    const WaitCursor waiting;
+    EnsureWaveSpectrum(m_doc, wave);
+  }
+  const CurvePen pen{.color = wave.origGraph.specColor};
+  auto graph = std::make_unique<CDrawFreqAccSpec>(wave.origGraph);
+  // A graph needs a point to have axes.
+  if (wave.accSpec.empty())
+    graph->AddSpectrum({1000.0}, {1000.0}, pen);
+  else
+    graph->AddSpectrum(wave.periods, wave.accSpec, pen);
+  return graph;
+}
+
+}  // namespace tremlo

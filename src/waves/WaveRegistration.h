@@ -1,0 +1,70 @@
+#pragma once
+
+#include "graphs/FileDialogs.h"
+#include "graphs/GraphRange.h"
+#include "graphs/Screen.h"
+#include "location/Prompt.h"
+#include "project/MorvaneDoc.h"
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+class QAbstractButton;
+class QHBoxLayout;
+
+namespace tremlo {
+
+class CDrawGraph;
+class CExpEdit;
+class CSpread7;
+class WaveGraphPanel;
+
+/// What the two screens that register waves share: the samples of one wave in a grid, its time step, its
+/// extremes and its three graphs. Which wave that is, and what a change of its data asks and clears, is the
+/// screens' own.
+class WaveRegistration : public Screen {
+  Q_OBJECT
+
+ protected:
+  WaveRegistration(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files, QWidget* parent);
+
+  virtual CSeismicWave* Wave() = 0;  ///< the wave on display; null when there is none
+  /// One change of the wave's time step or samples. False: it is not made.
+  virtual bool ChangeWave(const std::function<void()>& apply) = 0;
+  /// A file has been read.
+  virtual void TakeFile(const QString& name, double timeStep, std::vector<double> acc) = 0;
+
+  /// Lays out what is shared below the row of the wave's name, whose controls come first in the order of the
+  /// tab key.
+  void BuildBody(QHBoxLayout* nameRow, std::vector<QWidget*> nameControls);
+  /// Shows all of the wave afresh.
+  void ShowWave();
+  /// The same but for the position in the grid.
+  void ShowData();
+
+  CMorvaneDoc& m_doc;
+  Prompt& m_prompt;
+  QAbstractButton* m_readButton;
+  QAbstractButton* m_dbButton;
+
+ private:
+  void MakeFields();
+  void MakeGrids();
+  void MakeGraphPanel();
+  void ReadFile();
+  void EnterTimeStep();
+  void ShowTimeStep();
+  void ShowExtremes();
+  std::unique_ptr<CDrawGraph> MakeGraph(GraphKind kind);
+  std::unique_ptr<CDrawGraph> MakeSpectrumGraph(CSeismicWave& wave);
+
+  FileDialogs& m_files;
+  CExpEdit* m_countEdit;
+  CExpEdit* m_timeStepEdit;
+  CSpread7* m_sampleGrid;
+  CSpread7* m_extremeGrid;
+  WaveGraphPanel* m_graphPanel;
+};
+
+}  // namespace tremlo

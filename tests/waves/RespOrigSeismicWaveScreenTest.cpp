@@ -1,0 +1,331 @@
+#include "graphs/DlgGraphEdit.h"
+#include "project/ResponseRoute.h"
+#include "support/ScreenDriver.h"
+#include "support/ScriptedFiles.h"
+#include "support/ScriptedPrompt.h"
+#include "support/TestFolder.h"
+#include "support/Waves.h"
+#include "waves/FrmRespOrigSeismicWave.h"
+#include "waves/ResponseSpectrum.h"
+
+#include <QClipboard>
+#include <QLabel>
+
+#include <cmath>
+
+namespace tremlo::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class RespOrigSeismicWaveScreen : public testing::Test {
+ protected:
+  RespOrigSeismicWaveScreen() {
+    EnsureRespWave(doc);
+    Wave().acc = {1.5, -2.0, 0.5};
+    screen.Entered();
+    SetAdjusted();
+  }
+
+  CSeismicWave& Wave() { return doc.seedWaves.At(0); }
+  void SetAdjusted() {
+    Wave().adjusted = true;
+    Wave().adjustedAcc = Wave().adjustedPeriods = Wave().adjustedSpec = {1.0};
+    Wave().spectrumValid = true;
+    doc.SetModified(false);
+  }
+  /// The one rule of a change of data on this route.
+  void ExpectCleared() {
+    EXPECT_FALSE(Wave().adjusted);
+    EXPECT_THAT(Wave().adjustedAcc, IsEmpty());
+    EXPECT_THAT(Wave().adjustedPeriods, IsEmpty());
+    EXPECT_THAT(Wave().adjustedSpec, IsEmpty());
+    EXPECT_FALSE(Wave().spectrumValid);
+    EXPECT_TRUE(doc.IsModified());
+  }
+  void ExpectKept() {
+    EXPECT_TRUE(Wave().adjusted);
+    EXPECT_TRUE(Wave().spectrumValid);
+  }
+  std::string Caption() { return driver.Find<QLabel>("caption").text().toStdString(); }
+
+  CMorvaneDoc doc{QString()};
+  ScriptedPrompt prompt;
+  ScriptedFiles files;
+  CFrmRespOrigSeismicWave screen{doc, prompt, files};
+  ScreenDriver driver{screen};
+  TestFolder folder;
+};
+
+TEST_F(RespOrigSeismicWaveScreen, TheWaveIsShown) {
+  EXPECT_EQ(driver.Text("nameEdit"), "地震波形");
+  EXPECT_EQ(driver.Text("countEdit"), "3");
+  EXPECT_EQ(driver.Text("timeStepEdit"), "0.01");
+  EXPECT_EQ(driver.Cell("sampleGrid", 2, 1), "0.01");
+  EXPECT_EQ(driver.Cell("sampleGrid", 2, 2), "-2");
+  EXPECT_EQ(driver.Cell("extremeGrid", 1, 1) + " " + driver.Cell("extremeGrid", 1, 2), "0 1.5");
+  EXPECT_EQ(driver.Cell("extremeGrid", 2, 1) + " " + driver.Cell("extremeGrid", 2, 2), "0.01 -2");
+  EXPECT_FALSE(driver.Find<QAbstractButton>("dbButton").isEnabled());
+  EXPECT_EQ(driver.Find<QAbstractButton>("dbButton").text(), "DBから入力");
+}
+
+TEST_F(RespOrigSeismicWaveScreen, WithoutAWaveEverythingIsEmptyAndNothingIsAdded) {
+  doc.seedWaves.Clear();
+  doc.SetModified(false);
+  screen.Refresh();
+  Settle();
+  EXPECT_EQ(driver.Text("nameEdit"), "");
+  EXPECT_EQ(driver.Text("countEdit"), "");
+  EXPECT_EQ(driver.Grid("sampleGrid").RowCount(), 0);
+  EXPECT_EQ(driver.Cell("extremeGrid", 1, 2), "");
+  for (const char* control : {"nameEdit", "timeStepEdit", "sampleGrid"})
+    EXPECT_FALSE(driver.Find<QWidget>(control).isEnabled()) << control;
+  driver.Press("settingsButton");
+  EXPECT_TRUE(doc.seedWaves.IsEmpty());
+  EXPECT_FALSE(doc.IsModified());
+}
+
+TEST_F(RespOrigSeismicWaveScreen, ARenameKeepsTheAdjustment) {
+  driver.Enter("nameEdit", "El Centro");
+  EXPECT_EQ(Wave().name, "El Centro");
+  EXPECT_TRUE(doc.IsModified());
+  ExpectKept();
+}
+
+TEST_F(RespOrigSeismicWaveScreen, AnEmptyNameIsRefusedAndTheOldOneComesBack) {
+  prompt.ExpectMessage("地震波形名の入力エラーです。");
+  driver.Enter("nameEdit", "");
+  EXPECT_EQ(driver.Text("nameEdit"), "地震波形");
+  EXPECT_TRUE(driver.Find<QLineEdit>("nameEdit").hasFocus());
+  EXPECT_EQ(Wave().name, "地震波形");
+  EXPECT_FALSE(doc.IsModified());
+}
+
+TEST_F(RespOrigSeismicWaveScreen, ANewTimeStepClearsWithoutAQuestion) {
+  driver.Enter("timeStepEdit", "0.005");
+  EXPECT_EQ(Wave().timeStep, 0.005);
+  EXPECT_EQ(driver.Cell("sampleGrid", 2, 1), "0.005");
+  EXPECT_EQ(driver.Cell("extremeGrid", 2, 1), "0.005");
+  ExpectCleared();
+}
+
+TEST_F(RespOrigSeismicWaveScreen, ATimeStepWrittenAnotherWayChangesNothing) {
+  driver.Enter("timeStepEdit", "0.0100");
+  EXPECT_EQ(driver.Text("timeStepEdit"), "0.01");
+  ExpectKept();
+  EXPECT_FALSE(doc.IsModified());
+}
+
+TEST_F(RespOrigSeismicWaveScreen, AnEmptyTimeStepIsRefusedAndKeepsTheFocus) {
+  prompt.ExpectMessage("時間間隔の入力エラーです。");
+  driver.Enter("timeStepEdit", "");
+  EXPECT_EQ(driver.Text("timeStepEdit"), "0.01");
+  EXPECT_TRUE(driver.Find<QLineEdit>("timeStepEdit").hasFocus());
+  ExpectKept();
+}
+
+TEST_F(RespOrigSeismicWaveScreen, ATimeStepThatDoesNotParseCountsAs0) {
+  driver.Enter("timeStepEdit", "abc");
+  EXPECT_EQ(Wave().timeStep, 0.0);
+  EXPECT_EQ(driver.Text("timeStepEdit"), "0");
+  driver.Enter("timeStepEdit", "0.02s");
+  EXPECT_EQ(Wave().timeStep, 0.02);
+  EXPECT_EQ(driver.Text("timeStepEdit"), "0.02");
+}
+
+TEST_F(RespOrigSeismicWaveScreen, AnEditedSampleClears) {
+  driver.EnterCell("sampleGrid", 2, 2, "-7.25");
+  EXPECT_THAT(Wave().acc, ElementsAre(1.5, -7.25, 0.5));
+  EXPECT_EQ(driver.Cell("extremeGrid", 2, 2), "-7.25");
+  ExpectCleared();
+}
+
+TEST_F(RespOrigSeismicWaveScreen, ABlankCellStoresInfinityAndIsLeftOutOfTheExtremes) {
+  driver.EnterCell("sampleGrid", 1, 2, "");
+  EXPECT_THAT(Wave().acc, ElementsAre(kBlankSample, -2.0, 0.5));
+  EXPECT_EQ(driver.Cell("sampleGrid", 1, 2), "");
+  EXPECT_EQ(driver.Cell("extremeGrid", 1, 2), "0.5");
+  ExpectCleared();
+}
+
+TEST_F(RespOrigSeismicWaveScreen, AllCellsBlankLeaveTheExtremesEmpty) {
+  driver.Click("sampleGrid", 1, 2);
+  driver.Click("sampleGrid", 3, 2, Qt::ShiftModifier);
+  driver.Key(Qt::Key_X, Qt::ControlModifier);
+  EXPECT_THAT(Wave().acc, ElementsAre(kBlankSample, kBlankSample, kBlankSample));
+  EXPECT_EQ(QApplication::clipboard()->text().toStdString(), "1.5\n-2\n0.5\n");
+  for (const int row : {1, 2})
+    for (const int column : {1, 2}) EXPECT_EQ(driver.Cell("extremeGrid", row, column), "");
+  EXPECT_EQ(driver.Text("countEdit"), "3");
+  ExpectCleared();
+}
+
+TEST_F(RespOrigSeismicWaveScreen, TheKeysInsertAppendAndRemoveRows) {
+  driver.Click("sampleGrid", 2, 2);
+  driver.Key(Qt::Key_Insert);
+  EXPECT_THAT(Wave().acc, ElementsAre(1.5, 0.0, -2.0, 0.5));
+  ExpectCleared();
+  SetAdjusted();
+  driver.Key(Qt::Key_Insert, Qt::ControlModifier);
+  EXPECT_THAT(Wave().acc, ElementsAre(1.5, 0.0, -2.0, 0.5, 0.0));
+  EXPECT_EQ(driver.Text("countEdit"), "5");
+  ExpectCleared();
+  SetAdjusted();
+  driver.Click("sampleGrid", 1, 2);
+  driver.Click("sampleGrid", 2, 2, Qt::ShiftModifier);
+  driver.Key(Qt::Key_Delete);
+  EXPECT_THAT(Wave().acc, ElementsAre(-2.0, 0.5, 0.0));
+  EXPECT_EQ(driver.Text("countEdit"), "3");
+  ExpectCleared();
+}
+
+TEST_F(RespOrigSeismicWaveScreen, APasteOverwritesAndAppends) {
+  QApplication::clipboard()->setText("10\n20\n30\n");
+  driver.Click("sampleGrid", 2, 2);
+  driver.Key(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_THAT(Wave().acc, ElementsAre(1.5, 10.0, 20.0, 30.0));
+  EXPECT_EQ(driver.Cell("sampleGrid", 4, 1), "0.03");
+  EXPECT_EQ(driver.Cell("extremeGrid", 1, 2), "30");
+  ExpectCleared();
+}
+
+TEST_F(RespOrigSeismicWaveScreen, TheTimeColumnIsLocked) {
+  driver.Click("sampleGrid", 2, 1);
+  QTest::keyClicks(&driver.Grid("sampleGrid"), "5");
+  driver.Key(Qt::Key_Return);
+  EXPECT_EQ(driver.Cell("sampleGrid", 2, 1), "0.01");
+  ExpectKept();
+}
+
+TEST_F(RespOrigSeismicWaveScreen, AFileReplacesNameTimeStepAndSamples) {
+  files.Choose(folder.Write("a.csv", "A, 0.02, 1\n0, 4\n0.02, 5\n0.04, 6\n0.06, 7\n"));
+  driver.Press("readButton");
+  ASSERT_EQ(doc.seedWaves.Count(), 1U);
+  EXPECT_EQ(Wave().name, "A");
+  EXPECT_EQ(Wave().timeStep, 0.02);
+  EXPECT_THAT(Wave().acc, ElementsAre(4.0, 5.0, 6.0, 7.0));
+  EXPECT_EQ(driver.Text("nameEdit") + driver.Text("timeStepEdit") + driver.Text("countEdit"), "A0.024");
+  EXPECT_EQ(driver.Cell("sampleGrid", 4, 2), "7");
+  ExpectCleared();
+  ASSERT_EQ(files.opened.size(), 1U);
+  EXPECT_EQ(files.opened[0].nameFilters, "CSVファイル (*.csv);;All Files (*.*)");
+  EXPECT_EQ(files.opened[0].suffix, "csv");
+}
+
+TEST_F(RespOrigSeismicWaveScreen, AFileOfTheSameNameGetsNoNumber) {
+  files.Choose(folder.Write("a.csv", "地震波形, 0.02, 1\n0, 4\n"));
+  driver.Press("readButton");
+  EXPECT_EQ(doc.seedWaves.Names().size(), 1U);
+  EXPECT_EQ(Wave().timeStep, 0.02);
+}
+
+TEST_F(RespOrigSeismicWaveScreen, ACancelledReadAndAMissingFileChangeNothing) {
+  files.Cancel();
+  driver.Press("readButton");
+  files.Choose(folder.Path("no.csv"));
+  prompt.ExpectMessage(folder.Path("no.csv") + "を開けません。（読み取りオープン）");
+  driver.Press("readButton");
+  EXPECT_THAT(Wave().acc, ElementsAre(1.5, -2.0, 0.5));
+  ExpectKept();
+  EXPECT_FALSE(doc.IsModified());
+}
+
+TEST_F(RespOrigSeismicWaveScreen, TheKindButtonsSwitchGraphAndCaption) {
+  EXPECT_EQ(Caption(), "グラフ (時間－加速度)");
+  driver.Press("specButton");
+  EXPECT_EQ(Caption(), "グラフ (周期－加速度応答スペクトル)");
+  driver.Press("fourierButton");
+  EXPECT_EQ(Caption(), "グラフ (フーリエスペクトル)");
+  driver.Press("timeButton");
+  EXPECT_EQ(Caption(), "グラフ (時間－加速度)");
+}
+
+TEST_F(RespOrigSeismicWaveScreen, TheSpectrumIsComputedWhenItsGraphIsPaintedAndOnlyThen) {
+  Wave().acc = Noise(64, 1);
+  Wave().acc[5] = kBlankSample;
+  Wave().spectrumValid = false;
+  doc.SetModified(false);
+  screen.Refresh();
+  driver.Picture();
+  EXPECT_FALSE(Wave().spectrumValid);
+  EXPECT_FALSE(doc.IsModified());
+  driver.Press("specButton");
+  driver.Picture();
+  EXPECT_TRUE(Wave().spectrumValid);
+  EXPECT_TRUE(doc.IsModified());
+  std::vector<double> periods, values;
+  ComputeResponseSpectrum(WithoutBlanks(Wave().acc), periods, values, 0.01);
+  EXPECT_EQ(Wave().accSpec, values);
+  EXPECT_EQ(Wave().periods, periods);
+  EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(RespOrigSeismicWaveScreen, AStoredSpectrumIsNotComputedAgain) {
+  Wave().periods = Wave().accSpec = {1.0};
+  driver.Press("specButton");
+  driver.Picture();
+  EXPECT_THAT(Wave().accSpec, ElementsAre(1.0));
+  EXPECT_FALSE(doc.IsModified());
+}
+
+TEST_F(RespOrigSeismicWaveScreen, EveryGraphPaintsWithoutATimeStep) {
+  driver.Enter("timeStepEdit", "-0.01");
+  for (const char* button : {"timeButton", "specButton", "fourierButton"}) {
+    driver.Press(button);
+    EXPECT_FALSE(driver.Picture().isNull());
+  }
+  EXPECT_TRUE(Wave().spectrumValid);
+  EXPECT_THAT(Wave().accSpec, IsEmpty());
+}
+
+TEST_F(RespOrigSeismicWaveScreen, TheSettingsDialogWorksOnTheBlockOfTheWave) {
+  Wave().origGraph.timeXMax = 77.0;
+  Wave().origGraph.timeColor = 5;
+  ScreenDriver::InDialog([this](QWidget& dialog) {
+    EXPECT_NE(qobject_cast<GraphEditDialog*>(&dialog), nullptr);
+    PressIn(dialog, "autoCheck");
+    EXPECT_EQ(Wave().origGraph.autoRange, 0);
+    PressIn(dialog, "resetColorsButton");
+    EXPECT_EQ(Wave().origGraph.timeColor, 0xFF3232);
+    EXPECT_EQ(Wave().origGraph.timeXMax, 77.0);
+    PressIn(dialog, "resetRangeButton");
+    EXPECT_EQ(Wave().origGraph, WaveGraphSetting());
+    PressIn(dialog, "cancelButton");
+  });
+  driver.Press("settingsButton");
+  EXPECT_TRUE(doc.IsModified());
+  ExpectKept();
+}
+
+TEST_F(RespOrigSeismicWaveScreen, TheCopyButtonPutsThePictureOnTheClipboard) {
+  QApplication::clipboard()->clear();
+  EXPECT_EQ(driver.Find<QAbstractButton>("copyButton").toolTip(), "グラフの画像コピー");
+  driver.Press("copyButton");
+  EXPECT_FALSE(QApplication::clipboard()->image().isNull());
+}
+
+TEST_F(RespOrigSeismicWaveScreen, TheTabKeyFollowsTheReadingOrder) {
+  driver.Find<QWidget>("nameEdit").setFocus();
+  std::vector<std::string> order;
+  for (int i = 0; i < 8; ++i) {
+    order.push_back(QApplication::focusWidget()->objectName().toStdString());
+    driver.Key(Qt::Key_Tab);
+  }
+  EXPECT_THAT(order, ElementsAre("nameEdit", "readButton", "timeStepEdit", "sampleGrid", "extremeGrid",
+                                 "timeButton", "graph", "copyButton"));
+}
+
+TEST_F(RespOrigSeismicWaveScreen, ALongWaveIsShownAtOnce) {
+  Wave().acc = Noise(65536, 3);
+  QElapsedTimer timer;
+  timer.start();
+  screen.Refresh();
+  driver.Picture();
+  RecordProperty("milliseconds", static_cast<int>(timer.elapsed()));
+  EXPECT_EQ(driver.Grid("sampleGrid").RowCount(), 65536);
+  EXPECT_EQ(driver.Cell("sampleGrid", 65536, 1), "655.35");
+}
+
+}  // namespace
+}  // namespace tremlo::test
