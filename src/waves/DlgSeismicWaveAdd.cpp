@@ -9,9 +9,16 @@
 
 namespace tremlo {
 
+namespace {
+
+constexpr int kWidth = 300;
+
+}  // namespace
+
 CDlgSeismicWaveAdd::CDlgSeismicWaveAdd(const CSeismicWaveSet& waves, Prompt& prompt, QWidget* parent)
     : QDialog(parent), m_waves(waves), m_prompt(prompt), m_nameEdit(new CExpEdit(this)) {
   setWindowTitle(QStringLiteral("波形追加"));
+  setMinimumWidth(kWidth);
   m_nameEdit->setObjectName(QStringLiteral("nameEdit"));
   m_nameEdit->SetText(QStringLiteral("地震波形") + QString::number(waves.Count() + 1));
 

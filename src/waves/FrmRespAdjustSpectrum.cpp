@@ -20,7 +20,8 @@ namespace tremlo {
 
 namespace {
 
-constexpr int kPeriodWidth = 90;
+constexpr int kPeriodWidth = 100;
+constexpr int kGridWidth = 290;
 
 }  // namespace
 
@@ -56,6 +57,7 @@ void CFrmRespAdjustSpectrum::MakeControls() {
       {QStringLiteral("周期 (sec)"), column(&CSeismicWave::periods), nullptr, {}, {}},
       {QStringLiteral("応答値 (gal)"), column(&CSeismicWave::accSpec), nullptr, {}, {}}}));
   m_spectrumGrid->SetColumnWidth(1, kPeriodWidth);
+  m_spectrumGrid->setFixedWidth(kGridWidth);
   m_spectrumGrid->horizontalHeader()->setStretchLastSection(true);
   connect(m_spectrumGrid, &CSpread7::Changed, this, [this] {
     ChangeRespSpectrum(m_doc, [] {});
@@ -80,8 +82,8 @@ void CFrmRespAdjustSpectrum::LayOut() {
   nameRow->addWidget(m_nameEdit, 1);
   nameRow->addWidget(m_readButton);
   auto* const body = new QHBoxLayout;
-  body->addWidget(m_spectrumGrid, 1);
-  body->addWidget(m_graphPanel, 3);
+  body->addWidget(m_spectrumGrid);
+  body->addWidget(m_graphPanel, 1);
   auto* const layout = new QVBoxLayout(this);
   layout->addLayout(nameRow);
   layout->addLayout(body, 1);

@@ -35,11 +35,14 @@ void CFrmRespVisualization::Refresh() {
   const CSeismicWave* const wave = Wave();
   m_nameCombo->clear();
   if (wave) m_nameCombo->addItem(wave->name);
-  if (!wave || !wave->adjusted) m_fitLabel->clear();
+  if (!wave || !wave->adjusted || wave->adjustedAcc != m_fitted) m_fitLabel->clear();
   WaveVisualization::Refresh();
 }
 
 void CFrmRespVisualization::ShowFit(const QString& figures) {
+  const CSeismicWave* const wave = Wave();
+  if (!wave || !wave->adjusted) return;
+  m_fitted = wave->adjustedAcc;
   m_fitLabel->setText(figures);
 }
 

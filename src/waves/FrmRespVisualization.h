@@ -17,7 +17,8 @@ class CFrmRespVisualization : public WaveVisualization {
   void Prepare() override;
   void Refresh() override;
 
-  /// Tells how the adjusted wave fits its target, until the result is gone.
+  /// Tells how the adjusted wave of the document fits its target, for as long as that wave stays. To be
+  /// called when the result of the run has been stored.
   void ShowFit(const QString& figures);
 
  protected:
@@ -29,6 +30,7 @@ class CFrmRespVisualization : public WaveVisualization {
  private:
   QComboBox* m_nameCombo;
   QLabel* m_fitLabel;
+  std::vector<double> m_fitted;  ///< the adjusted wave that the figures belong to
 };
 
 }  // namespace tremlo

@@ -18,6 +18,7 @@
 #include "waves/WaveFileQuestion.h"
 #include "waves/WaveGraphPanel.h"
 
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QPushButton>
@@ -31,7 +32,7 @@ namespace tremlo {
 namespace {
 
 constexpr int kTimeWidth = 80;
-constexpr int kSampleWidth = 100;
+constexpr int kGridsWidth = 290;  // every digit of a sample is seen
 constexpr int kMostDecimals = 9;
 
 /// Places behind the point that tell every multiple of the step from its neighbours.
@@ -94,9 +95,13 @@ void WaveRegistration::MakeGrids() {
   m_extremeGrid->SetCellText(0, 2, QStringLiteral("加速度 (gal)"));
   m_extremeGrid->SetCellText(1, 0, QStringLiteral("最大"));
   m_extremeGrid->SetCellText(2, 0, QStringLiteral("最小"));
-  m_extremeGrid->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+  m_extremeGrid->SetColumnWidth(1, kTimeWidth);
   m_extremeGrid->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   FitHeight(m_extremeGrid);
+  for (CSpread7* const grid : {m_sampleGrid, m_extremeGrid}) {
+    grid->setFixedWidth(kGridsWidth);
+    grid->horizontalHeader()->setStretchLastSection(true);
+  }
 }
 
 void WaveRegistration::MakeGraphPanel() {
@@ -115,20 +120,17 @@ void WaveRegistration::MakeGraphPanel() {
 }
 
 void WaveRegistration::BuildBody(QHBoxLayout* nameRow, std::vector<QWidget*> controls) {
-  auto* const countRow = new QHBoxLayout;
-  countRow->addWidget(LabelFor(m_countEdit, QStringLiteral("データ数")));
-  countRow->addWidget(m_countEdit, 1);
-  countRow->addWidget(LabelFor(m_timeStepEdit, QStringLiteral("時間間隔")));
-  countRow->addWidget(m_timeStepEdit, 1);
-  countRow->addWidget(new QLabel(QStringLiteral("(sec)"), this));
-
-  auto* const left = new QVBoxLayout;
-  left->addLayout(countRow);
-  left->addWidget(m_sampleGrid, 1);
-  left->addWidget(m_extremeGrid);
+  auto* const left = new QGridLayout;
+  left->addWidget(LabelFor(m_countEdit, QStringLiteral("データ数")), 0, 0);
+  left->addWidget(m_countEdit, 0, 1);
+  left->addWidget(LabelFor(m_timeStepEdit, QStringLiteral("時間間隔")), 1, 0);
+  left->addWidget(m_timeStepEdit, 1, 1);
+  left->addWidget(new QLabel(QStringLiteral("(sec)"), this), 1, 2);
+  left->addWidget(m_sampleGrid, 2, 0, 1, 3);
+  left->addWidget(m_extremeGrid, 3, 0, 1, 3);
   auto* const body = new QHBoxLayout;
-  body->addLayout(left, 1);
-  body->addWidget(m_graphPanel, 3);
+  body->addLayout(left);
+  body->addWidget(m_graphPanel, 1);
   auto* const layout = new QVBoxLayout(this);
   layout->addLayout(nameRow);
   layout->addLayout(body, 1);
@@ -153,8 +155,6 @@ void WaveRegistration::ShowWave() {
       {QStringLiteral("時間 (sec)"), nullptr, time, TimeDecimals(shown ? shown->timeStep : 0.0), {}},
       {QStringLiteral("加速度 (gal)"), samples, nullptr, {}, kBlankSample}}));
   m_sampleGrid->SetColumnWidth(1, kTimeWidth);
-  m_sampleGrid->SetColumnWidth(2, kSampleWidth);
-  m_sampleGrid->horizontalHeader()->setStretchLastSection(true);
   ShowTimeStep();
   m_timeStepEdit->setEnabled(shown != nullptr);
   m_sampleGrid->setEnabled(shown != nullptr);
@@ -176,9 +176,9 @@ void WaveRegistration::ShowTimeStep() {
 
 void WaveRegistration::ShowExtremes() {
   const CSeismicWave* const wave = Wave();
-  const auto show = [this](int row, double value, double time) {
-    const bool known = !std::isnan(value);
-    m_extremeGrid->SetCellText(row, 1, known ? ShortestText(time) : QString());
+  const auto show = [this, wave](int row, double value, double time) {
+    const bool known = wave && !std::isnan(value);
+    m_extremeGrid->SetCellText(row, 1, known ? FixedText(time, TimeDecimals(wave->timeStep)) : QString());
     m_extremeGrid->SetCellText(row, 2, known ? ShortestText(value) : QString());
   };
   double value = std::nan(""), time = 0.0;

@@ -121,7 +121,7 @@ TEST_F(OrigSeismicWaveScreen, ANewWaveHasOneSampleAndIsSelected) {
     EXPECT_EQ(dialog.windowTitle(), "波形追加");
     EXPECT_EQ(dialog.findChild<QLabel*>()->text(), "波形名を入力してください。");
     EXPECT_EQ(dialog.findChild<CExpEdit*>("nameEdit")->GetText(), "地震波形3");
-    PressIn(dialog, "okButton");
+    QTest::keyClick(dialog.findChild<CExpEdit*>("nameEdit"), Qt::Key_Return);
   });
   driver.Press("addButton");
   ASSERT_EQ(doc.seedWaves.Count(), 3U);

@@ -64,7 +64,7 @@ TEST_F(RespOrigSeismicWaveScreen, TheWaveIsShown) {
   EXPECT_EQ(driver.Text("timeStepEdit"), "0.01");
   EXPECT_EQ(driver.Cell("sampleGrid", 2, 1), "0.01");
   EXPECT_EQ(driver.Cell("sampleGrid", 2, 2), "-2");
-  EXPECT_EQ(driver.Cell("extremeGrid", 1, 1) + " " + driver.Cell("extremeGrid", 1, 2), "0 1.5");
+  EXPECT_EQ(driver.Cell("extremeGrid", 1, 1) + " " + driver.Cell("extremeGrid", 1, 2), "0.00 1.5");
   EXPECT_EQ(driver.Cell("extremeGrid", 2, 1) + " " + driver.Cell("extremeGrid", 2, 2), "0.01 -2");
   EXPECT_FALSE(driver.Find<QAbstractButton>("dbButton").isEnabled());
   EXPECT_EQ(driver.Find<QAbstractButton>("dbButton").text(), "DBから入力");
@@ -139,6 +139,16 @@ TEST_F(RespOrigSeismicWaveScreen, AnEditedSampleClears) {
   EXPECT_THAT(Wave().acc, ElementsAre(1.5, -7.25, 0.5));
   EXPECT_EQ(driver.Cell("extremeGrid", 2, 2), "-7.25");
   ExpectCleared();
+}
+
+TEST_F(RespOrigSeismicWaveScreen, TimesShowNoRoundingErrors) {
+  driver.Enter("timeStepEdit", "0.1");
+  driver.Key(Qt::Key_Tab);
+  driver.Click("sampleGrid", 1, 2);
+  QApplication::clipboard()->setText("1\n2\n3\n4\n");
+  driver.Key(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(driver.Cell("sampleGrid", 4, 1), "0.3");
+  EXPECT_EQ(driver.Cell("extremeGrid", 1, 1), "0.3");
 }
 
 TEST_F(RespOrigSeismicWaveScreen, ABlankCellStoresInfinityAndIsLeftOutOfTheExtremes) {

@@ -16,6 +16,8 @@
 #include <QComboBox>
 #include <QDir>
 #include <QLabel>
+#include <QMainWindow>
+#include <QStatusBar>
 
 namespace tremlo::test {
 namespace {
@@ -182,6 +184,10 @@ TEST_F(RespVisualizationScreen, TheFitIsToldUntilTheResultIsGone) {
   screen.ShowFit("二乗平均 4.98 %");
   screen.Refresh();
   EXPECT_EQ(label.text(), "二乗平均 4.98 %");
+  Wave().adjustedAcc[0] += 1.0;  // the result of another project
+  screen.Refresh();
+  EXPECT_EQ(label.text(), "");
+  screen.ShowFit("二乗平均 4.98 %");
   ChangeRespWave(doc, [] {});
   screen.Refresh();
   EXPECT_EQ(label.text(), "");
@@ -265,6 +271,19 @@ TEST_F(RespVisualizationScreen, TheSettingsDialogWorksOnTheBlockAndTheTwoColours
   EXPECT_EQ(doc.visualColorAdjusted, 0x0000FF);
   EXPECT_EQ(doc.graphAdjust, CSeismicWave());
   EXPECT_TRUE(doc.IsModified());
+}
+
+TEST_F(RespVisualizationScreen, TheValuesUnderThePointerGoToTheStatusBar) {
+  QMainWindow window;
+  auto* const shown = new CFrmRespVisualization(doc, files);
+  window.setCentralWidget(shown);
+  window.statusBar();
+  window.resize(840, 680);
+  window.show();
+  auto* const graph = shown->findChild<QWidget*>("graph");
+  QTest::mouseMove(graph, graph->rect().center());
+  Settle();
+  EXPECT_THAT(window.statusBar()->currentMessage().toStdString(), testing::HasSubstr("加速度"));
 }
 
 TEST_F(RespVisualizationScreen, TheTabKeyFollowsTheReadingOrder) {
