@@ -10,8 +10,7 @@
 namespace tremlo {
 
 CDlgSplash::CDlgSplash(int shownMs)
-    : QDialog(nullptr, Qt::Dialog | Qt::FramelessWindowHint),
-      m_shownMs(shownMs) {
+    : QDialog(nullptr, Qt::Dialog | Qt::FramelessWindowHint), m_shownMs(shownMs) {
   LoadPictures();
   m_picture.load(QStringLiteral(":/shell/splash.svg"));
   setObjectName(QStringLiteral("dlgSplash"));
