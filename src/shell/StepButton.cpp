@@ -20,6 +20,7 @@ constexpr int kMargin = 8;
 
 StepButton::StepButton(const QString& title, QWidget* parent) : QPushButton(title, parent) {
   setAccessibleName(title);
+  setAutoDefault(true);  // Enter presses it as Space does
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 

@@ -45,6 +45,7 @@ TEST(DlgTop, ClickOnThePictureChoosesItsRoute) {
 
 TEST(DlgTop, KeyboardAloneChoosesAndConfirms) {
   WhenModal(QStringLiteral("dlgTop"), [](QWidget* window) {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window));
     EXPECT_TRUE(Find<QWidget>(window, "guideline")->hasFocus());
     QTest::keyClick(window->focusWidget(), Qt::Key_Right);
     QTest::keyClick(window->focusWidget(), Qt::Key_Space);

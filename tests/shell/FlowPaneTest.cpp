@@ -161,15 +161,14 @@ TEST_F(FlowPaneTest, ResponseRouteShowsItsThreeSteps) {
 TEST_F(FlowPaneTest, ResponseRouteRunsItsGate) {
   app.reset();
   StartNew(TopChoice::ResponseRoute);
+  prompt.ExpectMessage(QStringLiteral("調整用スペクトルのデータがありません。"));
+  Press(FlowStep::RespVisualization);
+  EXPECT_EQ(Active(), ScreenId::RespOrigSeismicWave);
+  EXPECT_TRUE(Marked(FlowStep::RespOrigSeismicWave));
+  EXPECT_EQ(Current(), FlowStep::RespVisualization);
   Press(FlowStep::RespAdjustSpectrum);
   EXPECT_EQ(Active(), ScreenId::RespAdjustSpectrum);
   EXPECT_TRUE(Marked(FlowStep::RespAdjustSpectrum));
-  prompt.ExpectMessage(QStringLiteral("調整用スペクトルのデータがありません。"));
-  Press(FlowStep::RespVisualization);
-  EXPECT_EQ(Active(), ScreenId::RespAdjustSpectrum);
-  EXPECT_TRUE(Marked(FlowStep::RespAdjustSpectrum));
-  EXPECT_EQ(Current(), FlowStep::RespVisualization);
-  Doc().respSpectra.AddSpectrum(QStringLiteral("基準"), {1.0}, {100.0});
   TakeLog();
   Press(FlowStep::RespVisualization);
   EXPECT_EQ(Active(), ScreenId::RespVisualization);

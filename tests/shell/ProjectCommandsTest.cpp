@@ -50,6 +50,7 @@ TEST_F(ProjectCommandsTest, OpenShowsTheProjectAndItsName) {
 TEST_F(ProjectCommandsTest, OpenLeadsBackToTheFirstScreenOfTheRoute) {
   StartNew(TopChoice::ResponseRoute);
   Press(FlowStep::RespAdjustSpectrum);
+  Doc().SetModified(false);
   OpenFile(SavedProject(QStringLiteral("a.trml"), false));
   EXPECT_EQ(app->Procedure().ActiveScreen(), ScreenId::RespOrigSeismicWave);
 }
@@ -152,9 +153,9 @@ TEST_F(ProjectCommandsTest, RouteChangesWithTheProject) {
 TEST_F(ProjectCommandsTest, DamagedTableAtAnOpenEndsTheProgramWithItsStatus) {
   StartNew(TopChoice::ResponseRoute);
   const QString path = SavedProject(QStringLiteral("a.trml"), false);
-  folder.Write(QStringLiteral("LowSpec/h17.csv"), "");
-  CMorvaneDoc doc(folder.Path());
-  prompt.ExpectMessage(doc.ResetDocument()->text, PromptIcon::None);
+  folder.Write(QStringLiteral("DamCoef/H20_Ehd_H.csv"), "");
+  prompt.ExpectMessage(QStringLiteral("DamCoef\\H20_Ehd_H.csvの1行目が正しい文字列ではありません。"),
+                       PromptIcon::None);
   OpenFile(path);
   EXPECT_THAT(ended, ElementsAre(1));
 }

@@ -30,7 +30,11 @@ ScreenTable LoggingScreens(QStringList& log, bool withGuidelineRoute) {
       return new LoggingScreen(id, log);
     };
   }
-  table.runs.computeMissingSpectra = [&log](const ScreenParts&) { log.append(QStringLiteral("spectra")); };
+  table.runs.computeMissingSpectra = [&log](const ScreenParts& parts) {
+    log.append(QStringLiteral("spectra"));
+    for (std::size_t i = 0; i < parts.doc.seedWaves.Count(); ++i)
+      parts.doc.seedWaves.At(i).spectrumValid = true;
+  };
   table.runs.calculateFaultSpectra = [](const ScreenParts&) { return true; };
   table.runs.runRespAdjustment = [&log](const ScreenParts&) {
     log.append(QStringLiteral("adjust"));
