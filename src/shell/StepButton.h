@@ -1,12 +1,12 @@
 #pragma once
 
-#include <QPushButton>
+#include "graphs/ExpButton.h"
 
 namespace tremlo {
 
-/// A large button of the flow pane: one step of the work. The step at which the user stands is its own colour
-/// and bears a bar, so that it can be told without seeing colours. The colours are fixed.
-class StepButton : public QPushButton {
+/// A large button of the flow pane: one step of the work. The step at which the user stands stays down and
+/// bears a bar, so that it can be told without seeing colours.
+class StepButton : public CExpButton {
   Q_OBJECT
  public:
   explicit StepButton(const QString& title, QWidget* parent = nullptr);

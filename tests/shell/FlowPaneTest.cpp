@@ -179,7 +179,7 @@ TEST_F(FlowPaneTest, ResponseRouteRunsItsGate) {
 TEST_F(FlowPaneTest, CurrentStepIsDrawnInItsOwnColour) {
   const auto face = [&](FlowStep step) {
     StepButton* button = Pane()->StepsOf(step)->Button(step);
-    return button->grab().toImage().pixelColor(button->width() / 4, button->height() - 6);
+    return button->grab().toImage().pixelColor(button->width() / 4, button->height() - 8);
   };
   EXPECT_EQ(face(FlowStep::Field), QColor(0xA3, 0xBC, 0xFF));
   EXPECT_EQ(face(FlowStep::LowerSpectrum), QColor(0xB7, 0xE2, 0xEF));
