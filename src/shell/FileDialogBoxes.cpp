@@ -1,6 +1,7 @@
 #include "shell/FileDialogBoxes.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QStandardPaths>
@@ -22,9 +23,13 @@ QString FileDialogBoxes::AskSavePath(const FileQuestion& question) {
 }
 
 QString FileDialogBoxes::StartFolder() const {
-  if (!m_doc.PathName().isEmpty()) return QFileInfo(m_doc.PathName()).absolutePath();
-  if (!m_lastFolder.isEmpty()) return m_lastFolder;
-  return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  QStringList candidates;
+  if (!m_doc.PathName().isEmpty()) candidates << QFileInfo(m_doc.PathName()).absolutePath();
+  if (!m_lastFolder.isEmpty()) candidates << m_lastFolder;
+  candidates << QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  for (const QString& folder : candidates)
+    if (QFileInfo(folder).isDir()) return folder;
+  return QDir::homePath();
 }
 
 QString FileDialogBoxes::Ask(QFileDialog& dialog, const FileQuestion& question) {

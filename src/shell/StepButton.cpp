@@ -1,19 +1,21 @@
 #include "shell/StepButton.h"
 
+#include "graphs/BgrColor.h"
+
 #include <QPainter>
 
 namespace tremlo {
 
 namespace {
 
-const ExpButtonColors kColors = {.pressedFace = QColor(0xA3, 0xBC, 0xFF),
-                                 .flash = QColor(0xFF, 0xE2, 0xEF),
-                                 .face = QColor(0xB7, 0xE2, 0xEF),
-                                 .disabledFace = QColor(0xD0, 0xD0, 0xD0),
-                                 .highlight = QColor(0xFF, 0xFF, 0xFF),
-                                 .shadow = QColor(0x91, 0xA7, 0xB4),
-                                 .line = QColor(0x80, 0x80, 0x80),
-                                 .text = QColor(Qt::black)};
+const ExpButtonColors kColors = {.pressedFace = ColorFromBgr(0xFFBCA3),
+                                 .flash = ColorFromBgr(0xEFE2FF),
+                                 .face = ColorFromBgr(0xEFE2B7),
+                                 .disabledFace = ColorFromBgr(0xD0D0D0),
+                                 .highlight = ColorFromBgr(0xFFFFFF),
+                                 .shadow = ColorFromBgr(0xB4A791),
+                                 .line = ColorFromBgr(0x808080),
+                                 .text = ColorFromBgr(0x000000)};
 constexpr QRgb kBar = 0xFF1F3F8F;
 constexpr int kMargin = 12;
 

@@ -210,6 +210,11 @@ TEST_F(StartTest, ServicesThatAnswerMakeItOnline) {
       << "the answer is kept beside the program";
 }
 
+TEST_F(StartTest, TextsOfQtAreJapanese) {
+  Make(false);
+  EXPECT_EQ(QCoreApplication::translate("QPlatformTheme", "Cancel"), QStringLiteral("キャンセル"));
+}
+
 TEST_F(StartTest, SampleTablesAreToldInTheStatusBar) {
   StartNew(TopChoice::ResponseRoute);
   const auto* pane = app->Frame()->findChild<QWidget*>(QStringLiteral("samplePane"));
