@@ -5,8 +5,8 @@
 namespace tremlo {
 
 enum class PromptIcon { None, Information, Warning, Stop };
-enum class PromptButtons { Ok, YesNo };  ///< the first button is the default
-enum class PromptAnswer { Ok, Yes, No };
+enum class PromptButtons { Ok, YesNo, YesNoCancel };  ///< the first button is the default
+enum class PromptAnswer { Ok, Yes, No, Cancel };
 
 /// A box in front of the user. The text is plain: names in it may hold any character.
 struct PromptBox {
@@ -24,7 +24,7 @@ class Prompt {
  public:
   virtual ~Prompt() = default;
 
-  /// Closing a question without an answer counts as No.
+  /// Closing a question without an answer counts as its last button: No, or Cancel where there is one.
   virtual PromptAnswer Show(const PromptBox& box) = 0;
 
   /// Asks with Yes and No and a warning icon. Returns whether the answer was Yes.

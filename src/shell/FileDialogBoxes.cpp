@@ -1,0 +1,49 @@
+#include "shell/FileDialogBoxes.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+namespace tremlo {
+
+QString FileDialogBoxes::AskOpenPath(const FileQuestion& question) {
+  QFileDialog dialog(QApplication::activeWindow());
+  dialog.setAcceptMode(QFileDialog::AcceptOpen);
+  dialog.setFileMode(QFileDialog::ExistingFile);
+  return Ask(dialog, question);
+}
+
+QString FileDialogBoxes::AskSavePath(const FileQuestion& question) {
+  QFileDialog dialog(QApplication::activeWindow());
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setFileMode(QFileDialog::AnyFile);
+  return Ask(dialog, question);
+}
+
+QString FileDialogBoxes::StartFolder() const {
+  QStringList candidates;
+  if (!m_doc.PathName().isEmpty()) candidates << QFileInfo(m_doc.PathName()).absolutePath();
+  if (!m_lastFolder.isEmpty()) candidates << m_lastFolder;
+  candidates << QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  for (const QString& folder : candidates)
+    if (QFileInfo(folder).isDir()) return folder;
+  return QDir::homePath();
+}
+
+QString FileDialogBoxes::Ask(QFileDialog& dialog, const FileQuestion& question) {
+  dialog.setObjectName(QStringLiteral("fileDialog"));
+  dialog.setOption(QFileDialog::DontUseNativeDialog);
+  dialog.setWindowTitle(question.title);
+  dialog.setNameFilters(question.nameFilters.split(QStringLiteral(";;")));
+  dialog.setDefaultSuffix(question.suffix);
+  dialog.setDirectory(StartFolder());
+  if (!question.proposedName.isEmpty()) dialog.selectFile(question.proposedName);
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+  const QString path = dialog.selectedFiles().front();
+  m_lastFolder = QFileInfo(path).absolutePath();
+  return path;
+}
+
+}  // namespace tremlo

@@ -1,0 +1,179 @@
+#include "shell/MainFrame.h"
+
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QLabel>
+#include <QMimeData>
+#include <QScreen>
+#include <QScrollArea>
+#include <QStackedWidget>
+#include <QStatusBar>
+
+namespace tremlo {
+
+namespace {
+
+constexpr int kFrameWidth = 1200;
+constexpr int kFrameHeight = 800;
+
+/// The step that leads to the screen gives it its name for those who hear the program.
+QString TitleOf(ScreenId id) {
+  if (id == ScreenId::Flowchart1 || id == ScreenId::Flowchart2 || id == ScreenId::Flowchart3)
+    return TitleOf(ScreenId::FlowCheck);
+  if (id == ScreenId::MakeSeismicWave2) return TitleOf(ScreenId::MakeSeismicWave1);
+  for (int step = 0; step <= static_cast<int>(FlowStep::RespVisualization); ++step) {
+    const FlowStepRow& row = RowOf(static_cast<FlowStep>(step));
+    if (row.screen == id) return QString::fromUtf16(row.title);
+  }
+  return {};
+}
+
+void FocusFirstControl(QWidget* screen) {
+  for (QWidget* next = screen->nextInFocusChain(); next != screen; next = next->nextInFocusChain()) {
+    const bool takesFocus = (next->focusPolicy() & Qt::TabFocus) != 0 && next->isEnabledTo(screen) &&
+                            next->isVisibleTo(screen) && !next->focusProxy();
+    if (!screen->isAncestorOf(next) || !takesFocus) continue;
+    next->setFocus(Qt::OtherFocusReason);
+    return;
+  }
+}
+
+/// The one local file of a drag, or empty.
+QString DraggedFile(const QMimeData* data) {
+  const QList<QUrl> urls = data->urls();
+  return urls.size() == 1 ? urls.front().toLocalFile() : QString();
+}
+
+}  // namespace
+
+MainFrame::MainFrame()
+    : m_menu(new MainMenu(this)), m_flowPane(new CPaneFlow(this)), m_clientArea(new QStackedWidget(this)) {
+  setObjectName(QStringLiteral("mainFrame"));
+  setMenuBar(m_menu);
+  addDockWidget(Qt::LeftDockWidgetArea, m_flowPane);
+  m_clientArea->setObjectName(QStringLiteral("clientArea"));
+  m_clientArea->addWidget(new QWidget);  // on display until the first screen is shown
+  setCentralWidget(m_clientArea);
+  MakeStatusBar();
+  setAcceptDrops(true);
+}
+
+void MainFrame::MakeStatusBar() {
+  auto* ready = new QLabel(QStringLiteral("レディ"));
+  ready->setObjectName(QStringLiteral("readyPane"));
+  // A label of the bar, not a message: hints cover it and it comes back by itself.
+  statusBar()->addWidget(ready);
+  statusBar()->setObjectName(QStringLiteral("statusBar"));
+}
+
+void MainFrame::AddScreen(ScreenId id, Screen* screen) {
+  screen->setObjectName(WindowName(id));
+  if (screen->accessibleName().isEmpty()) screen->setAccessibleName(TitleOf(id));
+  auto* page = new QScrollArea;
+  page->setFrameShape(QFrame::NoFrame);
+  page->setFocusPolicy(Qt::NoFocus);
+  page->setWidgetResizable(true);
+  page->setWidget(screen);
+  m_clientArea->addWidget(page);
+  m_screens[id] = screen;
+  m_pages[id] = page;
+}
+
+Screen* MainFrame::ScreenOf(ScreenId id) const {
+  const auto found = m_screens.find(id);
+  return found == m_screens.end() ? nullptr : found->second;
+}
+
+Screen* MainFrame::ScreenOnDisplay() const {
+  for (const auto& [id, page] : m_pages)
+    if (page == m_clientArea->currentWidget()) return m_screens.at(id);
+  return nullptr;
+}
+
+void MainFrame::SetRuns(std::function<void()> missingSpectra, std::function<bool()> faultSpectra,
+                        std::function<bool()> respAdjustment) {
+  m_missingSpectra = std::move(missingSpectra);
+  m_faultSpectra = std::move(faultSpectra);
+  m_respAdjustment = std::move(respAdjustment);
+}
+
+void MainFrame::SetTitle(const QString& title) {
+  // Qt puts the mark of a modified document in place of "[*]"; doubled, it is text.
+  QString text = title;
+  setWindowTitle(text.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
+}
+
+void MainFrame::ShowSampleFolders(const std::vector<QString>& folders) {
+  if (folders.empty()) return;
+  auto* pane = new QLabel(QStringLiteral("見本の表を使用中"));
+  pane->setObjectName(QStringLiteral("samplePane"));
+  const QStringList names(folders.begin(), folders.end());
+  pane->setToolTip(names.join(u'\n'));
+  pane->setAccessibleDescription(names.join(u' '));
+  statusBar()->addPermanentWidget(pane);
+}
+
+void MainFrame::ShowCentred() {
+  const QRect monitor = screen()->geometry();
+  setGeometry(monitor.x() + monitor.width() / 2 - kFrameWidth / 2,
+              monitor.y() + monitor.height() / 2 - kFrameHeight / 2, kFrameWidth, kFrameHeight);
+  show();
+}
+
+void MainFrame::Prepare(ScreenId id) {
+  if (Screen* screen = ScreenOf(id)) screen->Prepare();
+}
+
+void MainFrame::Show(ScreenId id) {
+  m_clientArea->setCurrentWidget(m_pages.at(id));
+  FocusFirstControl(m_screens.at(id));
+  m_pages.at(id)->update();
+}
+
+void MainFrame::Entered(ScreenId id) {
+  if (Screen* screen = ScreenOf(id)) screen->Entered();
+}
+
+void MainFrame::Left(ScreenId id) {
+  if (Screen* screen = ScreenOf(id)) screen->Left();
+}
+
+void MainFrame::Refresh(ScreenId id) {
+  if (Screen* screen = ScreenOf(id)) screen->Refresh();
+}
+
+void MainFrame::ComputeMissingSpectra() {
+  m_missingSpectra();
+}
+
+bool MainFrame::CalculateFaultSpectra() {
+  return m_faultSpectra();
+}
+
+bool MainFrame::RunRespAdjustment() {
+  return m_respAdjustment();
+}
+
+void MainFrame::closeEvent(QCloseEvent* event) {
+  if (m_mayClose && !m_mayClose()) {
+    event->ignore();
+    return;
+  }
+  event->accept();
+  Q_EMIT Closed();
+}
+
+void MainFrame::dragEnterEvent(QDragEnterEvent* event) {
+  if (!DraggedFile(event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+void MainFrame::dropEvent(QDropEvent* event) {
+  const QString path = DraggedFile(event->mimeData());
+  if (path.isEmpty()) return;
+  event->acceptProposedAction();
+  // Questions come after the drag is over, or the program it comes from would wait for their answers.
+  QMetaObject::invokeMethod(
+      this, [this, path] { Q_EMIT FileDropped(path); }, Qt::QueuedConnection);
+}
+
+}  // namespace tremlo

@@ -1,0 +1,266 @@
+#include "shell/MorvaneApp.h"
+
+#include "graphs/JapaneseFont.h"
+#include "shell/AboutDlg.h"
+#include "shell/DlgSplash.h"
+#include "shell/DlgTop.h"
+#include "shell/Pictures.h"
+#include "shell/TitleText.h"
+#include "shell/UpdateCheck.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QDir>
+#include <QFileInfo>
+#include <QIcon>
+#include <QLibraryInfo>
+#include <QUrl>
+
+#include <array>
+
+namespace tremlo {
+
+namespace {
+
+const QString kTopNotShown = QStringLiteral("トップ画面を表示させることができませんでした。");
+
+/// In the order in which the screens are made.
+constexpr std::array kScreenOrder = {
+    ScreenId::Field,
+    ScreenId::FlowCheck,
+    ScreenId::Flowchart1,
+    ScreenId::Flowchart2,
+    ScreenId::OrigSeismicWave,
+    ScreenId::DamsiteWave,
+    ScreenId::MakeSeismicWave1,
+    ScreenId::MakeSeismicWave2,
+    ScreenId::LowerSpectrum,
+    ScreenId::BaseSpectrum,
+    ScreenId::AdjustSeismicWave,
+    ScreenId::Visualization,
+    ScreenId::Flowchart3,
+    ScreenId::RespOrigSeismicWave,
+    ScreenId::RespAdjustSpectrum,
+    ScreenId::RespVisualization,
+};
+
+/// The wait cursor while the thread of the user interface is blocked.
+class WaitCursor {
+ public:
+  WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+  ~WaitCursor() { QApplication::restoreOverrideCursor(); }
+  WaitCursor(const WaitCursor&) = delete;
+  WaitCursor& operator=(const WaitCursor&) = delete;
+};
+
+}  // namespace
+
+MorvaneApp::MorvaneApp(ProgramSettings settings, ScreenTable screens, ProgramDoors doors)
+    : m_settings(std::move(settings)),
+      m_table(std::move(screens)),
+      m_doors(std::move(doors)),
+      m_prompt(m_doors.prompt ? *m_doors.prompt : m_boxes),
+      m_doc(m_settings.programFolder),
+      m_fileBoxes(m_doc),
+      m_files(m_doors.files ? *m_doors.files : m_fileBoxes) {
+  m_settings.services.answerFolder = m_settings.programFolder;
+  if (!m_doors.askRoute) m_doors.askRoute = CDlgTop::Ask;
+  if (!m_doors.endProgram) m_doors.endProgram = [](int status) { QCoreApplication::exit(status); };
+  InstallJapaneseFonts();
+  LoadPictures();
+  QApplication::setWindowIcon(QIcon(QStringLiteral(":/shell/tremlo.svg")));
+  // The program ends when its window has closed, not when the splash has.
+  QApplication::setQuitOnLastWindowClosed(false);
+  if (m_qtTexts.load(QStringLiteral("qtbase_ja"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    QCoreApplication::installTranslator(&m_qtTexts);
+}
+
+MorvaneApp::~MorvaneApp() = default;
+
+std::optional<int> MorvaneApp::Start(const QStringList& arguments) {
+  if (!ReadyToStart()) return m_ended.value_or(0);
+  const bool fileGiven = arguments.size() > 1;
+  std::optional<TopChoice> choice;
+  if (!fileGiven) {
+    choice = AskRoute();
+    if (choice == TopChoice::NotShown) m_prompt.Tell(kTopNotShown);
+    if (choice == TopChoice::NotShown || choice == TopChoice::Cancelled) return 0;
+  }
+  MakeFrame();
+  const bool ready = fileGiven ? m_projects->StartWithFile(arguments[1]) : m_projects->StartNew();
+  if (!ready) return m_ended.value_or(0);
+  RebuildTitle();
+  if (choice) m_doc.guidelineRoute = choice == TopChoice::GuidelineRoute;
+  MakeScreens();
+  Follow(m_procedure->ShowProject());
+  if (m_ended) return m_ended;
+  ProjectChanged();
+  m_frame->ShowCentred();
+  return std::nullopt;
+}
+
+bool MorvaneApp::ReadyToStart() {
+  if (!m_instance.Take()) {
+    m_prompt.Tell(QStringLiteral("既に起動されています。"), PromptIcon::Stop);
+    return false;
+  }
+  CDlgSplash(m_settings.splashMs).exec();
+  StartUpdateCheck(false);
+  // Without its folder the program has no place for the answers, and it ends below.
+  if (!m_settings.programFolder.isEmpty()) Probe();
+  if (m_settings.programFolder.isEmpty()) {
+    m_prompt.Tell(QStringLiteral("EXEファイルのパスを取得できませんでした。"), PromptIcon::Stop);
+    return false;
+  }
+  const std::optional<TableFailure> failure = CheckTableFolders(m_settings.programFolder);
+  if (!failure) return true;
+  m_prompt.Tell(failure->text, PromptIcon::None);
+  EndProgram(failure->exitStatus);
+  return false;
+}
+
+void MorvaneApp::MakeFrame() {
+  m_frame = std::make_unique<MainFrame>();
+  m_procedure.emplace(m_doc, m_prompt, *m_frame, *m_frame->Pane());
+  m_rules.emplace(m_doc, m_prompt, *m_procedure);
+  m_projects.emplace(ProjectCommandParts{m_doc, m_prompt, m_files, *m_procedure, m_recent, *this});
+  m_parts.emplace(ScreenParts{m_doc, m_prompt, m_files, *m_procedure, *m_rules, m_online, m_settings.services,
+                              [this](SwitchOutcome outcome) { Follow(outcome); }});
+  m_frame->ShowSampleFolders(SampleTableFolders(m_settings.programFolder));
+  m_frame->SetRuns([this] { m_table.runs.computeMissingSpectra(*m_parts); },
+                   [this] { return m_table.runs.calculateFaultSpectra(*m_parts); },
+                   [this] { return m_table.runs.runRespAdjustment(*m_parts); });
+  ConnectFrame();
+  ConnectSettingsMenu();
+  ConnectHelpMenu();
+}
+
+void MorvaneApp::MakeScreens() {
+  for (const ScreenId id : kScreenOrder)
+    if (const auto make = m_table.screens.find(id); make != m_table.screens.end())
+      m_frame->AddScreen(id, make->second(*m_parts));
+}
+
+void MorvaneApp::ConnectFrame() {
+  MainFrame* frame = m_frame.get();
+  MainMenu* menu = frame->Menu();
+  frame->SetCloseQuestion([this] { return m_ended || m_projects->MayLeaveProject(); });
+  QObject::connect(frame, &MainFrame::Closed, frame, [this] {
+    if (!m_ended) EndProgram(0);
+  });
+  QObject::connect(frame, &MainFrame::FileDropped, frame,
+                   [this](const QString& path) { m_projects->OpenDropped(path); });
+  QObject::connect(frame->Pane(), &CPaneFlow::StepPressed, frame,
+                   [this](FlowStep step) { Follow(m_procedure->PressStep(step)); });
+  QObject::connect(menu->newProject, &QAction::triggered, frame, [this] { m_projects->New(); });
+  QObject::connect(menu->openProject, &QAction::triggered, frame, [this] { m_projects->Open(); });
+  QObject::connect(menu->saveProject, &QAction::triggered, frame, [this] { m_projects->Save(); });
+  QObject::connect(menu->saveProjectAs, &QAction::triggered, frame, [this] { m_projects->SaveAs(); });
+  QObject::connect(menu->exitProgram, &QAction::triggered, frame, [frame] { frame->close(); });
+  // The list is rebuilt by the command: its entries must not go while one of them is being carried out.
+  QObject::connect(
+      menu, &MainMenu::RecentChosen, frame, [this](const QString& path) { m_projects->OpenRecent(path); },
+      Qt::QueuedConnection);
+}
+
+void MorvaneApp::ConnectSettingsMenu() {
+  MainFrame* frame = m_frame.get();
+  MainMenu* menu = frame->Menu();
+  QObject::connect(menu->apiParameters, &QAction::triggered, frame,
+                   [this] { EditSettings(m_rules->BeginApiParameters(), m_table.editApiParameters); });
+  QObject::connect(menu->adjustSettings, &QAction::triggered, frame,
+                   [this] { EditSettings(m_rules->BeginAdjustSettings(), m_table.editAdjustSettings); });
+  QObject::connect(menu->clearMapCache, &QAction::triggered, frame, [this] { ClearMapImages(); });
+  QObject::connect(menu->online, &QAction::triggered, frame, [this] { ToggleOnline(); });
+}
+
+void MorvaneApp::ConnectHelpMenu() {
+  MainFrame* frame = m_frame.get();
+  MainMenu* menu = frame->Menu();
+  QObject::connect(menu->manual, &QAction::triggered, frame, [this] { OpenManual(); });
+  QObject::connect(menu->supportPage, &QAction::triggered, frame,
+                   [this] { OpenPage(m_settings.supportPage); });
+  QObject::connect(menu->portalPage, &QAction::triggered, frame, [this] { OpenPage(m_settings.portalPage); });
+  QObject::connect(menu->updateCheck, &QAction::triggered, frame, [] { StartUpdateCheck(true); });
+  QObject::connect(menu->about, &QAction::triggered, frame,
+                   [this] { CAboutDlg(SampleTableFolders(m_settings.programFolder), m_frame.get()).exec(); });
+}
+
+void MorvaneApp::EndProgram(int status) {
+  m_instance.Release();
+  m_ended = status;
+  m_doors.endProgram(status);
+}
+
+void MorvaneApp::Probe() {
+  const WaitCursor wait;
+  m_online.Probe(m_settings.services, m_prompt);
+}
+
+void MorvaneApp::ToggleOnline() {
+  {
+    const WaitCursor wait;
+    m_online.Toggle(m_settings.services, m_prompt);
+  }
+  RebuildTitle();
+  UpdateMenu();
+  m_procedure->RefreshActiveScreen();
+  m_frame->update();
+}
+
+void MorvaneApp::EditSettings(bool mayOpen, const std::function<void(const ScreenParts&)>& dialog) {
+  if (mayOpen) dialog(*m_parts);
+}
+
+void MorvaneApp::ClearMapImages() {
+  if (!m_prompt.Ask(QString::fromUtf16(kClearMapCacheQuestion))) return;
+  if (!ClearMapCache(m_settings.programFolder))
+    m_prompt.Tell(QStringLiteral("地図画像キャッシュを削除できませんでした。"));
+}
+
+void MorvaneApp::OpenManual() {
+  const QString path = QDir(m_settings.programFolder).filePath(QStringLiteral("SystemData/manual.pdf"));
+  const QString shown = QDir::toNativeSeparators(path);
+  if (!QFileInfo(path).isFile()) {
+    m_prompt.Tell(QStringLiteral("取り扱い説明書がありません。次の場所に置いてください。\n") + shown);
+  } else if (!QDesktopServices::openUrl(QUrl::fromLocalFile(path))) {
+    m_prompt.Tell(QStringLiteral("取り扱い説明書を開くプログラムがありません。\n") + shown);
+  }
+}
+
+void MorvaneApp::OpenPage(const QString& address) {
+  if (address.isEmpty()) {
+    m_prompt.Tell(QStringLiteral("ページの宛先が設定されていません。"), PromptIcon::Information);
+  } else if (!QDesktopServices::openUrl(QUrl(address))) {
+    m_prompt.Tell(QStringLiteral("ブラウザーを起動できませんでした。\n") + address);
+  }
+}
+
+void MorvaneApp::RebuildTitle() {
+  m_frame->SetTitle(WindowTitle(m_doc.PathName(), m_online.CaptionMark()));
+}
+
+void MorvaneApp::UpdateMenu() {
+  MainMenu* menu = m_frame->Menu();
+  menu->apiParameters->setEnabled(m_doc.guidelineRoute && m_table.editApiParameters);
+  menu->adjustSettings->setEnabled(m_table.editAdjustSettings != nullptr);
+  menu->clearMapCache->setEnabled(m_doc.guidelineRoute);
+  menu->online->setEnabled(m_doc.guidelineRoute);
+  menu->online->setChecked(m_online.IsOnline());
+  menu->ShowRecent(m_recent.Paths());
+}
+
+void MorvaneApp::Follow(SwitchOutcome outcome) {
+  if (outcome == SwitchOutcome::EndProgram) EndProgram(1);
+}
+
+TopChoice MorvaneApp::AskRoute() {
+  return m_doors.askRoute(HasRoute(true), m_frame.get());
+}
+
+void MorvaneApp::ProjectChanged() {
+  RebuildTitle();
+  UpdateMenu();
+}
+
+}  // namespace tremlo

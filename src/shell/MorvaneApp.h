@@ -1,0 +1,88 @@
+#pragma once
+
+#include "shell/FileDialogBoxes.h"
+#include "shell/InstanceLock.h"
+#include "shell/MainFrame.h"
+#include "shell/MessageBoxPrompt.h"
+#include "shell/ProgramSettings.h"
+#include "shell/ProjectCommands.h"
+
+#include <QTranslator>
+
+#include <memory>
+#include <optional>
+
+namespace tremlo {
+
+/// Ways out of the program that tests put others in place of.
+struct ProgramDoors {
+  Prompt* prompt = nullptr;      ///< null: message boxes
+  FileDialogs* files = nullptr;  ///< null: Qt's dialogs
+  /// The top screen, told whether the guideline route has screens.
+  std::function<TopChoice(bool guidelineRouteOffered, QWidget* parent)> askRoute;
+  /// Ends the event loop.
+  std::function<void(int status)> endProgram;
+};
+
+/// The program: brings it up in a fixed order and owns the commands of the menu that are not bound to a
+/// screen. Made once, behind the application object.
+class MorvaneApp : private ProjectShell {
+ public:
+  MorvaneApp(ProgramSettings settings, ScreenTable screens, ProgramDoors doors = {});
+  ~MorvaneApp() override;
+
+  /// `arguments`: those of the process that are left when Qt has taken its own, the program's name first.
+  /// Returns the exit status when the start has ended the program, else the window stands.
+  std::optional<int> Start(const QStringList& arguments);
+
+  /// Null until the window is made.
+  MainFrame* Frame() const { return m_frame.get(); }
+  CMorvaneDoc& Document() { return m_doc; }
+  WorkProcedure& Procedure() { return *m_procedure; }
+  const OnlineMode& Online() const { return m_online; }
+
+  /// From any depth: lets a next instance start and ends the event loop. The caller returns at once.
+  void EndProgram(int status) override;
+
+ private:
+  bool ReadyToStart();
+  void MakeFrame();
+  void MakeScreens();
+  void ConnectFrame();
+  void ConnectSettingsMenu();
+  void ConnectHelpMenu();
+  void Probe();
+  void ToggleOnline();
+  void EditSettings(bool mayOpen, const std::function<void(const ScreenParts&)>& dialog);
+  void ClearMapImages();
+  void OpenManual();
+  void OpenPage(const QString& address);
+  void RebuildTitle();
+  void UpdateMenu();
+  void Follow(SwitchOutcome outcome);
+
+  TopChoice AskRoute() override;
+  bool HasRoute(bool guidelineRoute) const override { return m_table.HasRoute(guidelineRoute); }
+  void ProjectChanged() override;
+
+  ProgramSettings m_settings;
+  ScreenTable m_table;
+  ProgramDoors m_doors;
+  QTranslator m_qtTexts;
+  MessageBoxPrompt m_boxes;
+  Prompt& m_prompt;
+  InstanceLock m_instance;
+  RecentFiles m_recent;
+  OnlineMode m_online;
+  CMorvaneDoc m_doc;
+  FileDialogBoxes m_fileBoxes;
+  FileDialogs& m_files;
+  std::optional<WorkProcedure> m_procedure;
+  std::optional<ChangeRules> m_rules;
+  std::optional<ProjectCommands> m_projects;
+  std::optional<ScreenParts> m_parts;
+  std::unique_ptr<MainFrame> m_frame;  ///< last: its screens hold on to all of the above
+  std::optional<int> m_ended;
+};
+
+}  // namespace tremlo

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+
+namespace tremlo {
+
+/// The version as titles show it, in hundredths: "1.06" for version 1.6.
+QString VersionText(int major, int minor);
+
+/// "Tremlo Version" and the version of this program at once behind it.
+QString ApplicationTitle();
+
+/// File name of a project's path, or "無題" for an unnamed project: what titles and questions call it.
+QString ProjectTitle(const QString& pathName);
+
+/// The whole title of the window. `captionMark`: the mode's mark, empty online; a blank stands in its place
+/// then.
+QString WindowTitle(const QString& pathName, const QString& captionMark);
+
+/// "Version 1.06" for version 1.6, as the about box shows it.
+QString AboutVersionText(int major, int minor);
+
+/// Name of the program and year.
+QString LegalLine();
+
+}  // namespace tremlo

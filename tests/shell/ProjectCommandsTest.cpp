@@ -1,0 +1,303 @@
+#include "project/ChangeQuestions.h"
+#include "shell/ProjectCommands.h"
+#include "shell/ShellParts.h"
+#include "support/DocumentState.h"
+
+#include <QAction>
+#include <QDir>
+
+#include <gmock/gmock.h>
+
+namespace tremlo {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// The commands on projects by their entries in the menu.
+class ProjectCommandsTest : public test::ShellTest {
+ protected:
+  void OpenFile(const QString& path) {
+    files.Expect("open", path);
+    Menu()->openProject->trigger();
+  }
+  void OpenRecent(int entry) {
+    Menu()->RecentEntries().at(entry)->trigger();
+    QCoreApplication::processEvents();
+  }
+  void ExpectSaveQuestion(const QString& name, PromptAnswer answer) {
+    prompt.ExpectBox(
+        {.text = QStringLiteral("「") + name + QStringLiteral("」は変更されています。保存しますか？"),
+         .buttons = PromptButtons::YesNoCancel},
+        answer);
+  }
+  QString Failure(const QString& path) { return QStringLiteral("ファイルを開けませんでした。\n") + path; }
+  const QString unnamedTitle = QStringLiteral("無題 - Tremlo Version1.00　(オフライン)");
+};
+
+TEST_F(ProjectCommandsTest, OpenShowsTheProjectAndItsName) {
+  StartNew(TopChoice::ResponseRoute);
+  const QString path = SavedProject(QStringLiteral("計画.trml"), false);
+  OpenFile(path);
+  EXPECT_EQ(files.last.nameFilters, u"Tremlo files (*.trml);;All Files (*.*)");
+  EXPECT_EQ(files.last.suffix, u"trml");
+  EXPECT_EQ(Title(), QStringLiteral("計画.trml - Tremlo Version1.00　(オフライン)"));
+  EXPECT_FALSE(Doc().IsModified());
+  EXPECT_THAT(RecentTexts(), ElementsAre(QStringLiteral("&1 ") + path));
+  EXPECT_THAT(TakeLog(), ElementsAre("refresh 59662"));
+}
+
+TEST_F(ProjectCommandsTest, OpenLeadsBackToTheFirstScreenOfTheRoute) {
+  StartNew(TopChoice::ResponseRoute);
+  Press(FlowStep::RespAdjustSpectrum);
+  Doc().SetModified(false);
+  OpenFile(SavedProject(QStringLiteral("a.trml"), false));
+  EXPECT_EQ(app->Procedure().ActiveScreen(), ScreenId::RespOrigSeismicWave);
+}
+
+TEST_F(ProjectCommandsTest, CancelledOpenChangesNothing) {
+  StartNew(TopChoice::ResponseRoute);
+  const test::DocumentState before(Doc());
+  OpenFile({});
+  EXPECT_THAT(test::DocumentState(Doc()).DifferencesTo(before), IsEmpty());
+  EXPECT_THAT(TakeLog(), IsEmpty());
+}
+
+TEST_F(ProjectCommandsTest, BrokenFileLeavesAnUnnamedProject) {
+  StartNew(TopChoice::ResponseRoute);
+  OpenFile(SavedProject(QStringLiteral("a.trml"), false));
+  const QByteArray whole = test::ReadAll(Doc().PathName());
+  const QString broken = folder.Write(QStringLiteral("broken.trml"), whole.left(whole.size() - 5));
+  prompt.ExpectMessage(Failure(broken));
+  OpenFile(broken);
+  EXPECT_TRUE(Doc().PathName().isEmpty());
+  EXPECT_FALSE(Doc().IsModified());
+  EXPECT_EQ(Title(), unnamedTitle);
+  EXPECT_EQ(RecentTexts().size(), 1);
+  EXPECT_EQ(app->Procedure().ActiveScreen(), ScreenId::RespOrigSeismicWave);
+  EXPECT_THAT(ended, IsEmpty());
+}
+
+TEST_F(ProjectCommandsTest, FileThatIsNotThereLeavesTheProjectAlone) {
+  StartNew(TopChoice::ResponseRoute);
+  const QString path = SavedProject(QStringLiteral("a.trml"), false);
+  OpenFile(path);
+  const QString missing = folder.Path(QStringLiteral("none.trml"));
+  prompt.ExpectMessage(Failure(missing));
+  OpenFile(missing);
+  EXPECT_EQ(Doc().PathName(), path);
+}
+
+TEST_F(ProjectCommandsTest, FailedRecentFileLeavesTheList) {
+  StartNew(TopChoice::ResponseRoute);
+  const QString gone = SavedProject(QStringLiteral("gone.trml"), false);
+  const QString here = SavedProject(QStringLiteral("here.trml"), false);
+  OpenFile(gone);
+  OpenFile(here);
+  QFile::remove(gone);
+  prompt.ExpectMessage(Failure(gone));
+  OpenRecent(1);
+  EXPECT_THAT(RecentTexts(), ElementsAre(QStringLiteral("&1 ") + here));
+  EXPECT_THAT(RecentFiles().Paths(), ElementsAre(here));
+}
+
+TEST_F(ProjectCommandsTest, RecentFileIsOpenedAndMovesUp) {
+  StartNew(TopChoice::ResponseRoute);
+  const QString a = SavedProject(QStringLiteral("a&b.trml"), false);
+  const QString b = SavedProject(QStringLiteral("b.trml"), false);
+  OpenFile(a);
+  OpenFile(b);
+  OpenRecent(1);
+  EXPECT_EQ(Doc().PathName(), a);
+  EXPECT_EQ(RecentTexts().front(), QStringLiteral("&1 ") + QString(a).replace(u'&', QStringLiteral("&&")));
+}
+
+TEST_F(ProjectCommandsTest, ProjectOfARouteWithoutScreensIsRefusedBeforeAnythingChanges) {
+  StartNew(TopChoice::ResponseRoute);
+  Doc().SetModified(true);
+  const QString path = SavedProject(QStringLiteral("指針.trml"), true);
+  const test::DocumentState before(Doc());
+  prompt.ExpectMessage(
+      QStringLiteral("「指針に沿って解析波形を作成」のプロジェクトは、この版では開けません。\n") + path);
+  OpenFile(path);
+  EXPECT_THAT(test::DocumentState(Doc()).DifferencesTo(before), IsEmpty());
+  EXPECT_EQ(Title(), unnamedTitle);
+}
+
+TEST_F(ProjectCommandsTest, CutFileOfARouteWithoutScreensIsRefusedToo) {
+  StartNew(TopChoice::ResponseRoute);
+  const QByteArray whole = test::ReadAll(SavedProject(QStringLiteral("指針.trml"), true));
+  const QString path = folder.Write(QStringLiteral("cut.trml"), whole.left(20));
+  prompt.ExpectMessage(
+      QStringLiteral("「指針に沿って解析波形を作成」のプロジェクトは、この版では開けません。\n") + path);
+  OpenFile(path);
+  EXPECT_FALSE(Doc().guidelineRoute);
+}
+
+TEST_F(ProjectCommandsTest, GuidelineProjectOpensWhereItsScreensAre) {
+  StartNew(TopChoice::GuidelineRoute);
+  OpenFile(SavedProject(QStringLiteral("指針.trml"), true));
+  EXPECT_THAT(TakeLog(), ElementsAre("refresh 59649", "refresh 59654", "refresh 59656", "refresh 59657",
+                                     "refresh 59658"));
+  EXPECT_EQ(app->Procedure().ActiveScreen(), ScreenId::Field);
+}
+
+TEST_F(ProjectCommandsTest, RouteChangesWithTheProject) {
+  StartNew(TopChoice::GuidelineRoute);
+  EXPECT_TRUE(Menu()->online->isEnabled());
+  OpenFile(SavedProject(QStringLiteral("a.trml"), false));
+  EXPECT_EQ(app->Frame()->Pane()->StepsOnDisplay()->objectName(), u"respDialog");
+  EXPECT_FALSE(Menu()->online->isEnabled());
+}
+
+TEST_F(ProjectCommandsTest, DamagedTableAtAnOpenEndsTheProgramWithItsStatus) {
+  StartNew(TopChoice::ResponseRoute);
+  const QString path = SavedProject(QStringLiteral("a.trml"), false);
+  folder.Write(QStringLiteral("DamCoef/H20_Ehd_H.csv"), "");
+  prompt.ExpectMessage(QStringLiteral("DamCoef\\H20_Ehd_H.csvの1行目が正しい文字列ではありません。"),
+                       PromptIcon::None);
+  OpenFile(path);
+  EXPECT_THAT(ended, ElementsAre(1));
+}
+
+TEST_F(ProjectCommandsTest, FirstSaveAsksForAName) {
+  StartNew(TopChoice::ResponseRoute);
+  Doc().SetModified(true);
+  const QString path = folder.Path(QStringLiteral("新しい 名.trml"));
+  files.Expect("save", path);
+  Menu()->saveProject->trigger();
+  EXPECT_EQ(files.last.proposedName, QStringLiteral("無題.trml"));
+  EXPECT_EQ(Title(), QStringLiteral("新しい 名.trml - Tremlo Version1.00　(オフライン)"));
+  EXPECT_FALSE(Doc().IsModified());
+  EXPECT_THAT(RecentTexts(), ElementsAre(QStringLiteral("&1 ") + path));
+  Doc().site.siteName = QStringLiteral("堤");
+  Doc().SetModified(true);
+  Menu()->saveProject->trigger();
+  EXPECT_FALSE(Doc().IsModified());
+}
+
+TEST_F(ProjectCommandsTest, SaveUnderANameProposesThePresentOne) {
+  StartNew(TopChoice::ResponseRoute);
+  OpenFile(SavedProject(QStringLiteral("計画.trml"), false));
+  files.Expect("save", folder.Path(QStringLiteral("写し.trml")));
+  Menu()->saveProjectAs->trigger();
+  EXPECT_EQ(files.last.proposedName, QStringLiteral("計画.trml"));
+  EXPECT_EQ(Doc().PathName(), folder.Path(QStringLiteral("写し.trml")));
+  EXPECT_EQ(test::ReadAll(folder.Path(QStringLiteral("写し.trml"))),
+            test::ReadAll(folder.Path(QStringLiteral("計画.trml"))));
+}
+
+TEST_F(ProjectCommandsTest, FailedSaveKeepsNameAndMark) {
+  StartNew(TopChoice::ResponseRoute);
+  const QString path = SavedProject(QStringLiteral("a.trml"), false);
+  OpenFile(path);
+  Doc().SetModified(true);
+  const QString bad = path + QStringLiteral("/b.trml");
+  files.Expect("save", bad);
+  prompt.ExpectMessage(QStringLiteral("ファイルを保存できませんでした。\n") + bad);
+  Menu()->saveProjectAs->trigger();
+  EXPECT_EQ(Doc().PathName(), path);
+  EXPECT_TRUE(Doc().IsModified());
+}
+
+TEST_F(ProjectCommandsTest, NewProjectAsksForTheRouteAndIsNotModified) {
+  StartNew(TopChoice::ResponseRoute);
+  OpenFile(SavedProject(QStringLiteral("a.trml"), false));
+  TakeLog();
+  choices = {TopChoice::ResponseRoute};
+  Menu()->newProject->trigger();
+  EXPECT_EQ(Title(), unnamedTitle);
+  EXPECT_FALSE(Doc().IsModified());
+  EXPECT_EQ(Doc().seedWaves.Count(), 1u) << "the route's wave is there at once";
+  EXPECT_THAT(TakeLog(), ElementsAre("top, response route", "refresh 59662"));
+}
+
+TEST_F(ProjectCommandsTest, NewProjectTakesTheChosenRoute) {
+  Make(true);
+  StartNew(TopChoice::ResponseRoute);
+  EXPECT_EQ(app->Procedure().ActiveScreen(), ScreenId::RespOrigSeismicWave);
+  choices = {TopChoice::GuidelineRoute};
+  Menu()->newProject->trigger();
+  EXPECT_TRUE(Doc().guidelineRoute);
+  EXPECT_EQ(app->Procedure().ActiveScreen(), ScreenId::Field);
+  EXPECT_FALSE(app->Procedure().StepEnabled(FlowStep::OrigSeismicWave));
+}
+
+TEST_F(ProjectCommandsTest, CancelledTopScreenEndsTheProgramWithStatusZero) {
+  StartNew(TopChoice::ResponseRoute);
+  choices = {TopChoice::Cancelled};
+  Menu()->newProject->trigger();
+  EXPECT_THAT(ended, ElementsAre(0));
+}
+
+TEST_F(ProjectCommandsTest, TopScreenThatCannotBeShownFailsTheNew) {
+  StartNew(TopChoice::ResponseRoute);
+  choices = {TopChoice::NotShown};
+  prompt.ExpectMessage(QStringLiteral("トップ画面を表示させることができませんでした。"));
+  Menu()->newProject->trigger();
+  EXPECT_THAT(ended, IsEmpty());
+}
+
+TEST_F(ProjectCommandsTest, ModifiedProjectIsAskedAboutBeforeTheTopScreen) {
+  StartNew(TopChoice::ResponseRoute);
+  OpenFile(SavedProject(QStringLiteral("計画.trml"), false));
+  Doc().SetModified(true);
+  TakeLog();
+  ExpectSaveQuestion(QStringLiteral("計画.trml"), PromptAnswer::Cancel);
+  Menu()->newProject->trigger();
+  EXPECT_THAT(TakeLog(), ElementsAre("box"));
+  EXPECT_TRUE(Doc().IsModified());
+  ExpectSaveQuestion(QStringLiteral("計画.trml"), PromptAnswer::Yes);
+  choices = {TopChoice::ResponseRoute};
+  Doc().site.siteName = QStringLiteral("変更");
+  Menu()->newProject->trigger();
+  EXPECT_THAT(TakeLog(), ElementsAre("box", "top, response route", "refresh 59662"));
+  OpenFile(folder.Path(QStringLiteral("計画.trml")));
+  EXPECT_EQ(Doc().site.siteName, QStringLiteral("変更"));
+}
+
+TEST_F(ProjectCommandsTest, ModifiedProjectIsAskedAboutBeforeAnOpen) {
+  StartNew(TopChoice::ResponseRoute);
+  Doc().SetModified(true);
+  const QString path = SavedProject(QStringLiteral("a.trml"), false);
+  ExpectSaveQuestion(QStringLiteral("無題"), PromptAnswer::Cancel);
+  OpenFile(path);
+  EXPECT_TRUE(Doc().PathName().isEmpty());
+  ExpectSaveQuestion(QStringLiteral("無題"), PromptAnswer::No);
+  OpenFile(path);
+  EXPECT_EQ(Doc().PathName(), path);
+}
+
+TEST_F(ProjectCommandsTest, ChartBeingDecidedIsAskedAboutFirst) {
+  StartNew(TopChoice::GuidelineRoute);
+  ASSERT_EQ(app->Procedure().SwitchScreen(ScreenId::Flowchart2), SwitchOutcome::Open);
+  Doc().SetModified(false);
+  prompt.ExpectQuestion(LeaveFlowCheckQuestion(), PromptAnswer::No);
+  Menu()->openProject->trigger();
+  EXPECT_EQ(app->Procedure().ActiveScreen(), ScreenId::Flowchart2);
+  // Yes holds for the switch that follows: no second question.
+  prompt.ExpectQuestion(LeaveFlowCheckQuestion(), PromptAnswer::Yes);
+  OpenFile(SavedProject(QStringLiteral("a.trml"), true));
+  EXPECT_EQ(app->Procedure().ActiveScreen(), ScreenId::Field);
+}
+
+TEST_F(ProjectCommandsTest, RecentFileAsksAboutTheChartToo) {
+  StartNew(TopChoice::GuidelineRoute);
+  OpenFile(SavedProject(QStringLiteral("a.trml"), true));
+  ASSERT_EQ(app->Procedure().SwitchScreen(ScreenId::Flowchart2), SwitchOutcome::Open);
+  Doc().SetModified(false);
+  prompt.ExpectQuestion(LeaveFlowCheckQuestion(), PromptAnswer::No);
+  OpenRecent(0);
+  EXPECT_EQ(app->Procedure().ActiveScreen(), ScreenId::Flowchart2);
+}
+
+TEST_F(ProjectCommandsTest, LeavingTheProgramAsksNothingAboutTheChart) {
+  StartNew(TopChoice::GuidelineRoute);
+  ASSERT_EQ(app->Procedure().SwitchScreen(ScreenId::Flowchart2), SwitchOutcome::Open);
+  Doc().SetModified(false);
+  Menu()->exitProgram->trigger();
+  EXPECT_THAT(ended, ElementsAre(0));
+}
+
+}  // namespace
+}  // namespace tremlo

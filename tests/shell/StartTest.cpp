@@ -1,0 +1,235 @@
+#include "project/ProjectFile.h"
+#include "shell/ShellParts.h"
+#include "support/LocalService.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QScreen>
+
+#include <gmock/gmock.h>
+
+namespace tremlo {
+namespace {
+
+using test::LocalService;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+const QString kDamagedTable = QStringLiteral("DamCoef\\H20_Ehd_H.csvの1行目が正しい文字列ではありません。");
+
+/// Logs when the splash comes up and when it goes.
+class SplashWatch : public QObject {
+ public:
+  explicit SplashWatch(QStringList& log) : m_log(log) { qApp->installEventFilter(this); }
+  bool eventFilter(QObject* object, QEvent* event) override {
+    if (object->isWidgetType() && object->objectName() == u"dlgSplash" && event->type() == QEvent::Show)
+      m_log.append(QStringLiteral("splash"));
+    if (object->isWidgetType() && object->objectName() == u"mainFrame" && event->type() == QEvent::Show)
+      m_log.append(QStringLiteral("frame"));
+    return false;
+  }
+
+ private:
+  QStringList& m_log;
+};
+
+class StartTest : public test::ShellTest {};
+
+TEST_F(StartTest, ComesUpInItsOrder) {
+  const SplashWatch watch(log);
+  Make(false);
+  ExpectOffline();
+  choices = {TopChoice::ResponseRoute};
+  EXPECT_EQ(Start(), std::nullopt);
+  EXPECT_THAT(log, ElementsAre("splash", "box", "box", "top, response route", "make 59662", "make 59663",
+                               "make 59664", "refresh 59662", "entered 59662", "frame"));
+  EXPECT_TRUE(app->Frame()->isVisible());
+  EXPECT_FALSE(Doc().IsModified());
+  EXPECT_THAT(ended, IsEmpty());
+}
+
+TEST_F(StartTest, ScreensAreMadeInTheirOrder) {
+  Make(true);
+  ExpectOffline();
+  choices = {TopChoice::GuidelineRoute};
+  EXPECT_EQ(Start(), std::nullopt);
+  const QStringList made = log.filter(QStringLiteral("make"));
+  EXPECT_THAT(made,
+              ElementsAre("make 59649", "make 59650", "make 59651", "make 59652", "make 59654", "make 59655",
+                          "make 59656", "make 59657", "make 59658", "make 59659", "make 59660", "make 59661",
+                          "make 59653", "make 59662", "make 59663", "make 59664"));
+  EXPECT_EQ(app->Procedure().ActiveScreen(), ScreenId::Field);
+}
+
+TEST_F(StartTest, FrameStandsInTheMiddleOfTheMonitor) {
+  StartNew(TopChoice::ResponseRoute);
+  const QRect monitor = app->Frame()->screen()->geometry();
+  EXPECT_EQ(app->Frame()->geometry(), QRect(monitor.x() + monitor.width() / 2 - 600,
+                                            monitor.y() + monitor.height() / 2 - 400, 1200, 800));
+}
+
+TEST_F(StartTest, SecondInstanceIsTold) {
+  StartNew(TopChoice::ResponseRoute);
+  test::ScriptedPrompt told;
+  told.ExpectMessage(QStringLiteral("既に起動されています。"), PromptIcon::Stop);
+  MorvaneApp second(settings, test::LoggingScreens(log, false),
+                    {.prompt = &told, .files = nullptr, .askRoute = {}, .endProgram = {}});
+  EXPECT_EQ(second.Start({QStringLiteral("tremlo")}), 0);
+  EXPECT_EQ(second.Frame(), nullptr);
+}
+
+TEST_F(StartTest, NextInstanceStartsOnceTheFirstHasEnded) {
+  StartNew(TopChoice::ResponseRoute);
+  app->EndProgram(0);
+  app.reset();
+  StartNew(TopChoice::ResponseRoute);
+}
+
+TEST_F(StartTest, FolderThatCannotBeFoundEndsTheStart) {
+  settings.programFolder.clear();
+  Make(false);
+  prompt.ExpectMessage(QStringLiteral("EXEファイルのパスを取得できませんでした。"), PromptIcon::Stop);
+  EXPECT_EQ(Start(), 0);
+  EXPECT_EQ(app->Frame(), nullptr);
+}
+
+TEST_F(StartTest, MissingTableEndsTheStartWithStatusZero) {
+  QFile::remove(folder.Path(QStringLiteral("DamCoef/H20_Ehd_H.csv")));
+  QFile::remove(folder.Path(QStringLiteral("LowSpec/h17.csv")));
+  Make(false);
+  ExpectOffline();
+  prompt.ExpectMessage(QStringLiteral("LowSpec\\h17.csvがありません。"), PromptIcon::None);
+  EXPECT_EQ(Start(), 0);
+  EXPECT_EQ(app->Frame(), nullptr);
+}
+
+TEST_F(StartTest, DamagedTableEndsTheStartWithStatusOne) {
+  folder.Write(QStringLiteral("DamCoef/H20_Ehd_H.csv"), "");
+  Make(false);
+  ExpectOffline();
+  choices = {TopChoice::ResponseRoute};
+  prompt.ExpectMessage(kDamagedTable, PromptIcon::None);
+  EXPECT_EQ(Start(), 1);
+  EXPECT_FALSE(app->Frame()->isVisible());
+}
+
+TEST_F(StartTest, CancelledTopScreenEndsWithNoWindowShown) {
+  Make(false);
+  ExpectOffline();
+  choices = {TopChoice::Cancelled};
+  EXPECT_EQ(Start(), 0);
+  EXPECT_EQ(app->Frame(), nullptr);
+}
+
+TEST_F(StartTest, TopScreenThatCannotBeShownIsToldAndEnds) {
+  Make(false);
+  ExpectOffline();
+  choices = {TopChoice::NotShown};
+  prompt.ExpectMessage(QStringLiteral("トップ画面を表示させることができませんでした。"));
+  EXPECT_EQ(Start(), 0);
+  EXPECT_EQ(app->Frame(), nullptr);
+}
+
+TEST_F(StartTest, FileOnTheCommandLineIsOpenedWithoutTheTopScreen) {
+  const QString path = SavedProject(QStringLiteral("計画 1.trml"), false);
+  Make(false);
+  ExpectOffline();
+  EXPECT_EQ(Start({path}), std::nullopt);
+  EXPECT_EQ(Title(), QStringLiteral("計画 1.trml - Tremlo Version1.00　(オフライン)"));
+  EXPECT_EQ(Doc().PathName(), path);
+  EXPECT_THAT(RecentTexts(), ElementsAre(QStringLiteral("&1 ") + path));
+  EXPECT_EQ(app->Procedure().ActiveScreen(), ScreenId::RespOrigSeismicWave);
+}
+
+TEST_F(StartTest, RelativePathIsMeantFromTheWorkingFolder) {
+  const QString path = SavedProject(QStringLiteral("a.trml"), false);
+  const QString before = QDir::currentPath();
+  ASSERT_TRUE(QDir::setCurrent(folder.Path()));
+  Make(false);
+  ExpectOffline();
+  EXPECT_EQ(Start({QStringLiteral("a.trml")}), std::nullopt);
+  QDir::setCurrent(before);
+  EXPECT_EQ(Doc().PathName(), path);
+}
+
+TEST_F(StartTest, CutFileEndsTheStartWithTheMessage) {
+  const QString path = folder.Path(QStringLiteral("cut.trml"));
+  const QByteArray whole = test::ReadAll(SavedProject(QStringLiteral("whole.trml"), false));
+  folder.Write(QStringLiteral("cut.trml"), whole.left(whole.size() / 2));
+  Make(false);
+  ExpectOffline();
+  prompt.ExpectMessage(QStringLiteral("ファイルを開けませんでした。\n") + path);
+  EXPECT_EQ(Start({path}), 0);
+  EXPECT_FALSE(app->Frame()->isVisible());
+}
+
+TEST_F(StartTest, ProjectOfARouteWithoutScreensEndsTheStart) {
+  const QString path = SavedProject(QStringLiteral("指針.trml"), true);
+  Make(false);
+  ExpectOffline();
+  prompt.ExpectMessage(
+      QStringLiteral("「指針に沿って解析波形を作成」のプロジェクトは、この版では開けません。\n") + path);
+  EXPECT_EQ(Start({path}), 0);
+  EXPECT_FALSE(app->Frame()->isVisible());
+}
+
+TEST_F(StartTest, FixedProcedureOfAFileEnablesItsStepsAndLeavesTheHighlight) {
+  CMorvaneDoc doc(folder.Path());
+  EXPECT_EQ(doc.ResetDocument(), std::nullopt);
+  doc.guidelineRoute = doc.flowFixed = doc.flowNeighbourWave = true;
+  ASSERT_TRUE(SaveProject(doc, folder.Path(QStringLiteral("fixed.trml"))));
+  Make(true);
+  ExpectOffline();
+  EXPECT_EQ(Start({folder.Path(QStringLiteral("fixed.trml"))}), std::nullopt);
+  const FlowSteps* steps = app->Frame()->Pane()->StepsOnDisplay();
+  EXPECT_TRUE(steps->Button(FlowStep::DamsiteWave)->isEnabled());
+  EXPECT_TRUE(steps->Button(FlowStep::Print)->isEnabled());
+  EXPECT_FALSE(steps->Button(FlowStep::FaultSpectra)->isEnabled());
+  EXPECT_EQ(steps->CurrentStep(), FlowStep::Field);
+}
+
+TEST_F(StartTest, NewProjectOfTheGuidelineRouteHasTwoStepsEnabled) {
+  StartNew(TopChoice::GuidelineRoute);
+  const FlowSteps* steps = app->Frame()->Pane()->StepsOnDisplay();
+  EXPECT_TRUE(steps->Button(FlowStep::Field)->isEnabled());
+  EXPECT_TRUE(steps->Button(FlowStep::FlowCheck)->isEnabled());
+  for (const FlowStep step : kStepsBehindProcedure) EXPECT_FALSE(steps->Button(step)->isEnabled());
+}
+
+TEST_F(StartTest, ServicesThatAnswerMakeItOnline) {
+  const LocalService service;
+  ASSERT_TRUE(service.IsReady());
+  settings.services = service.Settings(QStringLiteral("https"));
+  Make(false);
+  choices = {TopChoice::ResponseRoute};
+  EXPECT_EQ(Start(), std::nullopt);
+  EXPECT_TRUE(app->Online().IsOnline());
+  EXPECT_EQ(service.Paths().size(), 4);
+  EXPECT_EQ(Title(), QStringLiteral("無題 - Tremlo Version1.00 "));
+  EXPECT_TRUE(QFile::exists(folder.Path(QStringLiteral("RecvTemp"))))
+      << "the answer is kept beside the program";
+}
+
+TEST_F(StartTest, TextsOfQtAreJapanese) {
+  Make(false);
+  EXPECT_EQ(QCoreApplication::translate("QPlatformTheme", "Cancel"), QStringLiteral("キャンセル"));
+}
+
+TEST_F(StartTest, SampleTablesAreToldInTheStatusBar) {
+  StartNew(TopChoice::ResponseRoute);
+  const auto* pane = app->Frame()->findChild<QWidget*>(QStringLiteral("samplePane"));
+  ASSERT_NE(pane, nullptr);
+  EXPECT_TRUE(pane->isVisible());
+  for (const char* name : {"DamCoef", "LowSpec", "SystemData"})
+    EXPECT_TRUE(pane->toolTip().contains(QLatin1String(name)));
+}
+
+TEST_F(StartTest, PublishedTablesAreNotCalledSamples) {
+  for (const char* name : {"DamCoef", "LowSpec", "SystemData"})
+    QFile::remove(folder.Path(QLatin1String(name) + QStringLiteral("/見本.txt")));
+  StartNew(TopChoice::ResponseRoute);
+  EXPECT_EQ(app->Frame()->findChild<QWidget*>(QStringLiteral("samplePane")), nullptr);
+}
+
+}  // namespace
+}  // namespace tremlo
