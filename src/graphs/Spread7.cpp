@@ -3,6 +3,7 @@
 #include "graphs/BgrColor.h"
 #include "graphs/CellNumber.h"
 #include "graphs/ColorText.h"
+#include "graphs/EntryGate.h"
 #include "graphs/GridActions.h"
 #include "graphs/GridDelegate.h"
 #include "graphs/GridModel.h"
@@ -47,6 +48,7 @@ CSpread7::CSpread7(QWidget* parent)
           },
           this)),
       m_delegate(new GridDelegate(m_model, this)),
+      m_gate(new EntryGate(this, [this] { return FinishEdit(); })),
       m_menu(new QMenu(QStringLiteral("値編集"), this)),
       m_chooseColor(ChooseColorInDialog) {
   setModel(m_model);
@@ -276,7 +278,7 @@ GridBlock CSpread7::GetSelectedBlock() const {
 
 void CSpread7::SetEditMode(bool on) {
   if (on)
-    edit(currentIndex());
+    QTableView::edit(currentIndex());
   else if (QWidget* const editor = m_delegate->Editor())
     closeEditor(editor, QAbstractItemDelegate::RevertModelCache);
 }
@@ -328,7 +330,7 @@ bool CSpread7::PressCell(const QModelIndex& index) {
       PressColorCell(row, column);
       return true;
     case CellType::List:
-      if (state() != EditingState) edit(index);
+      if (state() != EditingState) QTableView::edit(index);
       return true;
     default:
       return false;
@@ -458,7 +460,7 @@ void CSpread7::focusOutEvent(QFocusEvent* event) {
   QTableView::focusOutEvent(event);
   const QWidget* const next = QApplication::focusWidget();
   const bool toEditor = next && isAncestorOf(next);
-  if (event->reason() != Qt::PopupFocusReason && !toEditor) PostCellLeft(currentIndex());
+  if (event->reason() != Qt::PopupFocusReason && !toEditor) LeaveGrid(currentIndex());
 }
 
 void CSpread7::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
@@ -466,14 +468,38 @@ void CSpread7::currentChanged(const QModelIndex& current, const QModelIndex& pre
   if (!m_quiet) PostCellLeft(previous);
 }
 
+bool CSpread7::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
+  const bool edits = QTableView::edit(index, trigger, event);
+  m_gate->SetOpen(m_delegate->Editor());
+  return edits;
+}
+
 void CSpread7::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
   const QScopedValueRollback closing(m_closingEditor, true);
   const QModelIndex cell = currentIndex();
   QTableView::closeEditor(editor, hint);
+  m_gate->SetOpen(m_delegate->Editor());
   // Enter goes on to the cell below, as lists of numbers are typed.
   if (hint == QAbstractItemDelegate::SubmitModelCache && cell.row() + 1 < m_model->rowCount())
     setCurrentIndex(cell.siblingAtRow(cell.row() + 1));
-  if (!hasFocus() && state() != EditingState) PostCellLeft(cell);
+  if (!hasFocus() && state() != EditingState) LeaveGrid(cell);
+}
+
+/// What was typed must be in the data before the button that took the focus acts on them.
+void CSpread7::LeaveGrid(const QModelIndex& cell) {
+  PostCellLeft(cell);
+  m_gate->RunBeforePress([this] { RunPosted(); });
+}
+
+QItemSelectionModel::SelectionFlags CSpread7::selectionCommand(const QModelIndex& index,
+                                                               const QEvent* event) const {
+  constexpr Qt::KeyboardModifiers kToTheEdge = Qt::ShiftModifier | Qt::ControlModifier;
+  if (!event || event->type() != QEvent::KeyPress) return QTableView::selectionCommand(index, event);
+  const auto* const key = static_cast<const QKeyEvent*>(event);
+  if ((key->modifiers() & kToTheEdge) != kToTheEdge) return QTableView::selectionCommand(index, event);
+  // Moving to an edge with Ctrl would drop the selection that Shift extends.
+  const QKeyEvent extending(key->type(), key->key(), key->modifiers() & ~Qt::ControlModifier);
+  return QTableView::selectionCommand(index, &extending);
 }
 
 void CSpread7::PostCellLeft(const QModelIndex& index) {

@@ -13,6 +13,7 @@ class QMenu;
 
 namespace tremlo {
 
+class EntryGate;
 class GridDelegate;
 class GridModel;
 class GridTable;
@@ -112,7 +113,10 @@ class CSpread7 : public QTableView {
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+  bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
   void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
+  QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                       const QEvent* event) const override;
 
  private:
   using Command = void (CSpread7::*)();
@@ -128,10 +132,12 @@ class CSpread7 : public QTableView {
   void Post(std::function<bool()> task);
   bool RunPosted();
   void PostCellLeft(const QModelIndex& index);
+  void LeaveGrid(const QModelIndex& cell);
 
   std::shared_ptr<GridTable> m_table;
   GridModel* m_model;
   GridDelegate* m_delegate;
+  EntryGate* m_gate;
   QMenu* m_menu;
   Guard m_guard;
   ColorChooser m_chooseColor;

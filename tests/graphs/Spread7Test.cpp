@@ -248,6 +248,17 @@ TEST_F(Spread7Test, ASingleRowOrColumnIsNotTakenForAWholeOne) {
   EXPECT_EQ(grid.GetSelectedBlock(), (GridBlock{1, 2, 1, 2}));
 }
 
+TEST_F(SampleGridTest, ShiftExtendsTheSelectionAlsoToTheEdges) {
+  ShowSamples(std::vector<double>(1000, 1.0));
+  Click(3, 2);
+  Key(Qt::Key_Down, Qt::ShiftModifier);
+  EXPECT_EQ(grid.SelectedCells(), (GridBlock{3, 2, 4, 2}));
+  Key(Qt::Key_End, Qt::ShiftModifier | Qt::ControlModifier);
+  EXPECT_EQ(grid.SelectedCells(), (GridBlock{3, 2, 1000, 2}));
+  Key(Qt::Key_Home, Qt::ShiftModifier | Qt::ControlModifier);
+  EXPECT_EQ(grid.SelectedCells(), (GridBlock{1, 1, 3, 2}));
+}
+
 TEST_F(Spread7Test, TheGridTellsOfTheCellThatWasLeft) {
   grid.SetSize(3, 2);
   Show();
@@ -416,6 +427,53 @@ TEST_F(MixedGridTest, FinishEditTakesAnOpenEditorAtOnce) {
   EXPECT_FALSE(grid.FinishEdit());
   EXPECT_EQ(grid.GetCellText(1, 1), QStringLiteral("dam"));
   EXPECT_TRUE(grid.FinishEdit());
+}
+
+TEST_F(MixedGridTest, AnEditIsTakenBeforeTheButtonThatLeavesItActs) {
+  std::string seen;
+  QObject::connect(&button, &QPushButton::clicked, [&] { seen = grid.GetCellText(1, 1).toStdString(); });
+  Show();
+  Click(1, 1);
+  Type("dam");
+  QTest::mouseClick(&button, Qt::LeftButton);
+  EXPECT_EQ(seen, "dam");
+}
+
+TEST_F(MixedGridTest, AnEditIsTakenBeforeAButtonThatTakesNoFocusActs) {
+  button.setFocusPolicy(Qt::NoFocus);
+  std::string seen;
+  QObject::connect(&button, &QPushButton::clicked, [&] { seen = grid.GetCellText(1, 1).toStdString(); });
+  Show();
+  Click(1, 1);
+  Type("dam");
+  QTest::mouseClick(&button, Qt::LeftButton);
+  EXPECT_EQ(seen, "dam");
+  answer = false;
+  Key(Qt::Key_F2);
+  Type("lake");
+  seen.clear();
+  QTest::mouseClick(&button, Qt::LeftButton);
+  EXPECT_EQ(seen, "");
+}
+
+TEST_F(MixedGridTest, AQuestionOfTheGuardTakesThePressThatLedToIt) {
+  int presses = 0;
+  QObject::connect(&button, &QPushButton::clicked, [&] { ++presses; });
+  Show();
+  grid.SetGuard([&](const GridChange&) {
+    QDialog box(&window);
+    QTimer::singleShot(0, &box, &QDialog::accept);
+    return box.exec() == QDialog::Accepted;
+  });
+  Click(1, 1);
+  Type("dam");
+  QTest::mouseClick(&button, Qt::LeftButton);
+  EXPECT_EQ(grid.GetCellText(1, 1), QStringLiteral("dam"));
+  EXPECT_EQ(presses, 0);
+  EXPECT_FALSE(button.isDown());
+  Settle();
+  QTest::mouseClick(&button, Qt::LeftButton);
+  EXPECT_EQ(presses, 1);
 }
 
 TEST_F(MixedGridTest, EditModeOffDropsTheText) {
