@@ -72,8 +72,8 @@ class ColumnWriter {
   bool m_solid = false;         ///< the column has to be drawn itself: no line ends in it
 };
 
-/// A point on its way to pixels. Outside the x limits its position goes on beyond the frame, and the column is
-/// the frame's edge on that side.
+/// A point on its way to pixels. Outside the x limits its position goes on beyond the frame, and the column
+/// is the frame's edge on that side.
 struct Place {
   int column = 0, row = 0;
   bool inside = false;

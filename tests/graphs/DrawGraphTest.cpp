@@ -1,7 +1,7 @@
+#include "graphs/BgrColor.h"
 #include "graphs/DrawFourier.h"
 #include "graphs/DrawFreqAccSpec.h"
 #include "graphs/DrawTimeAccGal.h"
-#include "graphs/BgrColor.h"
 #include "graphs/JapaneseFont.h"
 #include "waves/SeismicWave.h"
 
