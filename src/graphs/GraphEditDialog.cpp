@@ -20,7 +20,7 @@ constexpr int kColorGridHeight = 180;  // of many curves the grid shows some and
 
 QString NameOf(GraphKind kind) {
   if (kind == GraphKind::Time) return QStringLiteral("time");
-  return kind == GraphKind::Spectrum ? QStringLiteral("spec") : QStringLiteral("fourier");
+  return kind == GraphKind::Spectrum ? QStringLiteral("spectrum") : QStringLiteral("fourier");
 }
 
 template <class Button>

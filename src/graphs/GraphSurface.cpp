@@ -33,7 +33,7 @@ void GraphSurface::FillPixels(int x1, int y1, int x2, int y2, int penWidth, cons
 QRect PenRect(int x1, int y1, int x2, int y2, int penWidth) {
   const int before = (penWidth - 1) / 2;
   const int after = penWidth / 2;
-  return QRect(QPoint(x1 - before, y1 - before), QPoint(x2 + after, y2 + after));
+  return {QPoint(x1 - before, y1 - before), QPoint(x2 + after, y2 + after)};
 }
 
 double PenCentre(int penWidth) {

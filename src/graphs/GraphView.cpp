@@ -62,8 +62,8 @@ void GraphView::Refresh() {
 
 void GraphView::MakeGraph() {
   if (m_made) return;
-  m_made = true;
   if (m_source) m_graph = m_source();
+  m_made = true;  // only now: what the source computes may lead to a Refresh()
   if (m_graph) m_graph->ComputeRange();
   setAccessibleDescription(m_graph ? DescribeAxes(m_graph->Kind(), m_graph->Range()) : QString());
 }

@@ -4,6 +4,7 @@
 #include "graphs/GridData.h"
 
 #include <optional>
+#include <utility>
 
 namespace tremlo {
 
@@ -16,8 +17,8 @@ namespace tremlo {
 class RangeRows : public GridData {
  public:
   /// The block must outlive the rows.
-  RangeRows(GraphKind kind, const QString& title, WaveGraphSetting& block)
-      : m_kind(kind), m_title(title), m_block(block) {}
+  RangeRows(GraphKind kind, QString title, WaveGraphSetting& block)
+      : m_kind(kind), m_title(std::move(title)), m_block(block) {}
 
   QString Title() const;
 

@@ -85,7 +85,7 @@ class GraphEditDialogTest : public testing::Test {
 
 std::vector<std::string> Controls(const GraphEditDialog& dialog) {
   std::vector<std::string> names;
-  for (const char* name : {"autoCheck", "timeGrid", "specGrid", "specLogCheck", "fourierGrid",
+  for (const char* name : {"autoCheck", "timeGrid", "spectrumGrid", "spectrumLogCheck", "fourierGrid",
                            "fourierLogCheck", "resetRangeButton", "colorGrid", "resetColorsButton"})
     if (dialog.findChild<QWidget*>(name)) names.emplace_back(name);
   return names;
@@ -97,10 +97,10 @@ TEST_F(GraphEditDialogTest, EachDialogHasItsControls) {
   EXPECT_THAT(Controls(wave), testing::SizeIs(9));
   EXPECT_THAT(Controls(visual), testing::SizeIs(9));
   EXPECT_THAT(Controls(CDlgGraphEditAccSpec(block, {{"波1", &block.specColor}})),
-              testing::ElementsAre("autoCheck", "specGrid", "specLogCheck", "resetRangeButton", "colorGrid",
-                                   "resetColorsButton"));
+              testing::ElementsAre("autoCheck", "spectrumGrid", "spectrumLogCheck", "resetRangeButton",
+                                   "colorGrid", "resetColorsButton"));
   EXPECT_THAT(Controls(CDlgGraphEditBaseSpec(block)),
-              testing::ElementsAre("autoCheck", "specGrid", "specLogCheck", "resetRangeButton"));
+              testing::ElementsAre("autoCheck", "spectrumGrid", "spectrumLogCheck", "resetRangeButton"));
 }
 
 TEST_F(GraphEditDialogTest, TheTextsAreTheirOwn) {
@@ -108,7 +108,7 @@ TEST_F(GraphEditDialogTest, TheTextsAreTheirOwn) {
   Open(dialog);
   EXPECT_EQ(dialog.windowTitle(), "描画設定");
   EXPECT_EQ(Find<QCheckBox>("autoCheck")->text(), "各グラフの自動調整を有効にする");
-  EXPECT_EQ(Find<QCheckBox>("specLogCheck")->text(), "対数グラフにする");
+  EXPECT_EQ(Find<QCheckBox>("spectrumLogCheck")->text(), "対数グラフにする");
   EXPECT_EQ(Find<QPushButton>("resetRangeButton")->text(), "初期範囲に戻す");
   EXPECT_EQ(Find<QPushButton>("resetColorsButton")->text(), "色のリセット");
   EXPECT_EQ(Row("timeGrid", 0), "グラフ(時間-平均応答加速度)|最小値|最大値|間隔");
@@ -119,7 +119,7 @@ TEST_F(GraphEditDialogTest, EveryControlHasANameOfItsOwn) {
   Open(dialog);
   QStringList names;
   for (const char* name :
-       {"autoCheck", "timeGrid", "specGrid", "specLogCheck", "fourierGrid", "fourierLogCheck",
+       {"autoCheck", "timeGrid", "spectrumGrid", "spectrumLogCheck", "fourierGrid", "fourierLogCheck",
         "resetRangeButton", "colorGrid", "resetColorsButton", "okButton", "cancelButton"})
     names << Find<QWidget>(name)->accessibleName();
   EXPECT_FALSE(names.contains(QString()));
@@ -129,15 +129,15 @@ TEST_F(GraphEditDialogTest, EveryControlHasANameOfItsOwn) {
 TEST_F(GraphEditDialogTest, TheLogCheckSwapsTheTextsAndRedrawsTheOwner) {
   CDlgGraphEdit dialog(block, ColorsOf(block));
   Open(dialog);
-  EXPECT_EQ(Row("specGrid", 0).substr(0, Row("specGrid", 0).find('|')), "周期-加速度応答スペクトル");
-  Press("specLogCheck");
+  EXPECT_EQ(Row("spectrumGrid", 0).substr(0, Row("spectrumGrid", 0).find('|')), "周期-加速度応答スペクトル");
+  Press("spectrumLogCheck");
   ASSERT_EQ(drawn.size(), 1u);
   EXPECT_EQ(drawn[0].specLog, 1);
-  EXPECT_EQ(Row("specGrid", 0), "周期-加速度応答スペクトル(対数)|最小値|最大値|間隔");
-  EXPECT_EQ(Row("specGrid", 1), "周期T (sec) (×10^n)|0.01|10|対数");
-  EXPECT_EQ(Find<CSpread7>("specGrid")->model()->headerData(0, Qt::Horizontal).toString(),
+  EXPECT_EQ(Row("spectrumGrid", 0), "周期-加速度応答スペクトル(対数)|最小値|最大値|間隔");
+  EXPECT_EQ(Row("spectrumGrid", 1), "周期T (sec) (×10^n)|0.01|10|対数");
+  EXPECT_EQ(Find<CSpread7>("spectrumGrid")->model()->headerData(0, Qt::Horizontal).toString(),
             "周期-加速度応答スペクトル(対数)");
-  Press("specLogCheck");
+  Press("spectrumLogCheck");
   ASSERT_EQ(drawn.size(), 2u);
   EXPECT_EQ(drawn[1].specLog, 0);
   Press("fourierLogCheck");
@@ -149,7 +149,7 @@ TEST_F(GraphEditDialogTest, TheLogCheckSwapsTheTextsAndRedrawsTheOwner) {
 TEST_F(GraphEditDialogTest, TheAutoCheckOpensAndLocksCellsAndRedrawsTheOwner) {
   CDlgGraphEditBaseSpec dialog(block);
   Open(dialog);
-  const auto open = [this] { return !Find<CSpread7>("specGrid")->Data().Format(2, 3).locked; };
+  const auto open = [this] { return !Find<CSpread7>("spectrumGrid")->Data().Format(2, 3).locked; };
   EXPECT_TRUE(open());
   Press("autoCheck");
   ASSERT_EQ(drawn.size(), 1u);
@@ -166,7 +166,7 @@ TEST_F(GraphEditDialogTest, TheChecksShowTheBlockAsItIsOpened) {
   CDlgGraphEdit dialog(block, ColorsOf(block));
   Open(dialog);
   EXPECT_TRUE(Find<QCheckBox>("autoCheck")->isChecked());
-  EXPECT_FALSE(Find<QCheckBox>("specLogCheck")->isChecked());
+  EXPECT_FALSE(Find<QCheckBox>("spectrumLogCheck")->isChecked());
   EXPECT_TRUE(Find<QCheckBox>("fourierLogCheck")->isChecked());
   EXPECT_EQ(block.autoRange, 2);
   EXPECT_TRUE(drawn.empty());
@@ -189,8 +189,8 @@ TEST_F(GraphEditDialogTest, ALogarithmicLimitIsTheValueItself) {
   block.specLog = 1;
   CDlgGraphEditBaseSpec dialog(block);
   Open(dialog);
-  Type("specGrid", 1, 2, "0.02");
-  Leave("specGrid");
+  Type("spectrumGrid", 1, 2, "0.02");
+  Leave("spectrumGrid");
   EXPECT_EQ(block.specLogXMin, 0.02);
 }
 
@@ -233,7 +233,7 @@ TEST_F(GraphEditDialogTest, TheResetButtonsAskTheOwnerThenRedrawIt) {
   Open(dialog);
   Press("resetRangeButton");
   EXPECT_EQ(messages.join(' '), "range apply");
-  EXPECT_EQ(Row("specGrid", 1), "周期T (sec)|0|5|1");
+  EXPECT_EQ(Row("spectrumGrid", 1), "周期T (sec)|0|5|1");
   Press("resetColorsButton");
   EXPECT_EQ(messages.join(' '), "range apply colours apply");
   EXPECT_EQ(Row("colorGrid", 1), "下限|#00FF00");
@@ -261,7 +261,7 @@ TEST_F(GraphEditDialogTest, CancelAndEscapeKeepTheChanges) {
   EXPECT_EQ(dialog.result(), QDialog::Rejected);
   EXPECT_EQ(block.autoRange, 1);
   dialog.show();
-  Press("specLogCheck");
+  Press("spectrumLogCheck");
   QTest::keyClick(&dialog, Qt::Key_Escape);
   EXPECT_FALSE(dialog.isVisible());
   EXPECT_EQ(block.specLog, 1);
@@ -292,7 +292,7 @@ TEST_F(GraphEditDialogTest, NothingIsCutOff) {
   CDlgGraphEdit dialog(block, ColorsOf(block));
   Open(dialog);
   for (const bool logarithmic : {false, true}) {
-    for (const char* name : {"timeGrid", "specGrid", "fourierGrid"}) {
+    for (const char* name : {"timeGrid", "spectrumGrid", "fourierGrid"}) {
       auto* const grid = Find<CSpread7>(name);
       const QRect last = grid->visualRect(grid->model()->index(1, 3));
       EXPECT_TRUE(grid->viewport()->rect().contains(last)) << name;
@@ -300,7 +300,7 @@ TEST_F(GraphEditDialogTest, NothingIsCutOff) {
         EXPECT_LT(grid->fontMetrics().horizontalAdvance(grid->GetCellText(row, 1)), grid->columnWidth(0))
             << name << logarithmic;
     }
-    Press("specLogCheck");
+    Press("spectrumLogCheck");
     Press("fourierLogCheck");
   }
   EXPECT_LE(dialog.height(), 700);

@@ -57,6 +57,18 @@ TEST_F(GraphViewTest, TheSourceIsAskedOnceAndOnlyWhenThereIsSomethingToPaint) {
   EXPECT_TRUE(QTest::qWaitFor([this] { return m_made == 2; }));
 }
 
+TEST_F(GraphViewTest, ASourceThatRefreshesTheViewIsNotAskedForEver) {
+  int made = 0;
+  m_view.SetSource([&] {
+    ++made;
+    m_view.Refresh();  // as when a spectrum computed for the graph marks the document as modified
+    return std::make_unique<CDrawTimeAccGal>(WaveGraphSetting{});
+  });
+  m_view.Picture(1.0);
+  m_view.Picture(1.0);
+  EXPECT_EQ(made, 1);
+}
+
 TEST_F(GraphViewTest, WithoutAGraphTheAreaIsGrey) {
   m_view.SetSource([] { return std::unique_ptr<CDrawGraph>(); });
   QImage grey(656, 292, QImage::Format_RGB32);
