@@ -51,7 +51,7 @@ class CSpread7 : public QTableView {
 
   int RowCount() const;
   int ColumnCount() const;
-  /// Size and formats of the grid's own table.
+  /// Size and formats of the grid's own table. Blocks may have -1 as in SelectBlock.
   void SetSize(int rows, int columns);
   void SetColumnFormat(int column, const CellFormat& format);
   void SetCellFormat(int row, int column, const CellFormat& format);
@@ -122,6 +122,8 @@ class CSpread7 : public QTableView {
   using Command = void (CSpread7::*)();
 
   QModelIndex IndexOf(int row, int column) const;
+  GridBlock WithoutWholes(const GridBlock& block) const;
+  void ChangeFormats(const GridBlock& block, const std::function<void(CellFormat&)>& change);
   void AddCommand(const QString& text, const QKeySequence& key, Command command);
   /// Toggles, colours or opens the cell if it is one that a click or key presses.
   bool PressCell(const QModelIndex& index);
