@@ -632,6 +632,15 @@ TEST_F(SampleGridTest, DelInAnOpenEditorDeletesACharacter) {
   EXPECT_THAT(acc, ElementsAre(25.0, 2.0));
 }
 
+TEST_F(SampleGridTest, InsInAnOpenEditorInsertsNoRow) {
+  ShowSamples({125.0, 2.0});
+  Click(1, 2);
+  Key(Qt::Key_F2);
+  Key(Qt::Key_Insert);
+  EXPECT_EQ(acc.size(), 2U);
+  EXPECT_THAT(asked, IsEmpty());
+}
+
 TEST_F(SampleGridTest, CopyInAnOpenEditorTakesItsText) {
   ShowSamples({125.0, 2.0});
   Click(1, 2);
