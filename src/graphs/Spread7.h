@@ -24,8 +24,8 @@ class GridTable;
 /// Rows and columns count from 1 in every function here; row 0 and column 0 are the titles. Functions that
 /// the program calls emit no signal and ask nothing: signals tell of the user's actions alone. A change by
 /// the user goes this way, once for each action however many cells it touches: the guard is asked, the data
-/// change, Changed is emitted. What a cell editor hands in is handled from the event loop, so that guard and
-/// slots may open boxes.
+/// change, Changed is emitted. What was typed into a cell goes this way once its editor is closed, so that
+/// guard and slots may open boxes, and before a button that took the focus acts.
 class CSpread7 : public QTableView {
   Q_OBJECT
  public:
