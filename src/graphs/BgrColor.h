@@ -8,7 +8,7 @@ namespace tremlo {
 
 /// Records and grids keep a colour as 0x00BBGGRR.
 inline QColor ColorFromBgr(std::int32_t bgr) {
-  return QColor(bgr & 0xFF, (bgr >> 8) & 0xFF, (bgr >> 16) & 0xFF);
+  return {bgr & 0xFF, (bgr >> 8) & 0xFF, (bgr >> 16) & 0xFF};
 }
 
 inline std::int32_t BgrFromColor(const QColor& color) {

@@ -16,7 +16,7 @@ constexpr std::size_t kIntegerRoom = 320;
 QChar HalfWidth(QChar c) {
   const char16_t code = c.unicode();
   if ((code >= u'０' && code <= u'９') || code == u'Ｅ' || code == u'ｅ')
-    return QChar(static_cast<char16_t>(code - u'０' + u'0'));
+    return static_cast<char16_t>(code - u'０' + u'0');
   switch (code) {
     case u'．':
     case u'。':

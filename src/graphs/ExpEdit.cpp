@@ -27,7 +27,10 @@ bool BringsText(const QKeyEvent& event) {
 
 CExpEdit::CExpEdit(QWidget* parent)
     : QLineEdit(parent), m_gate(new EntryGate(this, [this] { return !m_dirty || FinishEntry(); })) {
-  connect(this, &QLineEdit::textChanged, this, [this] { m_dirty = true; });
+  connect(this, &QLineEdit::textChanged, this, [this] {
+    m_dirty = true;
+    m_cancelling = false;
+  });
 }
 
 void CExpEdit::SetLimits(double low, double high) {

@@ -89,7 +89,7 @@ class CExpEdit : public QLineEdit {
   QString m_savedText;
   Refusal m_refusal;
   bool m_dirty = false;
-  bool m_cancelling = false;  ///< the focus goes to the cancel button, or Esc was pressed
+  bool m_cancelling = false;  ///< the focus goes to the cancel button, or Esc was pressed last
   bool m_enterPressed = false;
   bool m_selectAllOnFocus = true;
   bool m_selectOnRelease = false;

@@ -92,8 +92,8 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
   const CellFormat format = Format(index);
   switch (role) {
     case Qt::TextAlignmentRole:
-      return QVariant(format.type == CellType::Number ? Qt::AlignRight | Qt::AlignVCenter
-                                                      : Qt::AlignLeft | Qt::AlignVCenter);
+      return QVariant::fromValue((format.type == CellType::Number ? Qt::AlignRight : Qt::AlignLeft) |
+                                 Qt::AlignVCenter);
     case Qt::BackgroundRole:
       return format.backColor ? QVariant(ColorFromBgr(*format.backColor)) : QVariant();
     case Qt::ForegroundRole:

@@ -133,22 +133,22 @@ void CSpread7::SetCellFormat(int row, int column, const CellFormat& format) {
   m_model->TellCells({row, column, row, column});
 }
 
-void CSpread7::SetBackColor(const GridBlock& block, std::optional<std::int32_t> bgr) {
-  for (int row = block.top; row <= block.bottom; ++row)
-    for (int column = block.left; column <= block.right; ++column) {
+void CSpread7::ChangeFormats(const GridBlock& block, const std::function<void(CellFormat&)>& change) {
+  const GridBlock cells = WithoutWholes(block);
+  for (int row = cells.top; row <= cells.bottom; ++row)
+    for (int column = cells.left; column <= cells.right; ++column) {
       CellFormat format = m_table->Format(row, column);
-      format.backColor = bgr;
+      change(format);
       SetCellFormat(row, column, format);
     }
 }
 
+void CSpread7::SetBackColor(const GridBlock& block, std::optional<std::int32_t> bgr) {
+  ChangeFormats(block, [&](CellFormat& format) { format.backColor = bgr; });
+}
+
 void CSpread7::SetTextColor(const GridBlock& block, std::optional<std::int32_t> bgr) {
-  for (int row = block.top; row <= block.bottom; ++row)
-    for (int column = block.left; column <= block.right; ++column) {
-      CellFormat format = m_table->Format(row, column);
-      format.textColor = bgr;
-      SetCellFormat(row, column, format);
-    }
+  ChangeFormats(block, [&](CellFormat& format) { format.textColor = bgr; });
 }
 
 void CSpread7::SetGreyAreaColor(std::int32_t bgr) {
@@ -235,11 +235,15 @@ void CSpread7::SelectCell(int row, int column) {
   setCurrentIndex(IndexOf(row, column));
 }
 
-void CSpread7::SelectBlock(const GridBlock& block) {
+GridBlock CSpread7::WithoutWholes(const GridBlock& block) const {
   const bool columns = block.top < 0;
   const bool rows = block.left < 0;
-  const GridBlock cells{columns ? 1 : block.top, rows ? 1 : block.left, columns ? RowCount() : block.bottom,
-                        rows ? ColumnCount() : block.right};
+  return {columns ? 1 : block.top, rows ? 1 : block.left, columns ? RowCount() : block.bottom,
+          rows ? ColumnCount() : block.right};
+}
+
+void CSpread7::SelectBlock(const GridBlock& block) {
+  const GridBlock cells = WithoutWholes(block);
   if (cells.IsEmpty()) return;
   SelectCell(cells.top, cells.left);
   selectionModel()->select({IndexOf(cells.top, cells.left), IndexOf(cells.bottom, cells.right)},
@@ -416,8 +420,9 @@ void CSpread7::Paste() {
 }
 
 void CSpread7::ClearBlock(const GridBlock& block) {
-  ClearCells(Data(), block);
-  m_model->TellCells(block);
+  const GridBlock cells = WithoutWholes(block);
+  ClearCells(Data(), cells);
+  m_model->TellCells(cells);
 }
 
 void CSpread7::paintEvent(QPaintEvent* event) {

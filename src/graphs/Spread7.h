@@ -24,8 +24,8 @@ class GridTable;
 /// Rows and columns count from 1 in every function here; row 0 and column 0 are the titles. Functions that
 /// the program calls emit no signal and ask nothing: signals tell of the user's actions alone. A change by
 /// the user goes this way, once for each action however many cells it touches: the guard is asked, the data
-/// change, Changed is emitted. What a cell editor hands in is handled from the event loop, so that guard and
-/// slots may open boxes.
+/// change, Changed is emitted. What was typed into a cell goes this way once its editor is closed, so that
+/// guard and slots may open boxes, and before a button that took the focus acts.
 class CSpread7 : public QTableView {
   Q_OBJECT
  public:
@@ -51,7 +51,7 @@ class CSpread7 : public QTableView {
 
   int RowCount() const;
   int ColumnCount() const;
-  /// Size and formats of the grid's own table.
+  /// Size and formats of the grid's own table. Blocks may have -1 as in SelectBlock.
   void SetSize(int rows, int columns);
   void SetColumnFormat(int column, const CellFormat& format);
   void SetCellFormat(int row, int column, const CellFormat& format);
@@ -122,6 +122,8 @@ class CSpread7 : public QTableView {
   using Command = void (CSpread7::*)();
 
   QModelIndex IndexOf(int row, int column) const;
+  GridBlock WithoutWholes(const GridBlock& block) const;
+  void ChangeFormats(const GridBlock& block, const std::function<void(CellFormat&)>& change);
   void AddCommand(const QString& text, const QKeySequence& key, Command command);
   /// Toggles, colours or opens the cell if it is one that a click or key presses.
   bool PressCell(const QModelIndex& index);

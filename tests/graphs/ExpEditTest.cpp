@@ -486,6 +486,31 @@ TEST_F(ExpEditTest, EscapeLeavesTheFieldWithoutACheck) {
   EXPECT_FALSE(dialog.isVisible());
 }
 
+TEST(ExpEdit, WhatIsTypedBehindEscapeIsAnEntryAgain) {
+  QWidget screen;  // Escape closes no screen
+  CExpEdit edit(&screen);
+  CExpEdit next(&screen);
+  int entered = 0;
+  int abandoned = 0;
+  QObject::connect(&edit, &CExpEdit::Entered, [&] { ++entered; });
+  QObject::connect(&edit, &CExpEdit::Abandoned, [&] { ++abandoned; });
+  screen.show();
+  screen.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&screen));
+  edit.setFocus();
+  QTest::keyClicks(&edit, QStringLiteral("8"));
+  QTest::keyClick(&edit, Qt::Key_Escape);
+  QTest::keyClicks(&edit, QStringLiteral("9"));
+  QTest::keyClick(&edit, Qt::Key_Tab);
+  EXPECT_EQ(entered, 1);
+  edit.setFocus();
+  QTest::keyClicks(&edit, QStringLiteral("7"));
+  QTest::keyClick(&edit, Qt::Key_Escape);
+  QTest::keyClick(&edit, Qt::Key_Tab);
+  EXPECT_EQ(entered, 1);
+  EXPECT_EQ(abandoned, 1);
+}
+
 TEST_F(ExpEditTest, ADialogThatClosesOnABadFieldShowsNoBox) {
   Show(EntryKind::Integer, 0.0, 10.0);
   Type("99");

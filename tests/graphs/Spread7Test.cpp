@@ -10,12 +10,14 @@
 #include <QContextMenuEvent>
 #include <QDialog>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
 #include <QTimer>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 #include <gmock/gmock.h>
@@ -630,6 +632,15 @@ TEST_F(SampleGridTest, DelInAnOpenEditorDeletesACharacter) {
   EXPECT_THAT(acc, ElementsAre(25.0, 2.0));
 }
 
+TEST_F(SampleGridTest, InsInAnOpenEditorInsertsNoRow) {
+  ShowSamples({125.0, 2.0});
+  Click(1, 2);
+  Key(Qt::Key_F2);
+  Key(Qt::Key_Insert);
+  EXPECT_EQ(acc.size(), 2U);
+  EXPECT_THAT(asked, IsEmpty());
+}
+
 TEST_F(SampleGridTest, CopyInAnOpenEditorTakesItsText) {
   ShowSamples({125.0, 2.0});
   Click(1, 2);
@@ -841,8 +852,22 @@ TEST_F(MixedGridTest, ColoursOfCellsAreSetByBlock) {
   EXPECT_EQ(role(2, 1, Qt::ForegroundRole), QColor(Qt::white));
   EXPECT_EQ(role(1, 2, Qt::ForegroundRole), QColor(255, 0, 128));
   EXPECT_FALSE(role(2, 2, Qt::ForegroundRole).isValid());
-  grid.SetBackColor({1, 1, 2, 1}, std::nullopt);
+  grid.SetBackColor({-1, 1, -1, 1}, std::nullopt);
   EXPECT_FALSE(role(2, 1, Qt::BackgroundRole).isValid());
+}
+
+TEST_F(MixedGridTest, ACutOffTextIsToldByATip) {
+  grid.SetCellText(1, 1, QStringLiteral("糸魚川－静岡構造線断層帯 <中北部>"));
+  Show();
+  const auto tip = [&](int row, int column) {
+    QHelpEvent event(QEvent::ToolTip, Middle(row, column), grid.viewport()->mapToGlobal(Middle(row, column)));
+    QApplication::sendEvent(grid.viewport(), &event);
+    return QToolTip::text().toStdString();
+  };
+  EXPECT_EQ(tip(1, 1), "<qt>糸魚川－静岡構造線断層帯 &lt;中北部&gt;</qt>");
+  tip(2, 1);
+  EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
+  EXPECT_EQ(tip(1, 5), "色 赤50 緑50 青255");
 }
 
 TEST_F(Spread7Test, CellsSpan) {
