@@ -106,12 +106,12 @@ bool MorvaneApp::ReadyToStart() {
   }
   CDlgSplash(m_settings.splashMs).exec();
   StartUpdateCheck(false);
-  // Without its folder the program has no place for the answers, and it ends below.
-  if (!m_settings.programFolder.isEmpty()) Probe();
+  // The probes keep their answers in the program's folder: without it there are none.
   if (m_settings.programFolder.isEmpty()) {
     m_prompt.Tell(QStringLiteral("EXEファイルのパスを取得できませんでした。"), PromptIcon::Stop);
     return false;
   }
+  Probe();
   const std::optional<TableFailure> failure = CheckTableFolders(m_settings.programFolder);
   if (!failure) return true;
   m_prompt.Tell(failure->text, PromptIcon::None);
@@ -166,10 +166,12 @@ void MorvaneApp::ConnectFrame() {
 void MorvaneApp::ConnectSettingsMenu() {
   MainFrame* frame = m_frame.get();
   MainMenu* menu = frame->Menu();
-  QObject::connect(menu->apiParameters, &QAction::triggered, frame,
-                   [this] { EditSettings(m_rules->BeginApiParameters(), m_table.editApiParameters); });
-  QObject::connect(menu->adjustSettings, &QAction::triggered, frame,
-                   [this] { EditSettings(m_rules->BeginAdjustSettings(), m_table.editAdjustSettings); });
+  QObject::connect(menu->apiParameters, &QAction::triggered, frame, [this] {
+    if (m_rules->BeginApiParameters()) m_table.editApiParameters(*m_parts);
+  });
+  QObject::connect(menu->adjustSettings, &QAction::triggered, frame, [this] {
+    if (m_rules->BeginAdjustSettings()) m_table.editAdjustSettings(*m_parts);
+  });
   QObject::connect(menu->clearMapCache, &QAction::triggered, frame, [this] { ClearMapImages(); });
   QObject::connect(menu->online, &QAction::triggered, frame, [this] { ToggleOnline(); });
 }
@@ -206,10 +208,6 @@ void MorvaneApp::ToggleOnline() {
   UpdateMenu();
   m_procedure->RefreshActiveScreen();
   m_frame->update();
-}
-
-void MorvaneApp::EditSettings(bool mayOpen, const std::function<void(const ScreenParts&)>& dialog) {
-  if (mayOpen) dialog(*m_parts);
 }
 
 void MorvaneApp::ClearMapImages() {

@@ -53,7 +53,6 @@ class MorvaneApp : private ProjectShell {
   void ConnectHelpMenu();
   void Probe();
   void ToggleOnline();
-  void EditSettings(bool mayOpen, const std::function<void(const ScreenParts&)>& dialog);
   void ClearMapImages();
   void OpenManual();
   void OpenPage(const QString& address);

@@ -110,6 +110,13 @@ TEST_F(FlowPaneTest, PrintStepShowsAtTheNextPaintOnly) {
   EXPECT_GT(paints.count, 0);
 }
 
+TEST_F(FlowPaneTest, UnusableCoefficientsEndTheProgramWithStatusOne) {
+  faultSpectraWork = false;
+  Press(FlowStep::BaseSpectrum);
+  EXPECT_EQ(Active(), ScreenId::Field);
+  EXPECT_THAT(ended, ElementsAre(1));
+}
+
 TEST_F(FlowPaneTest, PressOfADisabledStepDoesNothing) {
   Doc().flowFaultSource = false;
   app->Procedure().ApplyStepSwitches();

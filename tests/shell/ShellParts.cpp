@@ -100,7 +100,9 @@ void ShellTest::Make(bool withGuidelineRoute) {
     return choice;
   };
   doors.endProgram = [this](int status) { ended.push_back(status); };
-  app = std::make_unique<MorvaneApp>(settings, LoggingScreens(log, withGuidelineRoute), doors);
+  ScreenTable screens = LoggingScreens(log, withGuidelineRoute);
+  screens.runs.calculateFaultSpectra = [this](const ScreenParts&) { return faultSpectraWork; };
+  app = std::make_unique<MorvaneApp>(settings, std::move(screens), doors);
 }
 
 void ShellTest::ExpectOffline() {

@@ -87,7 +87,8 @@ class ShellTest : public testing::Test {
   ScriptedFiles files;
   ProgramSettings settings;
   std::deque<TopChoice> choices;  ///< answers of the top screen
-  std::vector<int> ended;         ///< status of each call that ends the program
+  bool faultSpectraWork = true;
+  std::vector<int> ended;  ///< status of each call that ends the program
   std::unique_ptr<MorvaneApp> app;
 };
 
