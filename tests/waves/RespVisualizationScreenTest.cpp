@@ -16,8 +16,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QLabel>
-#include <QMainWindow>
-#include <QStatusBar>
+#include <QStatusTipEvent>
 
 namespace tremlo::test {
 namespace {
@@ -273,17 +272,23 @@ TEST_F(RespVisualizationScreen, TheSettingsDialogWorksOnTheBlockAndTheTwoColours
   EXPECT_TRUE(doc.IsModified());
 }
 
+/// Notes what a window is told for its status bar.
+class StatusTips : public QObject {
+ public:
+  explicit StatusTips(QWidget& window) { window.installEventFilter(this); }
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::StatusTip) last = static_cast<QStatusTipEvent*>(event)->tip().toStdString();
+    return false;
+  }
+  std::string last;
+};
+
 TEST_F(RespVisualizationScreen, TheValuesUnderThePointerGoToTheStatusBar) {
-  QMainWindow window;
-  auto* const shown = new CFrmRespVisualization(doc, files);
-  window.setCentralWidget(shown);
-  window.statusBar();
-  window.resize(840, 680);
-  window.show();
-  auto* const graph = shown->findChild<QWidget*>("graph");
-  QTest::mouseMove(graph, graph->rect().center());
-  Settle();
-  EXPECT_THAT(window.statusBar()->currentMessage().toStdString(), testing::HasSubstr("加速度"));
+  StatusTips tips(*screen.window());
+  auto& graph = driver.Find<QWidget>("graph");
+  graph.setFocus();
+  driver.Key(Qt::Key_Home);
+  EXPECT_THAT(tips.last, testing::HasSubstr("波形：時間 0."));
 }
 
 TEST_F(RespVisualizationScreen, TheTabKeyFollowsTheReadingOrder) {
