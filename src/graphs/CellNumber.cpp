@@ -11,7 +11,8 @@ namespace tremlo {
 namespace {
 
 /// Room for the largest double written out in full, its sign and point.
-constexpr std::size_t kIntegerRoom = 320;
+constexpr int kIntegerRoom = 320;
+constexpr int kMostPlaces = 100;
 
 QChar HalfWidth(QChar c) {
   const char16_t code = c.unicode();
@@ -35,8 +36,8 @@ QChar HalfWidth(QChar c) {
 }  // namespace
 
 QString FixedText(double value, int decimals) {
-  const int places = std::max(decimals, 0);
-  std::string text(kIntegerRoom + static_cast<std::size_t>(places), '\0');
+  const int places = std::clamp(decimals, 0, kMostPlaces);
+  std::array<char, kIntegerRoom + kMostPlaces> text;
   const auto [end, error] =
       std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, places);
   return QString::fromLatin1(text.data(), end - text.data());
@@ -68,6 +69,8 @@ bool IsCheckedText(const QString& text) {
 }
 
 QString HalfWidthNumber(const QString& text) {
+  const auto isPlain = [](QChar c) { return c > u' ' && c < QChar(0x7F); };
+  if (std::all_of(text.begin(), text.end(), isPlain)) return text;
   QString half = text;
   for (QChar& c : half) c = HalfWidth(c);
   return half.trimmed();

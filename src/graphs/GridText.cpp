@@ -31,8 +31,13 @@ class GridTextReader {
       ++m_at;
       fields.append(ReadField());
     }
-    if (m_at < m_text.size()) m_at += m_text.mid(m_at, 2) == QStringLiteral("\r\n") ? 2 : 1;
+    SkipLineEnd();
     return fields;
+  }
+
+  void SkipLineEnd() {
+    const bool twoCharacters = m_at + 1 < m_text.size() && m_text[m_at] == u'\r' && m_text[m_at + 1] == u'\n';
+    m_at += twoCharacters ? 2 : 1;
   }
 
   QString ReadField() {

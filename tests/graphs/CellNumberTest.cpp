@@ -55,6 +55,10 @@ TEST(CellNumber, LargeAndOddValuesAreWrittenAsAFormattedPrintDoes) {
   }
 }
 
+TEST(CellNumber, MoreThanAHundredPlacesAreNotWritten) {
+  EXPECT_EQ(FixedText(-std::numeric_limits<double>::max(), 1000).size(), 1 + 309 + 1 + 100);
+}
+
 TEST(CellNumber, ShortestTextReadsBackToTheSameDouble) {
   EXPECT_EQ(ShortestText(0.01).toStdString(), "0.01");
   for (const double value : {0.1 + 0.2, 1.0 / 3.0, -1e-300, 123456789.123456789})
