@@ -171,7 +171,7 @@ TEST_F(RespAdjustSpectrumScreen, TheSettingsDialogWorksOnTheBlockOfTheBase) {
   doc.graphBase.name = "x";
   ScreenDriver::InDialog([this](QWidget& dialog) {
     EXPECT_EQ(dialog.findChild<QWidget*>("colorGrid"), nullptr);
-    PressIn(dialog, "specLogCheck");
+    PressIn(dialog, "spectrumLogCheck");
     EXPECT_EQ(doc.graphBase.origGraph.specLog, 0);
     PressIn(dialog, "resetRangeButton");
     PressIn(dialog, "okButton");
