@@ -439,6 +439,8 @@ void CSpread7::keyPressEvent(QKeyEvent* event) {
   QTableView::keyPressEvent(event);
 }
 
+void CSpread7::keyboardSearch(const QString& /*search*/) {}
+
 void CSpread7::inputMethodEvent(QInputMethodEvent* event) {
   const bool edited = m_delegate->Editor();
   QTableView::inputMethodEvent(event);
@@ -499,6 +501,8 @@ void CSpread7::LeaveGrid(const QModelIndex& cell) {
 QItemSelectionModel::SelectionFlags CSpread7::selectionCommand(const QModelIndex& index,
                                                                const QEvent* event) const {
   constexpr Qt::KeyboardModifiers kToTheEdge = Qt::ShiftModifier | Qt::ControlModifier;
+  // Ctrl is still down behind Ctrl+INS, and would add the new row to the selection.
+  if (m_quiet && !event) return QItemSelectionModel::ClearAndSelect;
   if (!event || event->type() != QEvent::KeyPress) return QTableView::selectionCommand(index, event);
   const auto* const key = static_cast<const QKeyEvent*>(event);
   if ((key->modifiers() & kToTheEdge) != kToTheEdge) return QTableView::selectionCommand(index, event);

@@ -98,6 +98,9 @@ class CSpread7 : public QTableView {
   void Paste();
   void ClearBlock(const GridBlock& block);  ///< empties cells for the program: no guard, no signal
 
+  /// Does nothing: what is typed on a locked cell must not move the active cell, nor read every row for it.
+  void keyboardSearch(const QString& search) override;
+
  Q_SIGNALS:
   void Changed(const tremlo::GridChange& change);
   void CellClicked(int row, int column);  ///< a check cell was toggled by mouse or key; comes behind Changed

@@ -376,6 +376,16 @@ TEST_F(MixedGridTest, LockedCellsAreNotEdited) {
   EXPECT_FALSE(Editor());
 }
 
+TEST_F(SampleGridTest, TypingOnALockedCellMovesNowhere) {
+  ShowSamples({1.0, 2.0, 3.0});
+  Click(1, 1);
+  Type("0.02");
+  Settle();
+  EXPECT_EQ(grid.ActiveRow(), 1);
+  EXPECT_EQ(grid.ActiveColumn(), 1);
+  EXPECT_THAT(acc, ElementsAre(1.0, 2.0, 3.0));
+}
+
 TEST_F(MixedGridTest, NumberCellsTakeDigitsOfAnyWidthAndDropTheRest) {
   Show();
   Click(1, 2);
@@ -571,6 +581,27 @@ TEST_F(SampleGridTest, CtrlInsPutsARowAtTheEnd) {
   EXPECT_THAT(acc, ElementsAre(1.0, 2.0, 0.0));
   EXPECT_EQ(grid.ActiveRow(), 3);
   EXPECT_THAT(changed, ElementsAre(GridChange{Action::AppendRow, {3, 1, 3, 2}}));
+}
+
+TEST_F(SampleGridTest, AfterCtrlInsTheNewCellAloneIsSelected) {
+  ShowSamples({1.0, 2.0, 3.0, 4.0});
+  Click(2, 2);
+  Key(Qt::Key_Insert, Qt::ControlModifier);
+  EXPECT_EQ(grid.SelectedCells(), (GridBlock{5, 2, 5, 2}));
+  Key(Qt::Key_Delete);
+  EXPECT_THAT(acc, ElementsAre(1.0, 2.0, 3.0, 4.0));
+}
+
+TEST_F(SampleGridTest, ShiftExtendsFromTheCellThatTheProgramSelected) {
+  ShowSamples(std::vector<double>(20, 1.0));
+  Click(2, 2);
+  grid.SelectCell(10, 2);
+  Key(Qt::Key_Down, Qt::ShiftModifier);
+  EXPECT_EQ(grid.SelectedCells(), (GridBlock{10, 2, 11, 2}));
+  Key(Qt::Key_Down, Qt::ShiftModifier);
+  EXPECT_EQ(grid.SelectedCells(), (GridBlock{10, 2, 12, 2}));
+  grid.SelectCell(15, 2);
+  EXPECT_EQ(grid.SelectedCells(), (GridBlock{15, 2, 15, 2}));
 }
 
 TEST_F(SampleGridTest, DelRemovesTheSelectedRows) {
