@@ -9,7 +9,9 @@ class CDlgGraphEdit : public GraphEditDialog {
  public:
   CDlgGraphEdit(WaveGraphSetting& block, std::vector<CurveColor> colors, QWidget* parent = nullptr)
       : GraphEditDialog({TimeGraph(QStringLiteral("時間-加速度")), SpectrumGraph(), FourierGraph()}, block,
-                        std::move(colors), parent) {}
+                        std::move(colors), parent) {
+    setObjectName(QStringLiteral("CDlgGraphEdit"));
+  }
 };
 
 }  // namespace tremlo

@@ -8,7 +8,9 @@ namespace tremlo {
 class CDlgGraphEditAccSpec : public GraphEditDialog {
  public:
   CDlgGraphEditAccSpec(WaveGraphSetting& block, std::vector<CurveColor> colors, QWidget* parent = nullptr)
-      : GraphEditDialog({SpectrumGraph()}, block, std::move(colors), parent) {}
+      : GraphEditDialog({SpectrumGraph()}, block, std::move(colors), parent) {
+    setObjectName(QStringLiteral("CDlgGraphEditAccSpec"));
+  }
 };
 
 }  // namespace tremlo

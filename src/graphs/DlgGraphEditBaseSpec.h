@@ -8,7 +8,9 @@ namespace tremlo {
 class CDlgGraphEditBaseSpec : public GraphEditDialog {
  public:
   explicit CDlgGraphEditBaseSpec(WaveGraphSetting& block, QWidget* parent = nullptr)
-      : GraphEditDialog({SpectrumGraph()}, block, {}, parent) {}
+      : GraphEditDialog({SpectrumGraph()}, block, {}, parent) {
+    setObjectName(QStringLiteral("CDlgGraphEditBaseSpec"));
+  }
 };
 
 }  // namespace tremlo

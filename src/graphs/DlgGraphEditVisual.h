@@ -10,7 +10,9 @@ class CDlgGraphEditVisual : public GraphEditDialog {
   CDlgGraphEditVisual(WaveGraphSetting& block, std::vector<CurveColor> colors, QWidget* parent = nullptr)
       : GraphEditDialog(
             {TimeGraph(QStringLiteral("グラフ(時間-平均応答加速度)")), SpectrumGraph(), FourierGraph()},
-            block, std::move(colors), parent) {}
+            block, std::move(colors), parent) {
+    setObjectName(QStringLiteral("CDlgGraphEditVisual"));
+  }
 };
 
 }  // namespace tremlo

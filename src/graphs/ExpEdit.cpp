@@ -188,6 +188,8 @@ void CExpEdit::mouseReleaseEvent(QMouseEvent* event) {
 void CExpEdit::contextMenuEvent(QContextMenuEvent* event) {
   auto* const menu = new QMenu(this);
   menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->setObjectName(QStringLiteral("menu"));
+  menu->setAccessibleName(QStringLiteral("編集"));
   const auto add = [&](const QString& title, bool enabled, auto command) {
     menu->addAction(title, this, command)->setEnabled(enabled);
   };

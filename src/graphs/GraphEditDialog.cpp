@@ -62,6 +62,7 @@ GraphEditDialog::GraphEditDialog(const std::vector<Graph>& graphs, WaveGraphSett
   if (!colors.empty()) layout->addWidget(MakeColorGroup(std::move(colors)));
 
   auto* const buttons = new QDialogButtonBox(this);
+  buttons->setObjectName(QStringLiteral("buttons"));
   const auto addButton = [&](const QString& text, const QString& objectName,
                              QDialogButtonBox::ButtonRole role) {
     buttons->addButton(MakeButton<QPushButton>(text, objectName, this), role);
@@ -78,6 +79,7 @@ GraphEditDialog::GraphEditDialog(const std::vector<Graph>& graphs, WaveGraphSett
 
 QWidget* GraphEditDialog::MakeRangeGroup(const std::vector<Graph>& graphs) {
   auto* const group = new QGroupBox(QStringLiteral("グラフ表示範囲"), this);
+  group->setObjectName(QStringLiteral("rangeGroup"));
   auto* const layout = new QVBoxLayout(group);
   for (const Graph& graph : graphs) AddRangePart(graph, layout);
   auto* const reset =
@@ -119,6 +121,7 @@ void GraphEditDialog::AddRangePart(const Graph& graph, QVBoxLayout* layout) {
 
 QWidget* GraphEditDialog::MakeColorGroup(std::vector<CurveColor> colors) {
   auto* const group = new QGroupBox(QStringLiteral("色の設定"), this);
+  group->setObjectName(QStringLiteral("colorGroup"));
   auto* const layout = new QVBoxLayout(group);
   m_colorGrid = MakeGrid(std::make_shared<ColorRows>(std::move(colors)), QStringLiteral("colorGrid"), group);
   m_colorGrid->setAccessibleName(group->title());

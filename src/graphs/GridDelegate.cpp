@@ -51,11 +51,17 @@ void PaintCheck(QPainter* painter, const QStyleOptionViewItem& cell, bool checke
   style.drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &box, painter, cell.widget);
 }
 
+/// The colour that the style writes the cell's text in.
+QColor InkOf(const QStyleOptionViewItem& cell) {
+  const bool selected = cell.state.testFlag(QStyle::State_Selected);
+  return cell.palette.color(selected ? QPalette::HighlightedText : QPalette::Text);
+}
+
 void PaintSwatch(QPainter* painter, const QStyleOptionViewItem& cell, std::int32_t bgr) {
   const QRect swatch =
       cell.rect.adjusted(kSwatchMargin, kSwatchMargin, -kSwatchMargin - 1, -kSwatchMargin - 1);
   painter->save();
-  painter->setPen(cell.palette.color(QPalette::Text));
+  painter->setPen(InkOf(cell));
   painter->setBrush(ColorFromBgr(bgr));
   painter->drawRect(swatch);
   painter->restore();
@@ -66,6 +72,9 @@ void PaintArrow(QPainter* painter, const QStyleOptionViewItem& cell) {
   arrow.rect = QRect(cell.rect.right() - kArrowWidth + 1, cell.rect.top(), kArrowWidth, cell.rect.height());
   arrow.state = cell.state;
   arrow.palette = cell.palette;
+  // Styles differ in the role that they take for an arrow.
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+    arrow.palette.setColor(role, InkOf(cell));
   StyleOf(cell).drawPrimitive(QStyle::PE_IndicatorArrowDown, &arrow, painter, cell.widget);
 }
 
@@ -117,6 +126,7 @@ QWidget* GridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
     m_editor = line;
   }
   m_editor->setAutoFillBackground(true);
+  m_editor->setObjectName(QStringLiteral("cellEditor"));
   m_editor->setAccessibleName(
       m_model->headerData(index.column(), Qt::Horizontal, Qt::DisplayRole).toString());
   return m_editor;

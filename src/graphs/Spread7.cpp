@@ -9,6 +9,7 @@
 #include "graphs/GridModel.h"
 #include "graphs/GridTable.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
@@ -53,7 +54,12 @@ CSpread7::CSpread7(QWidget* parent)
       m_chooseColor(ChooseColorInDialog) {
   setModel(m_model);
   setItemDelegate(m_delegate);
+  m_menu->setObjectName(QStringLiteral("menu"));
   m_menu->setAccessibleName(m_menu->title());
+  if (auto* const corner = findChild<QAbstractButton*>()) {
+    corner->setObjectName(QStringLiteral("selectAllButton"));
+    corner->setAccessibleName(QStringLiteral("すべて選択"));
+  }
   setSelectionMode(ContiguousSelection);
   setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
   setTabKeyNavigation(false);

@@ -150,6 +150,12 @@ TEST(GraphAxis, ALogarithmicAxisWithEqualLimitsIsAllAtItsFirstPixel) {
   EXPECT_EQ(Logarithmic(2, 2, 44, 644).Pixel(2.0), 44);
 }
 
+TEST(GraphAxis, TheLastDecadeIsNotLostToRounding) {
+  // The logarithms lie a little less than 1 apart.
+  EXPECT_EQ(Labels(Logarithmic(0.003, 0.03)), "0.003@0 0.03@600");
+  EXPECT_EQ(Labels(Logarithmic(0.006, 0.6)), "0.006@0 0.06@300 0.6@600");
+}
+
 TEST(GraphAxis, TooManyDecadesForThePixelsGiveNothing) {
   EXPECT_EQ(Labels(Logarithmic(1e-300, 1e300)), "");
   EXPECT_EQ(Lines(Logarithmic(1e-300, 1e300)), "");

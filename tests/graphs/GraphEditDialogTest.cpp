@@ -83,6 +83,15 @@ class GraphEditDialogTest : public testing::Test {
   GraphEditDialog* m_dialog = nullptr;
 };
 
+std::vector<std::unique_ptr<GraphEditDialog>> AllDialogs(WaveGraphSetting& block) {
+  std::vector<std::unique_ptr<GraphEditDialog>> dialogs;
+  dialogs.push_back(std::make_unique<CDlgGraphEdit>(block, ColorsOf(block)));
+  dialogs.push_back(std::make_unique<CDlgGraphEditVisual>(block, ColorsOf(block)));
+  dialogs.push_back(std::make_unique<CDlgGraphEditAccSpec>(block, ColorsOf(block)));
+  dialogs.push_back(std::make_unique<CDlgGraphEditBaseSpec>(block));
+  return dialogs;
+}
+
 std::vector<std::string> Controls(const GraphEditDialog& dialog) {
   std::vector<std::string> names;
   for (const char* name : {"autoCheck", "timeGrid", "spectrumGrid", "spectrumLogCheck", "fourierGrid",
@@ -114,16 +123,22 @@ TEST_F(GraphEditDialogTest, TheTextsAreTheirOwn) {
   EXPECT_EQ(Row("timeGrid", 0), "グラフ(時間-平均応答加速度)|最小値|最大値|間隔");
 }
 
-TEST_F(GraphEditDialogTest, EveryControlHasANameOfItsOwn) {
-  CDlgGraphEdit dialog(block, ColorsOf(block));
-  Open(dialog);
-  QStringList names;
-  for (const char* name :
-       {"autoCheck", "timeGrid", "spectrumGrid", "spectrumLogCheck", "fourierGrid", "fourierLogCheck",
-        "resetRangeButton", "colorGrid", "resetColorsButton", "okButton", "cancelButton"})
-    names << Find<QWidget>(name)->accessibleName();
-  EXPECT_FALSE(names.contains(QString()));
-  EXPECT_EQ(names.removeDuplicates(), 0);
+TEST_F(GraphEditDialogTest, EveryControlHasNamesOfItsOwn) {
+  for (const auto& dialog : AllDialogs(block)) {
+    EXPECT_FALSE(dialog->objectName().isEmpty());
+    QStringList objectNames, accessibleNames;
+    for (const QWidget* control : dialog->findChildren<QWidget*>()) {
+      if (!qobject_cast<const QAbstractButton*>(control) && !qobject_cast<const CSpread7*>(control)) continue;
+      EXPECT_FALSE(control->objectName().isEmpty()) << control->metaObject()->className();
+      EXPECT_FALSE(control->accessibleName().isEmpty()) << control->objectName().toStdString();
+      if (qobject_cast<const CSpread7*>(control->parentWidget())) continue;  // every grid has the same
+      objectNames << control->objectName();
+      accessibleNames << control->accessibleName();
+    }
+    EXPECT_GE(objectNames.size(), 6);
+    EXPECT_EQ(objectNames.removeDuplicates(), 0);
+    EXPECT_EQ(accessibleNames.removeDuplicates(), 0);
+  }
 }
 
 TEST_F(GraphEditDialogTest, TheLogCheckSwapsTheTextsAndRedrawsTheOwner) {
@@ -288,22 +303,35 @@ TEST_F(GraphEditDialogTest, EnterInAGridDoesNotCloseTheDialog) {
   EXPECT_FALSE(dialog.isVisible());
 }
 
-TEST_F(GraphEditDialogTest, NothingIsCutOff) {
-  CDlgGraphEdit dialog(block, ColorsOf(block));
-  Open(dialog);
-  for (const bool logarithmic : {false, true}) {
-    for (const char* name : {"timeGrid", "spectrumGrid", "fourierGrid"}) {
-      auto* const grid = Find<CSpread7>(name);
-      const QRect last = grid->visualRect(grid->model()->index(1, 3));
-      EXPECT_TRUE(grid->viewport()->rect().contains(last)) << name;
-      for (int row = 0; row <= 2; ++row)
-        EXPECT_LT(grid->fontMetrics().horizontalAdvance(grid->GetCellText(row, 1)), grid->columnWidth(0))
-            << name << logarithmic;
-    }
-    Press("spectrumLogCheck");
-    Press("fourierLogCheck");
+void ExpectNothingCutOff(const GraphEditDialog& dialog) {
+  for (const CSpread7* grid : dialog.findChildren<CSpread7*>()) {
+    const QAbstractItemModel& model = *grid->model();
+    const QRect last = grid->visualRect(model.index(model.rowCount() - 1, model.columnCount() - 1));
+    EXPECT_TRUE(grid->viewport()->rect().contains(last)) << grid->objectName().toStdString();
+    for (int row = 0; row <= grid->RowCount(); ++row)
+      for (int column = 1; column <= grid->ColumnCount(); ++column)
+        EXPECT_LT(grid->fontMetrics().horizontalAdvance(grid->GetCellText(row, column)),
+                  grid->columnWidth(column - 1))
+            << grid->GetCellText(row, column).toStdString();
   }
+  for (const QAbstractButton* button : dialog.findChildren<QAbstractButton*>())
+    if (button->isVisible() && !qobject_cast<const CSpread7*>(button->parentWidget())) {
+      EXPECT_GE(button->width(), button->sizeHint().width()) << button->objectName().toStdString();
+      EXPECT_GE(button->height(), button->sizeHint().height()) << button->objectName().toStdString();
+    }
   EXPECT_LE(dialog.height(), 700);
+}
+
+TEST_F(GraphEditDialogTest, NothingIsCutOff) {
+  for (const auto& dialog : AllDialogs(block)) {
+    for (const int logarithmic : {0, 1}) {
+      block.specLog = block.fourierLog = logarithmic;
+      Open(*dialog);
+      Press("autoCheck");
+      ExpectNothingCutOff(*dialog);
+    }
+    dialog->close();
+  }
 }
 
 }  // namespace

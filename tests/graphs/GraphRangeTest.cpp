@@ -143,6 +143,9 @@ TEST(GraphRange, AStepStaysWhileItMakesThreeToTwelveIntervals) {
   EXPECT_EQ(StepForSpan(15.0, 5.0), 5.0);
   EXPECT_EQ(StepForSpan(60.0, 5.0), 5.0);
   EXPECT_EQ(StepForSpan(20.0, 5.0), 5.0);
+  EXPECT_EQ(StepForSpan(9.0, 3.0), 3.0);
+  EXPECT_EQ(StepForSpan(36.0, 3.0), 3.0);
+  EXPECT_EQ(StepForSpan(36.1, 3.0), 5.0);
   EXPECT_EQ(StepForSpan(14.9, 5.0), 2.0);
   EXPECT_EQ(StepForSpan(60.1, 5.0), 10.0);
 }

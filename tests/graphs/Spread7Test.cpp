@@ -859,6 +859,58 @@ TEST_F(SampleGridTest, RowsAreNeverSizedToTheirContents) {
   EXPECT_EQ(grid.verticalHeader()->sectionResizeMode(0), QHeaderView::Fixed);
 }
 
+// Long lists
+
+/// 65,536 samples that count how often one is read.
+class CountedRows : public NumberRows {
+ public:
+  using NumberRows::NumberRows;
+  QString Text(int row, int column) const override {
+    ++reads;
+    return NumberRows::Text(row, column);
+  }
+  mutable int reads = 0;
+};
+
+TEST_F(Spread7Test, NothingButACommandForAllRowsReadsMoreThanTheVisibleOnes) {
+  constexpr int kRows = 65536;
+  constexpr int kMost = 1000;  // some twenty rows of two columns, painted a few times
+  std::vector<double> acc(kRows, 1.5);
+  const auto rows = std::make_shared<CountedRows>(std::vector<NumberRows::Column>{
+      {QStringLiteral("時間"), nullptr, [](int index) { return 0.01 * index; }, 2, {}},
+      {QStringLiteral("加速度"), [&] { return &acc; }, nullptr, 3, kBlank}});
+  grid.SetMenu(CSpread7::Menu::FullEdit);
+  Show();
+  const auto expectFew = [&](const char* what, const auto& action) {
+    rows->reads = 0;
+    action();
+    Settle();
+    grid.repaint();
+    EXPECT_LT(rows->reads, kMost) << what;
+    EXPECT_GT(rows->reads, 0) << what;
+  };
+  expectFew("open", [&] { grid.SetData(rows); });
+  grid.SelectCell(kRows / 2, 2);
+  expectFew("down", [&] { Key(Qt::Key_Down); });
+  expectFew("page", [&] { Key(Qt::Key_PageDown); });
+  expectFew("last row", [&] { Key(Qt::Key_End, Qt::ControlModifier); });
+  expectFew("scroll", [&] { grid.verticalScrollBar()->setValue(kRows / 3); });
+  expectFew("edit", [&] {
+    for (const Qt::Key key : {Qt::Key_1, Qt::Key_2, Qt::Key_Return}) Key(key);
+  });
+  expectFew("insert", [&] { Key(Qt::Key_Insert); });
+  expectFew("append", [&] { Key(Qt::Key_Insert, Qt::ControlModifier); });
+  expectFew("delete", [&] { Key(Qt::Key_Delete); });
+  expectFew("typing on a locked cell", [&] {
+    grid.SelectCell(kRows / 2, 1);
+    Key(Qt::Key_7);
+  });
+  expectFew("select all", [&] { Key(Qt::Key_A, Qt::ControlModifier); });
+  expectFew("refresh", [&] { grid.Refresh(); });
+  expectFew("delete all", [&] { Key(Qt::Key_Delete); });
+  EXPECT_THAT(acc, IsEmpty());
+}
+
 // What others see of it
 
 TEST_F(MixedGridTest, ScreenReadersHearColoursAndChecks) {
@@ -871,6 +923,69 @@ TEST_F(MixedGridTest, ScreenReadersHearColoursAndChecks) {
   EXPECT_TRUE(cell(1, 4)->state().checkable);
   EXPECT_FALSE(cell(1, 4)->state().checked);
   EXPECT_TRUE(cell(2, 4)->state().checked);
+}
+
+TEST_F(MixedGridTest, EditorsAndMenuHaveNames) {
+  Show();
+  for (const int column : {1, 2, 3}) {
+    grid.SetCellText(0, column, QStringLiteral("列%1").arg(column));
+    grid.SelectCell(1, column);
+    grid.SetEditMode(true);
+    const auto* const editor = grid.viewport()->findChild<QWidget*>(QStringLiteral("cellEditor"));
+    ASSERT_TRUE(editor) << column;
+    EXPECT_EQ(editor->accessibleName(), QStringLiteral("列%1").arg(column));
+    grid.SetEditMode(false);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+  EXPECT_EQ(grid.findChild<QMenu*>()->objectName(), QStringLiteral("menu"));
+  EXPECT_EQ(grid.findChild<QMenu*>()->accessibleName(), QStringLiteral("値編集"));
+}
+
+TEST_F(MixedGridTest, NoCellHoldsAWidgetUntilItIsEdited) {
+  Show();
+  for (int row = 1; row <= 2; ++row)
+    for (int column = 1; column <= 6; ++column)
+      EXPECT_EQ(grid.indexWidget(grid.model()->index(row - 1, column - 1)), nullptr) << row << ' ' << column;
+  EXPECT_TRUE(grid.viewport()->findChildren<QWidget*>().isEmpty());
+}
+
+/// How much darker or lighter than its surroundings the darkest and lightest pixel of a cell's part is.
+int ContrastIn(const QImage& image, const QRect& part) {
+  int darkest = 255;
+  int lightest = 0;
+  for (int y = part.top(); y <= part.bottom(); ++y)
+    for (int x = part.left(); x <= part.right(); ++x) {
+      darkest = std::min(darkest, image.pixelColor(x, y).lightness());
+      lightest = std::max(lightest, image.pixelColor(x, y).lightness());
+    }
+  return lightest - darkest;
+}
+
+TEST_F(MixedGridTest, TextAndArrowAreReadableOnEveryBackground) {
+  const QPalette before = QApplication::palette();
+  for (const QColor& back : {QColor(240, 240, 240), QColor(40, 40, 40)}) {
+    QApplication::setPalette(QPalette(back));
+    for (const bool ownSelection : {false, true}) {
+      CSpread7 list;
+      CellFormat format = Format(CellType::List);
+      format.choices = {QStringLiteral("A")};
+      list.SetSize(3, 1);
+      list.SetColumnFormat(1, format);
+      for (int row = 1; row <= 3; ++row) list.SetCellText(row, 1, QStringLiteral("A"));
+      list.SetBackColor({3, 1, 3, 1}, 0xCFFFFF);
+      if (ownSelection) list.SetSelectionColor(0xCFFFFF);
+      list.SelectCell(2, 1);
+      const QImage image = list.viewport()->grab().toImage();
+      for (int row = 1; row <= 3; ++row) {
+        const QRect cell = list.visualRect(list.model()->index(row - 1, 0)).adjusted(3, 3, -3, -3);
+        EXPECT_GT(ContrastIn(image, QRect(cell.topLeft(), QSize(12, cell.height()))), 80)
+            << row << ownSelection;
+        EXPECT_GT(ContrastIn(image, QRect(cell.right() - 10, cell.top(), 10, cell.height())), 80)
+            << back.name().toStdString() << ' ' << row << ownSelection;
+      }
+    }
+  }
+  QApplication::setPalette(before);
 }
 
 TEST_F(MixedGridTest, ColoursOfCellsAreSetByBlock) {
