@@ -8,7 +8,7 @@ namespace tremlo {
 class CDlgGraphEditBaseSpec : public GraphEditDialog {
  public:
   explicit CDlgGraphEditBaseSpec(WaveGraphSetting& block, QWidget* parent = nullptr)
-      : GraphEditDialog({SpectrumGraph()}, block, {}, parent) {
+      : GraphEditDialog({SpectrumGraph()}, block, std::nullopt, parent) {
     setObjectName(QStringLiteral("CDlgGraphEditBaseSpec"));
   }
 };

@@ -121,9 +121,9 @@ std::vector<double> GraphAxis::DecadeLines() const {
   return values;
 }
 
-// Written so that a count that is not a number outnumbers as well.
+// Written so that a count that is not a number, or minus infinity, outnumbers as well.
 bool GraphAxis::Outnumbers(double lines) const {
-  return !(lines <= std::abs(m_last - m_first));
+  return !(lines >= 0.0 && lines <= std::abs(m_last - m_first));
 }
 
 QString ShortText(double value) {

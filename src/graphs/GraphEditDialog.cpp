@@ -45,7 +45,7 @@ CSpread7* MakeGrid(std::shared_ptr<GridData> rows, const QString& objectName, QW
 }  // namespace
 
 GraphEditDialog::GraphEditDialog(const std::vector<Graph>& graphs, WaveGraphSetting& block,
-                                 std::vector<CurveColor> colors, QWidget* parent)
+                                 std::optional<std::vector<CurveColor>> colors, QWidget* parent)
     : QDialog(parent), m_block(block) {
   setWindowTitle(QStringLiteral("描画設定"));
   auto* const layout = new QVBoxLayout(this);
@@ -59,7 +59,7 @@ GraphEditDialog::GraphEditDialog(const std::vector<Graph>& graphs, WaveGraphSett
   });
   layout->addWidget(m_autoCheck);
   layout->addWidget(MakeRangeGroup(graphs));
-  if (!colors.empty()) layout->addWidget(MakeColorGroup(std::move(colors)));
+  if (colors) layout->addWidget(MakeColorGroup(std::move(*colors)));
 
   auto* const buttons = new QDialogButtonBox(this);
   buttons->setObjectName(QStringLiteral("buttons"));

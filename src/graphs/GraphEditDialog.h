@@ -6,6 +6,7 @@
 #include <QDialog>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 class QCheckBox;
@@ -42,10 +43,10 @@ class GraphEditDialog : public QDialog {
   static Graph SpectrumGraph() { return {GraphKind::Spectrum, QStringLiteral("周期-加速度応答スペクトル")}; }
   static Graph FourierGraph() { return {GraphKind::Fourier, QStringLiteral("フーリエスペクトル")}; }
 
-  /// The block and what the colours point to must outlive the dialog. Without colours there is no group of
-  /// them.
-  GraphEditDialog(const std::vector<Graph>& graphs, WaveGraphSetting& block, std::vector<CurveColor> colors,
-                  QWidget* parent);
+  /// The block and what the colours point to must outlive the dialog. A dialog that sets no colours has none,
+  /// as opposed to an empty list of them.
+  GraphEditDialog(const std::vector<Graph>& graphs, WaveGraphSetting& block,
+                  std::optional<std::vector<CurveColor>> colors, QWidget* parent);
 
   void keyPressEvent(QKeyEvent* event) override;
 

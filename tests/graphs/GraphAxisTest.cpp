@@ -84,6 +84,7 @@ TEST(GraphAxis, NothingIsDrawnWhereTicksOutnumberPixels) {
 
 TEST(GraphAxis, AStepTooSmallToMoveALargeLimitEnds) {
   EXPECT_EQ(Linear(1e17, 1e17 + 160.0, 1).Labels(0).size(), 161u);
+  EXPECT_EQ(Labels(Linear(1e300, 2e300, 1e-10)), "");
 }
 
 TEST(GraphAxis, LimitsThatAreNotFiniteGiveNothing) {

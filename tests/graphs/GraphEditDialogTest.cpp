@@ -108,6 +108,8 @@ TEST_F(GraphEditDialogTest, EachDialogHasItsControls) {
   EXPECT_THAT(Controls(CDlgGraphEditAccSpec(block, {{"波1", &block.specColor}})),
               testing::ElementsAre("autoCheck", "spectrumGrid", "spectrumLogCheck", "resetRangeButton",
                                    "colorGrid", "resetColorsButton"));
+  EXPECT_THAT(Controls(CDlgGraphEditAccSpec(block, {})),
+              testing::IsSupersetOf({"colorGrid", "resetColorsButton"}));
   EXPECT_THAT(Controls(CDlgGraphEditBaseSpec(block)),
               testing::ElementsAre("autoCheck", "spectrumGrid", "spectrumLogCheck", "resetRangeButton"));
 }
