@@ -6,12 +6,14 @@
 #include "waves/SeismicWave.h"
 
 #include <QApplication>
+#include <QFontMetricsF>
 #include <QImage>
 #include <QPainter>
 #include <QPalette>
 
 #include <cmath>
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
+#include <set>
 
 namespace tremlo {
 namespace {
@@ -112,6 +114,24 @@ TEST_F(DrawGraphTest, LinesAreSharpAtEveryScale) {
     }
     EXPECT_GT(grey, 0) << ratio;
   }
+}
+
+TEST_F(DrawGraphTest, TheGridIsOfDashesAndDots) {
+  CDrawTimeAccGal graph(FixedBlock());
+  const QImage image = Drawn(graph);
+  const QRect frame = FrameRect(image, 1.0);
+  std::set<int> lengths;
+  int length = 0;
+  for (int x = frame.left() + 1; x < frame.right() - 100; ++x) {
+    if (image.pixelColor(x, frame.bottom() - 144) == QColor(0xA0, 0xA0, 0xA0)) {
+      ++length;
+    } else if (length > 0) {
+      lengths.insert(length);
+      length = 0;
+    }
+  }
+  // Where lines cross a dash can be longer or shorter, but single pixels are dots.
+  EXPECT_THAT(lengths, testing::AllOf(testing::Contains(1), testing::Contains(4))) << lengths.size();
 }
 
 TEST_F(DrawGraphTest, TheLineAtZeroIsBlackAndTheGridIsDashed) {
@@ -324,7 +344,65 @@ TEST_F(DrawGraphTest, LabelsAndTitlesStandInTheMargins) {
     const QRect yTitle = Ink(image, QRect(0, 0, image.width(), frame.top() - px(5)));
     EXPECT_GE(yTitle.top(), 1) << ratio;
     EXPECT_NEAR(yTitle.left(), px(8), px(3)) << ratio;
+    QFont font = ScreenFont();
+    font.setPixelSize(px(12));
+    EXPECT_NEAR(yTitle.center().y(), frame.top() - QFontMetricsF(font).height() - px(2), px(2)) << ratio;
   }
+}
+
+// How much is written beside, below, above and inside the frame; below it the labels and the title apart.
+struct Written {
+  QSize yLabels, xLabels, xTitle, yTitle, note;
+};
+
+Written WrittenBy(CDrawGraph& graph) {
+  const QImage image = Drawn(graph);
+  const QRect frame = FrameRect(image, 1.0);
+  const auto size = [&](const QRect& area) { return Ink(image, area).size(); };
+  // The label beside the middle of the axis, and those below the middle of the frame.
+  return {size(QRect(0, frame.center().y() - 20, frame.left(), 40)),
+          size(QRect(frame.left() + 80, frame.bottom() + 2, 40, 30)),
+          size(QRect(frame.center().x() - 30, frame.bottom() + 14, 60, 18)),
+          size(QRect(0, 0, image.width(), frame.top() - 5)),
+          size(QRect(frame.left() + 4, frame.top() + 2, 120, 25))};
+}
+
+TEST_F(DrawGraphTest, EachFontFactorEnlargesItsOwnTexts) {
+  WaveGraphSetting block = FixedBlock();
+  block.specXMax = 6.0;
+  block.specXStep = 1.0;
+  block.specYStep = 600.0;
+  CDrawFreqAccSpec graph(block);
+  const Written before = WrittenBy(graph);
+  ASSERT_FALSE(before.yLabels.isEmpty() || before.xLabels.isEmpty() || before.xTitle.isEmpty());
+  graph.xTickFont = 1.5;
+  EXPECT_GT(WrittenBy(graph).xLabels.width(), before.xLabels.width());
+  EXPECT_EQ(WrittenBy(graph).yLabels, before.yLabels);
+  EXPECT_EQ(WrittenBy(graph).yTitle, before.yTitle);
+  graph.xTickFont = 1.0;
+  graph.yTickFont = 1.5;
+  EXPECT_GT(WrittenBy(graph).yLabels.width(), before.yLabels.width());
+  EXPECT_EQ(WrittenBy(graph).xLabels, before.xLabels);
+  graph.yTickFont = 1.0;
+  graph.xTitleFont = 0.5;
+  EXPECT_LT(WrittenBy(graph).xTitle.height(), before.xTitle.height());
+  EXPECT_EQ(WrittenBy(graph).yTitle, before.yTitle);
+  EXPECT_EQ(WrittenBy(graph).note, before.note);
+  graph.xTitleFont = 1.0;
+  graph.yTitleFont = 0.5;
+  EXPECT_LT(WrittenBy(graph).yTitle.width(), before.yTitle.width());
+  EXPECT_LT(WrittenBy(graph).note.width(), before.note.width());
+  EXPECT_EQ(WrittenBy(graph).xTitle, before.xTitle);
+}
+
+TEST_F(DrawGraphTest, TimesAreWholeNumbersAndPeriodsHaveOnePlace) {
+  WaveGraphSetting block = FixedBlock();
+  block.specXMax = block.timeXMax = 6.0;
+  block.specXStep = block.timeXStep = 1.0;
+  CDrawTimeAccGal time(block);
+  CDrawFreqAccSpec spectrum(block);
+  EXPECT_LE(WrittenBy(time).xLabels.width(), 6);
+  EXPECT_GT(WrittenBy(spectrum).xLabels.width(), 10);
 }
 
 TEST_F(DrawGraphTest, OnlyTheSpectraCarryANoteInsideTheFrame) {

@@ -248,11 +248,14 @@ TEST_F(GraphEditDialogTest, TheResetButtonsAskTheOwnerThenRedrawIt) {
   });
   QObject::connect(&dialog, &GraphEditDialog::Apply, [&] { messages << "apply"; });
   Open(dialog);
+  for (const char* grid : {"spectrumGrid", "colorGrid"})
+    QObject::connect(Find<CSpread7>(grid)->model(), &QAbstractItemModel::dataChanged,
+                     [&, grid] { messages << grid; });
   Press("resetRangeButton");
-  EXPECT_EQ(messages.join(' '), "range apply");
+  EXPECT_EQ(messages.join(' '), "range spectrumGrid colorGrid apply");
   EXPECT_EQ(Row("spectrumGrid", 1), "周期T (sec)|0|5|1");
   Press("resetColorsButton");
-  EXPECT_EQ(messages.join(' '), "range apply colours apply");
+  EXPECT_EQ(messages.mid(4).join(' '), "colours spectrumGrid colorGrid apply");
   EXPECT_EQ(Row("colorGrid", 1), "下限|#00FF00");
 }
 
