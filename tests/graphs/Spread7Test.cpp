@@ -574,6 +574,15 @@ TEST_F(SampleGridTest, InsPutsARowBeforeTheActiveOne) {
   EXPECT_EQ(changed, asked);
 }
 
+TEST_F(SampleGridTest, InsOnABlockPutsARowBeforeItsFirst) {
+  ShowSamples({1.0, 2.0, 3.0, 4.0});
+  Click(2, 2);
+  Click(4, 2, Qt::ShiftModifier);
+  Key(Qt::Key_Insert);
+  EXPECT_THAT(acc, ElementsAre(1.0, 0.0, 2.0, 3.0, 4.0));
+  EXPECT_EQ(grid.SelectedCells(), (GridBlock{2, 2, 2, 2}));
+}
+
 TEST_F(SampleGridTest, CtrlInsPutsARowAtTheEnd) {
   ShowSamples({1.0, 2.0});
   Click(1, 2);
