@@ -15,12 +15,14 @@ struct Candidate {
   int columns = 0, rows = 0;  ///< distance from the pixel
 };
 
-std::optional<Candidate> NearestOf(const GraphSeries& curve, const GraphAxis& xAxis, const GraphAxis& yAxis,
-                                   int pixelX, int pixelY) {
+/// Of the points with x from `low` to `high`.
+std::optional<Candidate> NearestWithin(double low, double high, const GraphSeries& curve,
+                                       const GraphAxis& xAxis, const GraphAxis& yAxis, int pixelX,
+                                       int pixelY) {
   std::optional<Candidate> nearest;
   const std::size_t count = std::min(curve.x.size(), curve.y.size());
   for (std::size_t i = 0; i < count; ++i) {
-    if (!xAxis.Contains(curve.x[i])) continue;
+    if (!(curve.x[i] >= low && curve.x[i] <= high)) continue;
     const auto column = xAxis.Pixel(curve.x[i]);
     if (!column) continue;
     const int columns = std::abs(*column - pixelX);
@@ -32,6 +34,17 @@ std::optional<Candidate> NearestOf(const GraphSeries& curve, const GraphAxis& xA
       nearest = Candidate{{0, curve.x[i], curve.y[i], *column, *row}, columns, rows};
   }
   return nearest;
+}
+
+std::optional<Candidate> NearestOf(const GraphSeries& curve, const GraphAxis& xAxis, const GraphAxis& yAxis,
+                                   int pixelX, int pixelY) {
+  // A pixel costs a logarithm, and the pointer moves often: first only the points whose x lies near.
+  constexpr int kBeyond = kNearColumns + 1;
+  const double low = std::max(xAxis.Min(), xAxis.Value(pixelX - kBeyond));
+  const double high = std::min(xAxis.Max(), xAxis.Value(pixelX + kBeyond));
+  const auto near = NearestWithin(low, high, curve, xAxis, yAxis, pixelX, pixelY);
+  if (near && near->columns <= kNearColumns) return near;
+  return NearestWithin(xAxis.Min(), xAxis.Max(), curve, xAxis, yAxis, pixelX, pixelY);
 }
 
 }  // namespace

@@ -56,6 +56,7 @@ void GraphView::SetSource(GraphSource source) {
 void GraphView::Refresh() {
   m_graph.reset();
   m_made = false;
+  m_painted = QImage();
   PointNowhere();
   update();
 }
@@ -70,32 +71,41 @@ void GraphView::MakeGraph() {
 
 QImage GraphView::Picture(double devicePixelRatio) {
   const auto pixels = [devicePixelRatio](int length) { return qRound(length * devicePixelRatio); };
-  QImage whole(pixels(width()), pixels(height()), QImage::Format_RGB32);
-  whole.setDevicePixelRatio(devicePixelRatio);
-  QPainter painter(&whole);
-  PaintGraph(painter);
-  painter.end();
-  QImage picture = whole.copy(pixels(2), pixels(4), pixels(width() - 4), pixels(height() - 8));
-  picture.setDevicePixelRatio(1.0);
-  return picture;
+  return PaintedGraph({pixels(width()), pixels(height())}, devicePixelRatio)
+      .copy(pixels(2), pixels(4), pixels(width() - 4), pixels(height() - 8));
 }
 
 void GraphView::CopyPicture() {
   QGuiApplication::clipboard()->setImage(Picture(devicePixelRatioF()));
 }
 
-void GraphView::PaintGraph(QPainter& painter) {
+QImage GraphView::PaintedGraph(const QSize& pixels, double devicePixelRatio) {
   MakeGraph();
-  if (m_graph) {
-    m_graph->Draw(painter, rect());
-  } else {
-    painter.fillRect(rect(), kEmptyArea);
+  QImage image(pixels, QImage::Format_RGB32);
+  image.fill(m_graph ? QColor(Qt::white) : kEmptyArea);
+  if (!m_graph || image.isNull()) return image;
+  image.setDevicePixelRatio(devicePixelRatio);
+  QPainter painter(&image);
+  m_graph->Draw(painter, QRectF(QPointF(0.0, 0.0), QSizeF(pixels) / devicePixelRatio));
+  painter.end();
+  image.setDevicePixelRatio(1.0);
+  return image;
+}
+
+void GraphView::PaintOn(QPainter& painter) {
+  const GraphSurface surface(painter, rect());
+  const QSize pixels = surface.Area().size();
+  MakeGraph();
+  if (m_painted.size() != pixels || m_paintedRatio != surface.Scale()) {
+    m_painted = PaintedGraph(pixels, surface.Scale());
+    m_paintedRatio = surface.Scale();
   }
+  painter.drawImage(surface.Area().topLeft(), m_painted);
 }
 
 void GraphView::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  PaintGraph(painter);
+  PaintOn(painter);
   painter.setPen(Qt::black);
   painter.setRenderHint(QPainter::Antialiasing);
   if (m_picked) painter.drawEllipse(QPoint(m_picked->pixelX, m_picked->pixelY), kMarkRadius, kMarkRadius);

@@ -54,7 +54,8 @@ class GraphView : public QWidget {
 
  private:
   void MakeGraph();
-  void PaintGraph(QPainter& painter);
+  void PaintOn(QPainter& painter);
+  QImage PaintedGraph(const QSize& pixels, double devicePixelRatio);
   void PointTo(const QPoint& position);
   void PointNowhere();
   void Tell(const QString& values);
@@ -62,6 +63,8 @@ class GraphView : public QWidget {
   GraphSource m_source;
   std::unique_ptr<CDrawGraph> m_graph;
   bool m_made = false;  ///< m_graph is what the source gives; it may be empty
+  QImage m_painted;     ///< the graph as it was painted last: the pointer's mark moves over it
+  double m_paintedRatio = 0.0;
   QPoint m_pointer;
   std::optional<PickedPoint> m_picked;
   QString m_told;

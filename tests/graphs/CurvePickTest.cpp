@@ -1,5 +1,7 @@
 #include "graphs/CurvePick.h"
 
+#include <cmath>
+#include <cstdlib>
 #include <gtest/gtest.h>
 #include <limits>
 
@@ -53,6 +55,29 @@ TEST(CurvePick, ACurveThatEndsFarFromThePointerStandsBack) {
 
 TEST(CurvePick, AValueBeyondTheLimitsIsToldAsItIs) {
   EXPECT_EQ(Picked({Curve({10, 20}, {500, 1})}, 10, 50), "0: 10 500 at 10,0");
+}
+
+TEST(CurvePick, FindsAmongManyPointsWhatASearchOfAllOfThemFinds) {
+  std::vector<GraphSeries> curve(1);
+  for (int i = 1; i <= 3000; ++i) {
+    curve[0].x.push_back(30.0 / i);  // crowded at short periods, with a gap of many pixels at long ones
+    curve[0].y.push_back(50.0 + 49.0 * std::sin(0.7 * i));
+  }
+  const GraphAxis yAxis({0.0, 100.0, 10.0}, GraphAxis::Scale::Linear, 268, 28);
+  for (const auto scale : {GraphAxis::Scale::Linear, GraphAxis::Scale::Logarithmic}) {
+    const GraphAxis xAxis({0.02, 20.0, 1.0}, scale, 44, 644);
+    for (int pixel = 44; pixel <= 644; pixel += 3) {
+      std::pair<int, int> nearest(10000, 0);
+      for (std::size_t i = 0; i < curve[0].x.size(); ++i)
+        if (xAxis.Contains(curve[0].x[i]))
+          nearest = std::min(nearest, std::pair(std::abs(*xAxis.Pixel(curve[0].x[i]) - pixel),
+                                                std::abs(*yAxis.Pixel(curve[0].y[i]) - 100)));
+      const auto picked = PickPoint(curve, xAxis, yAxis, pixel, 100);
+      ASSERT_TRUE(picked);
+      EXPECT_EQ(std::pair(std::abs(picked->pixelX - pixel), std::abs(picked->pixelY - 100)), nearest)
+          << pixel;
+    }
+  }
 }
 
 TEST(CurvePick, PointsOutsideOrWithoutAPixelAreNotThere) {

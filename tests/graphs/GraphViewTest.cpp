@@ -125,6 +125,41 @@ TEST_F(GraphViewTest, ThePointUnderThePointerIsTold) {
   EXPECT_EQ(Told(spy), "");
 }
 
+/// Counts how often it is drawn.
+class CountedGraph : public CDrawFreqAccSpec {
+ public:
+  explicit CountedGraph(int& drawn) : CDrawFreqAccSpec(WaveGraphSetting{}), m_drawn(drawn) {}
+  void DrawFrame(const GraphSurface& surface) const override {
+    ++m_drawn;
+    CDrawFreqAccSpec::DrawFrame(surface);
+  }
+
+ private:
+  int& m_drawn;
+};
+
+TEST_F(GraphViewTest, ThePointerMovesOverAGraphThatIsDrawnOnce) {
+  int drawn = 0;
+  m_view.SetSource([&] {
+    auto graph = std::make_unique<CountedGraph>(drawn);
+    graph->AddSpectrum({10, 0.1, 0.01}, {1000, 1000, 1000}, {0xFF3232, 2});
+    return graph;
+  });
+  Show();
+  ASSERT_EQ(drawn, 1);
+  const QImage without = m_view.grab().toImage();
+  QTest::mouseMove(&m_view, QPoint(300, 150));
+  EXPECT_NE(m_view.grab().toImage(), without);
+  m_view.repaint();
+  EXPECT_EQ(drawn, 1);
+  m_view.resize(700, 350);
+  m_view.repaint();
+  EXPECT_EQ(drawn, 2);
+  m_view.Refresh();
+  m_view.repaint();
+  EXPECT_EQ(drawn, 3);
+}
+
 TEST_F(GraphViewTest, NothingIsToldOfWhereThePointerNoLongerIs) {
   Show();
   QSignalSpy spy(&m_view, &GraphView::PointedAt);
