@@ -21,8 +21,9 @@ CFrmRespVisualization::CFrmRespVisualization(CMorvaneDoc& doc, FileDialogs& file
   auto* const row = new QHBoxLayout;
   row->addWidget(LabelFor(m_nameCombo, QStringLiteral("波形データ名")));
   row->addWidget(m_nameCombo, 1);
-  row->addWidget(m_fitLabel, 2);
+  row->addStretch(1);
   BuildBody(row, {m_nameCombo});
+  layout()->addWidget(m_fitLabel);
   Refresh();
 }
 
@@ -35,7 +36,7 @@ void CFrmRespVisualization::Refresh() {
   const CSeismicWave* const wave = Wave();
   m_nameCombo->clear();
   if (wave) m_nameCombo->addItem(wave->name);
-  if (!wave || !wave->adjusted || wave->adjustedAcc != m_fitted) m_fitLabel->clear();
+  if (!wave || !wave->adjusted || wave->adjustedAcc != m_fitted) TellFit({});
   WaveVisualization::Refresh();
 }
 
@@ -43,7 +44,12 @@ void CFrmRespVisualization::ShowFit(const QString& figures) {
   const CSeismicWave* const wave = Wave();
   if (!wave || !wave->adjusted) return;
   m_fitted = wave->adjustedAcc;
+  TellFit(figures);
+}
+
+void CFrmRespVisualization::TellFit(const QString& figures) {
   m_fitLabel->setText(figures);
+  m_fitLabel->setVisible(!figures.isEmpty());
 }
 
 CSeismicWave* CFrmRespVisualization::Wave() {

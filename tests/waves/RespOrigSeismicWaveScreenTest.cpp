@@ -230,6 +230,15 @@ TEST_F(RespOrigSeismicWaveScreen, AFileOfTheSameNameGetsNoNumber) {
   EXPECT_EQ(Wave().timeStep, 0.02);
 }
 
+TEST_F(RespOrigSeismicWaveScreen, AnEmptyFileLeavesAWaveWithoutData) {
+  files.Choose(folder.Write("e.csv", ""));
+  driver.Press("readButton");
+  ASSERT_EQ(doc.seedWaves.Count(), 1U);
+  EXPECT_EQ(driver.Text("nameEdit") + driver.Text("timeStepEdit") + driver.Text("countEdit"), "00");
+  ExpectCleared();
+  EXPECT_FALSE(HasRespWaveData(doc));
+}
+
 TEST_F(RespOrigSeismicWaveScreen, ACancelledReadAndAMissingFileChangeNothing) {
   files.Cancel();
   driver.Press("readButton");
@@ -249,6 +258,14 @@ TEST_F(RespOrigSeismicWaveScreen, TheKindButtonsSwitchGraphAndCaption) {
   EXPECT_EQ(Caption(), "グラフ (フーリエスペクトル)");
   driver.Press("timeButton");
   EXPECT_EQ(Caption(), "グラフ (時間－加速度)");
+}
+
+TEST_F(RespOrigSeismicWaveScreen, TheArrowKeysSwitchTheGraphToo) {
+  driver.Find<QWidget>("timeButton").setFocus();
+  driver.Key(Qt::Key_Right);
+  EXPECT_EQ(Caption(), "グラフ (周期－加速度応答スペクトル)");
+  driver.Key(Qt::Key_Right);
+  EXPECT_EQ(Caption(), "グラフ (フーリエスペクトル)");
 }
 
 TEST_F(RespOrigSeismicWaveScreen, TheSpectrumIsComputedWhenItsGraphIsPaintedAndOnlyThen) {
@@ -317,15 +334,35 @@ TEST_F(RespOrigSeismicWaveScreen, TheCopyButtonPutsThePictureOnTheClipboard) {
   EXPECT_FALSE(QApplication::clipboard()->image().isNull());
 }
 
+TEST_F(RespOrigSeismicWaveScreen, TheHelpButtonTellsOfTheRegistration) {
+  prompt.ExpectMessage(
+      "使用する地震波形を登録します。\n\n"
+      "地震波形作成の種となる原種波形と、ダム基礎の観測波形、近隣で観測された波形、それらの波形が無い場合には"
+      "公開"
+      "されている既往の地震波形を設定します。",
+      PromptIcon::Information);
+  driver.Press("helpButton");
+}
+
 TEST_F(RespOrigSeismicWaveScreen, TheTabKeyFollowsTheReadingOrder) {
   driver.Find<QWidget>("nameEdit").setFocus();
   std::vector<std::string> order;
-  for (int i = 0; i < 8; ++i) {
+  for (int i = 0; i < 9; ++i) {
     order.push_back(QApplication::focusWidget()->objectName().toStdString());
     driver.Key(Qt::Key_Tab);
   }
-  EXPECT_THAT(order, ElementsAre("nameEdit", "readButton", "timeStepEdit", "sampleGrid", "extremeGrid",
-                                 "timeButton", "graph", "copyButton"));
+  EXPECT_THAT(order, ElementsAre("nameEdit", "readButton", "helpButton", "timeStepEdit", "sampleGrid",
+                                 "extremeGrid", "timeButton", "graph", "copyButton"));
+}
+
+TEST_F(RespOrigSeismicWaveScreen, LongTimesFitTheirColumns) {
+  Wave().acc = Noise(65536, 3);
+  driver.Enter("timeStepEdit", "0.123456789");
+  const int needed = screen.fontMetrics().horizontalAdvance("8090.740667115");
+  EXPECT_EQ(driver.Cell("sampleGrid", 65536, 1), "8090.740667115");
+  for (const char* grid : {"sampleGrid", "extremeGrid"}) EXPECT_GT(driver.Grid(grid).columnWidth(0), needed);
+  driver.Enter("timeStepEdit", "1e300");
+  EXPECT_LT(driver.Grid("sampleGrid").columnWidth(0), driver.Grid("sampleGrid").width() / 2);
 }
 
 TEST_F(RespOrigSeismicWaveScreen, ALongWaveIsShownAtOnce) {

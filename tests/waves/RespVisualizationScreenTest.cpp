@@ -180,7 +180,9 @@ TEST_F(RespVisualizationScreen, ARefreshChangesNothingInTheDocument) {
 TEST_F(RespVisualizationScreen, TheFitIsToldUntilTheResultIsGone) {
   auto& label = driver.Find<QLabel>("fitLabel");
   EXPECT_EQ(label.text(), "");
+  EXPECT_FALSE(label.isVisible());
   screen.ShowFit("二乗平均 4.98 %");
+  EXPECT_TRUE(label.isVisible());
   screen.Refresh();
   EXPECT_EQ(label.text(), "二乗平均 4.98 %");
   Wave().adjustedAcc[0] += 1.0;  // the result of another project
