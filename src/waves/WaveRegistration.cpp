@@ -109,7 +109,6 @@ void WaveRegistration::MakeGrids() {
   m_extremeGrid->SetCellText(0, 2, QStringLiteral("加速度 (gal)"));
   m_extremeGrid->SetCellText(1, 0, QStringLiteral("最大"));
   m_extremeGrid->SetCellText(2, 0, QStringLiteral("最小"));
-  m_extremeGrid->SetColumnWidth(1, kTimeWidth);
   m_extremeGrid->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   FitHeight(m_extremeGrid);
   for (CSpread7* const grid : {m_sampleGrid, m_extremeGrid}) {
@@ -168,7 +167,7 @@ void WaveRegistration::ShowWave() {
   m_sampleGrid->SetData(std::make_shared<NumberRows>(std::vector<NumberRows::Column>{
       {QStringLiteral("時間 (sec)"), nullptr, time, TimeDecimals(shown ? shown->timeStep : 0.0), {}},
       {QStringLiteral("加速度 (gal)"), samples, nullptr, {}, kBlankSample}}));
-  m_sampleGrid->SetColumnWidth(1, kTimeWidth);
+  for (CSpread7* const grid : {m_sampleGrid, m_extremeGrid}) grid->SetColumnWidth(1, kTimeWidth);
   ShowTimeStep();
   m_timeStepEdit->setEnabled(shown != nullptr);
   m_sampleGrid->setEnabled(shown != nullptr);
@@ -203,8 +202,8 @@ void WaveRegistration::ShowExtremes() {
   show(2, value, time);
 }
 
-/// The last time of the wave is the longest text of its column. No column gets narrower again: the user may
-/// have set its width.
+/// The last time of the wave is the longest text of its column. While the wave is on display no column gets
+/// narrower: the user may have set its width.
 void WaveRegistration::WidenTimeColumns() {
   const CSeismicWave* const wave = Wave();
   if (!wave || wave->acc.empty()) return;

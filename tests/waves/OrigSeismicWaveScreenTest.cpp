@@ -374,6 +374,11 @@ TEST_F(OrigSeismicWaveScreen, ARenameToAnExistingNameByEnterStaysWithItsEntry) {
   EXPECT_THAT(doc.seedWaves.Names(), ElementsAre("A", "C"));
 }
 
+TEST_F(OrigSeismicWaveScreen, TheSameNameTypedAgainIsNoChange) {
+  driver.Enter("nameEdit", "A");
+  EXPECT_FALSE(doc.IsModified());
+}
+
 TEST_F(OrigSeismicWaveScreen, ATypedNameIsTakenBeforeAnotherWaveIsChosen) {
   driver.Type("nameEdit", "X");
   driver.Key(Qt::Key_Down);

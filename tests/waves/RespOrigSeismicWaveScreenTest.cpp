@@ -93,6 +93,13 @@ TEST_F(RespOrigSeismicWaveScreen, ARenameKeepsTheAdjustment) {
   ExpectKept();
 }
 
+TEST_F(RespOrigSeismicWaveScreen, TheSameNameTypedAgainIsNoChange) {
+  driver.Enter("nameEdit", "N");
+  doc.SetModified(false);
+  driver.Enter("nameEdit", "N");
+  EXPECT_FALSE(doc.IsModified());
+}
+
 TEST_F(RespOrigSeismicWaveScreen, AnEmptyNameIsRefusedAndTheOldOneComesBack) {
   prompt.ExpectMessage("地震波形名の入力エラーです。");
   driver.Enter("nameEdit", "");
@@ -230,6 +237,15 @@ TEST_F(RespOrigSeismicWaveScreen, AFileOfTheSameNameGetsNoNumber) {
   EXPECT_EQ(Wave().timeStep, 0.02);
 }
 
+TEST_F(RespOrigSeismicWaveScreen, AFileMakesTheWaveWhenThereIsNone) {
+  doc.seedWaves.Clear();
+  screen.Refresh();
+  files.Choose(folder.Write("a.csv", "A, 0.02, 1\n0, 4\n"));
+  driver.Press("readButton");
+  ASSERT_EQ(doc.seedWaves.Count(), 1U);
+  EXPECT_EQ(driver.Text("nameEdit") + driver.Text("timeStepEdit") + driver.Text("countEdit"), "A0.021");
+}
+
 TEST_F(RespOrigSeismicWaveScreen, AnEmptyFileLeavesAWaveWithoutData) {
   files.Choose(folder.Write("e.csv", ""));
   driver.Press("readButton");
@@ -294,6 +310,31 @@ TEST_F(RespOrigSeismicWaveScreen, AStoredSpectrumIsNotComputedAgain) {
   driver.Picture();
   EXPECT_THAT(Wave().accSpec, ElementsAre(1.0));
   EXPECT_FALSE(doc.IsModified());
+}
+
+TEST_F(RespOrigSeismicWaveScreen, EachGraphIsDrawnInItsColourOfTheBlockAndBlanksCountAs0) {
+  Wave().acc = Noise(64, 1);
+  Wave().acc[5] = kBlankSample;
+  Wave().origGraph.timeColor = 0x0000F1;
+  Wave().origGraph.specColor = 0x0000F2;
+  Wave().origGraph.fourierColor = 0x0000F3;
+  Wave().spectrumValid = false;
+  screen.Refresh();
+  EXPECT_TRUE(driver.Shows("graph", 0xFFF10000));
+  driver.Press("specButton");
+  EXPECT_TRUE(driver.Shows("graph", 0xFFF20000));
+  driver.Press("fourierButton");
+  EXPECT_TRUE(driver.Shows("graph", 0xFFF30000));
+}
+
+TEST_F(RespOrigSeismicWaveScreen, AnEmptySpectrumHasTheAxesOfOnePoint) {
+  Wave().acc.clear();
+  Wave().spectrumValid = false;
+  screen.Refresh();
+  driver.Press("specButton");
+  driver.Picture();
+  EXPECT_THAT(driver.Find<QWidget>("graph").accessibleDescription().toStdString(),
+              testing::HasSubstr("0 ～ 1200"));
 }
 
 TEST_F(RespOrigSeismicWaveScreen, EveryGraphPaintsWithoutATimeStep) {
@@ -363,6 +404,8 @@ TEST_F(RespOrigSeismicWaveScreen, LongTimesFitTheirColumns) {
   for (const char* grid : {"sampleGrid", "extremeGrid"}) EXPECT_GT(driver.Grid(grid).columnWidth(0), needed);
   driver.Enter("timeStepEdit", "1e300");
   EXPECT_LT(driver.Grid("sampleGrid").columnWidth(0), driver.Grid("sampleGrid").width() / 2);
+  driver.Enter("timeStepEdit", "0.01");
+  for (const char* grid : {"sampleGrid", "extremeGrid"}) EXPECT_LT(driver.Grid(grid).columnWidth(0), needed);
 }
 
 TEST_F(RespOrigSeismicWaveScreen, ALongWaveIsShownAtOnce) {
