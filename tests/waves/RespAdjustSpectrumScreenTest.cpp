@@ -124,6 +124,15 @@ TEST_F(RespAdjustSpectrumScreen, ARenameKeepsTheAdjustment) {
   EXPECT_TRUE(doc.IsModified());
 }
 
+TEST_F(RespAdjustSpectrumScreen, ANameGivenUpByEscapeIsNotTaken) {
+  driver.Type("nameEdit", "X");
+  driver.Key(Qt::Key_Escape);
+  driver.Key(Qt::Key_Tab);
+  EXPECT_EQ(driver.Text("nameEdit"), "基準スペクトル");
+  EXPECT_EQ(Target().name, "基準スペクトル");
+  EXPECT_FALSE(doc.IsModified());
+}
+
 TEST_F(RespAdjustSpectrumScreen, TheSameNameTypedAgainIsNoChange) {
   driver.Enter("nameEdit", "N");
   doc.SetModified(false);

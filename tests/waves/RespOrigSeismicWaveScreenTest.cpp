@@ -207,6 +207,28 @@ TEST_F(RespOrigSeismicWaveScreen, APasteOverwritesAndAppends) {
   ExpectCleared();
 }
 
+TEST_F(RespOrigSeismicWaveScreen, WhatIsGivenUpByEscapeIsNotTaken) {
+  for (const auto& [edit, shown] : {std::pair{"nameEdit", "地震波形"}, std::pair{"timeStepEdit", "0.01"}}) {
+    driver.Type(edit, "7");
+    driver.Key(Qt::Key_Escape);
+    driver.Key(Qt::Key_Tab);
+    EXPECT_EQ(driver.Text(edit), shown);
+  }
+  ExpectKept();
+  EXPECT_FALSE(doc.IsModified());
+}
+
+TEST_F(RespOrigSeismicWaveScreen, TheExtremesAreReadOnly) {
+  QApplication::clipboard()->setText("9\t9\n");
+  driver.Click("extremeGrid", 1, 2);
+  QTest::keyClicks(&driver.Grid("extremeGrid"), "5");
+  driver.Key(Qt::Key_Return);
+  for (const Qt::Key key : {Qt::Key_V, Qt::Key_X}) driver.Key(key, Qt::ControlModifier);
+  driver.Key(Qt::Key_Delete);
+  EXPECT_EQ(driver.Cell("extremeGrid", 1, 2), "1.5");
+  EXPECT_EQ(driver.Grid("extremeGrid").RowCount(), 2);
+}
+
 TEST_F(RespOrigSeismicWaveScreen, TheTimeColumnIsLocked) {
   driver.Click("sampleGrid", 2, 1);
   QTest::keyClicks(&driver.Grid("sampleGrid"), "5");
