@@ -13,9 +13,10 @@ CFrmRespVisualization::CFrmRespVisualization(CMorvaneDoc& doc, FileDialogs& file
     : WaveVisualization(doc, files, {QStringLiteral("原種波形の出力"), QStringLiteral("調整後波形の出力")},
                         parent),
       m_nameCombo(new QComboBox(this)),
-      m_fitLabel(Named(new QLabel(this), "fitLabel", QStringLiteral("適合度"))) {
+      m_fitLabel(new QLabel(this)) {
   m_nameCombo->setObjectName(QStringLiteral("nameCombo"));
   m_nameCombo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  m_fitLabel->setObjectName(QStringLiteral("fitLabel"));
   m_fitLabel->setTextFormat(Qt::PlainText);
   m_fitLabel->setWordWrap(true);
   auto* const row = new QHBoxLayout;
@@ -49,6 +50,7 @@ void CFrmRespVisualization::ShowFit(const QString& figures) {
 
 void CFrmRespVisualization::TellFit(const QString& figures) {
   m_fitLabel->setText(figures);
+  m_fitLabel->setAccessibleName(QStringLiteral("適合度 ") + figures);  // it is read out in place of the text
   m_fitLabel->setVisible(!figures.isEmpty());
 }
 

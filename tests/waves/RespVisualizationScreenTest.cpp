@@ -187,6 +187,7 @@ TEST_F(RespVisualizationScreen, TheFitIsToldUntilTheResultIsGone) {
   EXPECT_FALSE(label.isVisible());
   screen.ShowFit("二乗平均 4.98 %");
   EXPECT_TRUE(label.isVisible());
+  EXPECT_EQ(label.accessibleName(), "適合度 二乗平均 4.98 %");
   screen.Refresh();
   EXPECT_EQ(label.text(), "二乗平均 4.98 %");
   Wave().adjustedAcc[0] += 1.0;  // the result of another project
