@@ -8,6 +8,13 @@
 
 namespace tremlo {
 
+namespace {
+
+/// A view counts the pixels of all its rows in an int, which more rows than these would overflow.
+constexpr int kMostRows = 20'000'000;
+
+}  // namespace
+
 int NumberRows::RowCount() const {
   std::size_t count = std::numeric_limits<std::size_t>::max();
   bool stored = false;
@@ -17,7 +24,7 @@ int NumberRows::RowCount() const {
     count = std::min(count, values ? values->size() : 0);
     stored = true;
   }
-  return stored ? static_cast<int>(count) : 0;
+  return stored ? static_cast<int>(std::min<std::size_t>(count, kMostRows)) : 0;
 }
 
 const NumberRows::Column* NumberRows::Find(int column) const {
@@ -36,6 +43,10 @@ QString NumberRows::TextOf(int row, const Column& column, std::optional<int> dec
   }
   if (column.blank && value == *column.blank) return {};
   return decimals ? FixedText(value, *decimals) : ShortestText(value);
+}
+
+bool NumberRows::Grows() const {
+  return RowCount() < kMostRows;
 }
 
 QString NumberRows::Text(int row, int column) const {

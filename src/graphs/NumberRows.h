@@ -8,7 +8,8 @@
 namespace tremlo {
 
 /// A list of numbers straight over the vectors of a record, one vector a column, row i being element i - 1.
-/// The vectors of one list have the same length; the shortest counts.
+/// The vectors of one list have the same length; the shortest counts. Of a list beyond all use the first
+/// 20,000,000 rows are shown.
 class NumberRows : public GridData {
  public:
   struct Column {
@@ -31,7 +32,7 @@ class NumberRows : public GridData {
   /// A text that does not parse, and a number that is not finite, counts as 0.
   void SetText(int row, int column, const QString& text) override;
   CellFormat Format(int row, int column) const override;
-  bool Grows() const override { return true; }
+  bool Grows() const override;                      ///< not when there are more elements than rows are shown
   void InsertRows(int before, int count) override;  ///< rows of 0
   void RemoveRows(int first, int count) override;
 

@@ -17,6 +17,7 @@ constexpr int kWidth = 300;
 
 CDlgSeismicWaveAdd::CDlgSeismicWaveAdd(const CSeismicWaveSet& waves, Prompt& prompt, QWidget* parent)
     : QDialog(parent), m_waves(waves), m_prompt(prompt), m_nameEdit(new CExpEdit(this)) {
+  setObjectName(QStringLiteral("CDlgSeismicWaveAdd"));
   setWindowTitle(QStringLiteral("波形追加"));
   setMinimumWidth(kWidth);
   m_nameEdit->setObjectName(QStringLiteral("nameEdit"));

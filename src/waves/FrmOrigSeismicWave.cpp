@@ -9,7 +9,10 @@
 
 #include <QComboBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QPushButton>
+
+#include <algorithm>
 
 namespace tremlo {
 
@@ -29,10 +32,24 @@ class NameCombo : public QComboBox {
     disconnect(edit, &QLineEdit::editingFinished, this, nullptr);
   }
   void showPopup() override {
-    if (!m_edit->IsDirty() || m_edit->FinishEntry()) QComboBox::showPopup();
+    if (FinishName()) QComboBox::showPopup();
+  }
+
+ protected:
+  // Another wave can also be chosen without the list, and without the focus leaving the name.
+  void keyPressEvent(QKeyEvent* event) override {
+    if (!ChoosesWave(event->key()) || FinishName()) QComboBox::keyPressEvent(event);
+  }
+  void wheelEvent(QWheelEvent* event) override {
+    if (FinishName()) QComboBox::wheelEvent(event);
   }
 
  private:
+  static bool ChoosesWave(int key) {
+    return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp || key == Qt::Key_PageDown;
+  }
+  bool FinishName() { return !m_edit->IsDirty() || m_edit->FinishEntry(); }
+
   CExpEdit* m_edit;
 };
 
@@ -47,14 +64,6 @@ CFrmOrigSeismicWave::CFrmOrigSeismicWave(CMorvaneDoc& doc, Prompt& prompt, FileD
   connect(m_addButton, &QAbstractButton::clicked, this, &CFrmOrigSeismicWave::AddWave);
   m_deleteButton = NamedButton<QPushButton>("deleteButton", QStringLiteral("削除"), this);
   connect(m_deleteButton, &QAbstractButton::clicked, this, &CFrmOrigSeismicWave::DeleteWave);
-  m_helpButton = NamedButton<QPushButton>("helpButton", QStringLiteral("ヘルプ"), this);
-  connect(m_helpButton, &QAbstractButton::clicked, this, [this] {
-    m_prompt.Tell(
-        QStringLiteral("使用する地震波形を登録します。\n\n"
-                       "地震波形作成の種となる原種波形と、ダム基礎の観測波形、近隣で観測された波形、"
-                       "それらの波形が無い場合には公開されている既往の地震波形を設定します。"),
-        PromptIcon::Information);
-  });
   LayOut();
   Refresh();
 }
@@ -115,14 +124,26 @@ void CFrmOrigSeismicWave::AddWave() {
   if (dialog.exec() == QDialog::Accepted) Register(dialog.Name(), kNewTimeStep, {0.0});
 }
 
-/// The wave comes last, whatever name it gets, in the next colour of the palette for each of its curves.
+/// The wave comes last, whatever name it gets, in one colour for each of its curves.
 void CFrmOrigSeismicWave::Register(const QString& name, double timeStep, const std::vector<double>& acc) {
   AddImportedWave(m_doc.seedWaves, name, timeStep, acc);
-  const std::size_t index = m_doc.seedWaves.Count() - 1;
-  CSeismicWave& wave = m_doc.seedWaves.At(index);
-  wave.siteColor = wave.baseColor = wave.adjustColor = PaletteColor(index);
+  CSeismicWave& wave = m_doc.seedWaves.At(m_doc.seedWaves.Count() - 1);
+  wave.siteColor = wave.baseColor = wave.adjustColor = FreeColor();
   m_doc.SetModified(true);
   Refresh();
+}
+
+/// For the last wave the colour of its place, or the next that no other wave was given: waves before it may
+/// have been deleted.
+std::int32_t CFrmOrigSeismicWave::FreeColor() const {
+  const std::vector<CSeismicWave>& waves = m_doc.seedWaves.Records();
+  const std::size_t last = waves.size() - 1;
+  for (std::size_t i = 0; i < kPaletteSize; ++i) {
+    const std::int32_t color = PaletteColor(last + i);
+    const auto bears = [color](const CSeismicWave& wave) { return wave.siteColor == color; };
+    if (std::none_of(waves.begin(), waves.end() - 1, bears)) return color;
+  }
+  return PaletteColor(last);
 }
 
 void CFrmOrigSeismicWave::DeleteWave() {

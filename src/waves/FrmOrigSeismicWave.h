@@ -33,6 +33,7 @@ class CFrmOrigSeismicWave : public WaveRegistration {
   void Rename();
   void ShowName();
   void Register(const QString& name, double timeStep, const std::vector<double>& acc);
+  std::int32_t FreeColor() const;
 
   ChangeRules& m_rules;
   QString m_name;  ///< of the wave on display
@@ -40,7 +41,6 @@ class CFrmOrigSeismicWave : public WaveRegistration {
   CExpEdit* m_nameEdit;  ///< of the combo box
   QAbstractButton* m_addButton;
   QAbstractButton* m_deleteButton;
-  QAbstractButton* m_helpButton;
 };
 
 }  // namespace tremlo

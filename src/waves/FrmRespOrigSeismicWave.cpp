@@ -23,7 +23,8 @@ CFrmRespOrigSeismicWave::CFrmRespOrigSeismicWave(CMorvaneDoc& doc, Prompt& promp
   row->addWidget(m_nameEdit, 1);
   row->addWidget(m_readButton);
   row->addWidget(m_dbButton);
-  BuildBody(row, {m_nameEdit, m_readButton, m_dbButton});
+  row->addWidget(m_helpButton);
+  BuildBody(row, {m_nameEdit, m_readButton, m_dbButton, m_helpButton});
   Refresh();
 }
 

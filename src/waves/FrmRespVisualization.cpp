@@ -13,16 +13,18 @@ CFrmRespVisualization::CFrmRespVisualization(CMorvaneDoc& doc, FileDialogs& file
     : WaveVisualization(doc, files, {QStringLiteral("原種波形の出力"), QStringLiteral("調整後波形の出力")},
                         parent),
       m_nameCombo(new QComboBox(this)),
-      m_fitLabel(Named(new QLabel(this), "fitLabel", QStringLiteral("適合度"))) {
+      m_fitLabel(new QLabel(this)) {
   m_nameCombo->setObjectName(QStringLiteral("nameCombo"));
   m_nameCombo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  m_fitLabel->setObjectName(QStringLiteral("fitLabel"));
   m_fitLabel->setTextFormat(Qt::PlainText);
   m_fitLabel->setWordWrap(true);
   auto* const row = new QHBoxLayout;
   row->addWidget(LabelFor(m_nameCombo, QStringLiteral("波形データ名")));
   row->addWidget(m_nameCombo, 1);
-  row->addWidget(m_fitLabel, 2);
+  row->addStretch(1);
   BuildBody(row, {m_nameCombo});
+  layout()->addWidget(m_fitLabel);
   Refresh();
 }
 
@@ -35,7 +37,7 @@ void CFrmRespVisualization::Refresh() {
   const CSeismicWave* const wave = Wave();
   m_nameCombo->clear();
   if (wave) m_nameCombo->addItem(wave->name);
-  if (!wave || !wave->adjusted || wave->adjustedAcc != m_fitted) m_fitLabel->clear();
+  if (!wave || !wave->adjusted || wave->adjustedAcc != m_fitted) TellFit({});
   WaveVisualization::Refresh();
 }
 
@@ -43,7 +45,13 @@ void CFrmRespVisualization::ShowFit(const QString& figures) {
   const CSeismicWave* const wave = Wave();
   if (!wave || !wave->adjusted) return;
   m_fitted = wave->adjustedAcc;
+  TellFit(figures);
+}
+
+void CFrmRespVisualization::TellFit(const QString& figures) {
   m_fitLabel->setText(figures);
+  m_fitLabel->setAccessibleName(QStringLiteral("適合度 ") + figures);  // it is read out in place of the text
+  m_fitLabel->setVisible(!figures.isEmpty());
 }
 
 CSeismicWave* CFrmRespVisualization::Wave() {

@@ -28,6 +28,8 @@ class CFrmRespVisualization : public WaveVisualization {
   void ExportAdjusted(CSeismicWave& wave, const SavePath& path) override;
 
  private:
+  void TellFit(const QString& figures);
+
   QComboBox* m_nameCombo;
   QLabel* m_fitLabel;
   std::vector<double> m_fitted;  ///< the adjusted wave that the figures belong to

@@ -32,6 +32,8 @@ namespace tremlo {
 namespace {
 
 constexpr int kTimeWidth = 80;
+constexpr int kWidestTime = 130;
+constexpr int kCellPadding = 10;
 constexpr int kGridsWidth = 290;  // every digit of a sample is seen
 constexpr int kMostDecimals = 9;
 
@@ -60,13 +62,25 @@ CellFormat LockedNumber() {
 
 WaveRegistration::WaveRegistration(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files, QWidget* parent)
     : Screen(parent), m_doc(doc), m_prompt(prompt), m_files(files) {
+  MakeButtons();
+  MakeFields();
+  MakeGrids();
+  MakeGraphPanel();
+}
+
+void WaveRegistration::MakeButtons() {
   m_readButton = NamedButton<QPushButton>("readButton", QStringLiteral("波形データ読込"), this);
   connect(m_readButton, &QAbstractButton::clicked, this, &WaveRegistration::ReadFile);
   m_dbButton = NamedButton<QPushButton>("dbButton", QStringLiteral("DBから入力"), this);
   m_dbButton->setEnabled(false);
-  MakeFields();
-  MakeGrids();
-  MakeGraphPanel();
+  m_helpButton = NamedButton<QPushButton>("helpButton", QStringLiteral("ヘルプ"), this);
+  connect(m_helpButton, &QAbstractButton::clicked, this, [this] {
+    m_prompt.Tell(
+        QStringLiteral("使用する地震波形を登録します。\n\n"
+                       "地震波形作成の種となる原種波形と、ダム基礎の観測波形、近隣で観測された波形、"
+                       "それらの波形が無い場合には公開されている既往の地震波形を設定します。"),
+        PromptIcon::Information);
+  });
 }
 
 void WaveRegistration::MakeFields() {
@@ -95,7 +109,6 @@ void WaveRegistration::MakeGrids() {
   m_extremeGrid->SetCellText(0, 2, QStringLiteral("加速度 (gal)"));
   m_extremeGrid->SetCellText(1, 0, QStringLiteral("最大"));
   m_extremeGrid->SetCellText(2, 0, QStringLiteral("最小"));
-  m_extremeGrid->SetColumnWidth(1, kTimeWidth);
   m_extremeGrid->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   FitHeight(m_extremeGrid);
   for (CSpread7* const grid : {m_sampleGrid, m_extremeGrid}) {
@@ -154,7 +167,7 @@ void WaveRegistration::ShowWave() {
   m_sampleGrid->SetData(std::make_shared<NumberRows>(std::vector<NumberRows::Column>{
       {QStringLiteral("時間 (sec)"), nullptr, time, TimeDecimals(shown ? shown->timeStep : 0.0), {}},
       {QStringLiteral("加速度 (gal)"), samples, nullptr, {}, kBlankSample}}));
-  m_sampleGrid->SetColumnWidth(1, kTimeWidth);
+  for (CSpread7* const grid : {m_sampleGrid, m_extremeGrid}) grid->SetColumnWidth(1, kTimeWidth);
   ShowTimeStep();
   m_timeStepEdit->setEnabled(shown != nullptr);
   m_sampleGrid->setEnabled(shown != nullptr);
@@ -166,6 +179,7 @@ void WaveRegistration::ShowData() {
   m_countEdit->SetText(wave ? QString::number(wave->acc.size()) : QString());
   m_sampleGrid->Refresh();
   ShowExtremes();
+  WidenTimeColumns();
   m_graphPanel->Refresh();
 }
 
@@ -188,12 +202,25 @@ void WaveRegistration::ShowExtremes() {
   show(2, value, time);
 }
 
+/// The last time of the wave is the longest text of its column. While the wave is on display no column gets
+/// narrower: the user may have set its width.
+void WaveRegistration::WidenTimeColumns() {
+  const CSeismicWave* const wave = Wave();
+  if (!wave || wave->acc.empty()) return;
+  const double last = static_cast<double>(wave->acc.size() - 1) * wave->timeStep;
+  const int text = fontMetrics().horizontalAdvance(FixedText(last, TimeDecimals(wave->timeStep)));
+  const int width = std::min(text + kCellPadding, kWidestTime);
+  for (CSpread7* const grid : {m_sampleGrid, m_extremeGrid})
+    if (grid->columnWidth(0) < width) grid->SetColumnWidth(1, width);
+}
+
 void WaveRegistration::ReadFile() {
   const QString path = m_files.AskOpenPath(WaveFileToRead(m_readButton->text()));
   if (path.isEmpty()) return;
   QString name;
   double timeStep = 0.0;
   std::vector<double> acc;
+  const WaitCursor waiting;
   if (const std::optional<QString> failure = ReadWaveFile(path, name, timeStep, acc)) {
     m_prompt.Tell(*failure);
     return;

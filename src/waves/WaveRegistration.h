@@ -47,8 +47,10 @@ class WaveRegistration : public Screen {
   Prompt& m_prompt;
   QAbstractButton* m_readButton;
   QAbstractButton* m_dbButton;
+  QAbstractButton* m_helpButton;
 
  private:
+  void MakeButtons();
   void MakeFields();
   void MakeGrids();
   void MakeGraphPanel();
@@ -56,6 +58,7 @@ class WaveRegistration : public Screen {
   void EnterTimeStep();
   void ShowTimeStep();
   void ShowExtremes();
+  void WidenTimeColumns();
   std::unique_ptr<CDrawGraph> MakeGraph(GraphKind kind);
   std::unique_ptr<CDrawGraph> MakeSpectrumGraph(CSeismicWave& wave);
 

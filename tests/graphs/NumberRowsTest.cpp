@@ -31,6 +31,16 @@ TEST(NumberRows, ShowsTheVectorAndTheComputedColumn) {
   EXPECT_TRUE(samples.rows.Text(2, 0).isNull());
 }
 
+TEST(NumberRows, OfAListThatNoViewCanHoldTheBeginningIsShown) {
+  Samples samples;
+  samples.values.resize(20'000'001);
+  EXPECT_EQ(samples.rows.RowCount(), 20'000'000);
+  EXPECT_FALSE(samples.rows.Grows());
+  samples.values.resize(19'999'999);
+  EXPECT_EQ(samples.rows.RowCount(), 19'999'999);
+  EXPECT_TRUE(samples.rows.Grows());
+}
+
 TEST(NumberRows, ExactTextKeepsTheDigitsBehindTheRounding) {
   Samples samples;
   samples.values = {1.23456, kBlank, 0.1 + 0.2};

@@ -103,6 +103,14 @@ class ScreenDriver {
   }
 
   QImage Picture() { return m_window.grab().toImage(); }
+  /// Whether a pixel of the control has the colour.
+  bool Shows(const char* name, QRgb color) {
+    const QImage image = Find<QWidget>(name).grab().toImage().convertToFormat(QImage::Format_RGB32);
+    for (int y = 0; y < image.height(); ++y)
+      for (int x = 0; x < image.width(); ++x)
+        if (image.pixel(x, y) == color) return true;
+    return false;
+  }
 
  private:
   QWidget m_window;

@@ -11,6 +11,9 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QLabel>
+#include <QWheelEvent>
+
+#include <set>
 
 namespace tremlo::test {
 namespace {
@@ -183,6 +186,55 @@ TEST_F(OrigSeismicWaveScreen, AFileIsAddedUnderTheFirstFreeName) {
   EXPECT_TRUE(doc.IsModified());
 }
 
+TEST_F(OrigSeismicWaveScreen, AColourThatADeletedWaveLeftIsGivenAgainBeforeOneIsGivenTwice) {
+  const QString path = folder.Write("a.csv", "N, 0.02, 1\n0, 4\n");
+  const auto read = [&] {
+    files.Choose(path);
+    driver.Press("readButton");
+  };
+  for (int i = 0; i < 2; ++i) read();
+  EXPECT_EQ(Wave(3).siteColor, PaletteColor(3));
+  doc.seedWaves.Remove("A");
+  read();
+  EXPECT_EQ(Wave(3).siteColor, PaletteColor(4));
+  for (int i = 0; i < 5; ++i) read();
+  std::set<std::int32_t> colors;
+  for (std::size_t i = 1; i <= kPaletteSize; ++i) colors.insert(Wave(i).siteColor);
+  EXPECT_EQ(colors.size(), kPaletteSize);
+  EXPECT_EQ(Wave(8).baseColor, Wave(8).siteColor);
+  EXPECT_EQ(Wave(8).adjustColor, Wave(8).siteColor);
+  read();
+  EXPECT_EQ(Wave(9).siteColor, PaletteColor(9));
+}
+
+TEST_F(OrigSeismicWaveScreen, AnEmptyFileGivesAWaveWithoutANameThatCanBeNamedAndDeleted) {
+  files.Choose(folder.Write("e.csv", ""));
+  driver.Press("readButton");
+  ASSERT_EQ(doc.seedWaves.Count(), 3U);
+  EXPECT_EQ(Wave(2).name, "");
+  EXPECT_EQ(Wave(2).timeStep, 0.0);
+  EXPECT_THAT(Wave(2).acc, IsEmpty());
+  EXPECT_EQ(Combo().currentIndex(), 2);
+  driver.Enter("nameEdit", "N");
+  EXPECT_EQ(Wave(2).name, "N");
+  prompt.ExpectQuestion("「N」を削除しますがよろしいですか？", PromptAnswer::Yes);
+  driver.Press("deleteButton");
+  EXPECT_THAT(Entries(), ElementsAre("A", "B"));
+}
+
+TEST_F(OrigSeismicWaveScreen, AFileThatIsNoTextIsShownAsWhatItScansTo) {
+  QByteArray bytes;
+  for (int i = 0; i < 5000; ++i) bytes.append(static_cast<char>((i * 7919) >> 3));
+  files.Choose(folder.Write("b.bin", bytes));
+  driver.Press("readButton");
+  ASSERT_EQ(doc.seedWaves.Count(), 3U);
+  EXPECT_EQ(driver.Grid("sampleGrid").RowCount(), static_cast<int>(Wave(2).acc.size()));
+  for (const char* button : {"timeButton", "specButton", "fourierButton"}) {
+    driver.Press(button);
+    EXPECT_FALSE(driver.Picture().isNull());
+  }
+}
+
 TEST_F(OrigSeismicWaveScreen, AFileWithoutDataLinesGivesAnEmptyWave) {
   files.Choose(folder.Write("e.csv", "E, 0, 1\n"));
   driver.Press("readButton");
@@ -310,6 +362,45 @@ TEST_F(OrigSeismicWaveScreen, ARenameToAnExistingNameIsNotRefusedAndByNameTheFir
   prompt.ExpectQuestion(kDeleteQuestion, PromptAnswer::Yes);
   driver.Press("deleteButton");
   EXPECT_THAT(Entries(), IsEmpty());
+}
+
+TEST_F(OrigSeismicWaveScreen, ARenameToAnExistingNameByEnterStaysWithItsEntry) {
+  SelectNext();
+  driver.Type("nameEdit", "A");
+  driver.Key(Qt::Key_Return);
+  EXPECT_THAT(doc.seedWaves.Names(), ElementsAre("A", "A"));
+  EXPECT_EQ(Combo().currentIndex(), 1);
+  driver.Enter("nameEdit", "C");
+  EXPECT_THAT(doc.seedWaves.Names(), ElementsAre("A", "C"));
+}
+
+TEST_F(OrigSeismicWaveScreen, TheSameNameTypedAgainIsNoChange) {
+  driver.Enter("nameEdit", "A");
+  EXPECT_FALSE(doc.IsModified());
+}
+
+TEST_F(OrigSeismicWaveScreen, ATypedNameIsTakenBeforeAnotherWaveIsChosen) {
+  driver.Type("nameEdit", "X");
+  driver.Key(Qt::Key_Down);
+  EXPECT_THAT(doc.seedWaves.Names(), ElementsAre("X", "B"));
+  EXPECT_EQ(Combo().currentText(), "B");
+  driver.Type("nameEdit", "Y");
+  const QPointF at(5.0, 5.0);
+  QWheelEvent up(at, Combo().mapToGlobal(at), {}, {0, 120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                 false);
+  QApplication::sendEvent(&Combo(), &up);
+  EXPECT_THAT(doc.seedWaves.Names(), ElementsAre("X", "Y"));
+  EXPECT_THAT(Entries(), ElementsAre("X", "Y"));
+  EXPECT_EQ(Combo().currentText(), "X");
+}
+
+TEST_F(OrigSeismicWaveScreen, ARefusedNameKeepsTheWaveOnDisplay) {
+  prompt.ExpectMessage("波形名の入力エラーです。");
+  driver.Type("nameEdit", "");
+  driver.Key(Qt::Key_Down);
+  EXPECT_EQ(Combo().currentIndex(), 0);
+  EXPECT_EQ(driver.Text("nameEdit"), "A");
+  EXPECT_FALSE(Wave(1).current);
 }
 
 TEST_F(OrigSeismicWaveScreen, ATypedNameIsTakenBeforeACommandOfTheMenu) {

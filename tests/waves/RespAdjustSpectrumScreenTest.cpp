@@ -86,6 +86,26 @@ TEST_F(RespAdjustSpectrumScreen, AFileReplacesNamePeriodsAndValues) {
   EXPECT_EQ(files.opened.at(0).nameFilters, "CSVファイル (*.csv);;All Files (*.*)");
 }
 
+TEST_F(RespAdjustSpectrumScreen, AFileMakesTheTargetWhenThereIsNone) {
+  doc.respSpectra.Clear();
+  screen.Refresh();
+  files.Choose(folder.Write("s.csv", "L2, 0, 1\n0.02, 300\n"));
+  driver.Press("readButton");
+  ASSERT_EQ(doc.respSpectra.Count(), 1U);
+  EXPECT_EQ(driver.Text("nameEdit"), "L2");
+  EXPECT_EQ(driver.Cell("spectrumGrid", 1, 2), "300");
+}
+
+TEST_F(RespAdjustSpectrumScreen, AnEmptyFileLeavesATargetWithoutData) {
+  files.Choose(folder.Write("e.csv", ""));
+  driver.Press("readButton");
+  EXPECT_EQ(driver.Text("nameEdit"), "");
+  EXPECT_EQ(driver.Grid("spectrumGrid").RowCount(), 0);
+  EXPECT_FALSE(driver.Picture().isNull());
+  ExpectCleared();
+  EXPECT_FALSE(HasRespTarget(doc));
+}
+
 TEST_F(RespAdjustSpectrumScreen, ACancelledReadAndAMissingFileChangeNothing) {
   files.Cancel();
   driver.Press("readButton");
@@ -102,6 +122,22 @@ TEST_F(RespAdjustSpectrumScreen, ARenameKeepsTheAdjustment) {
   EXPECT_EQ(Target().name, "L2");
   ExpectKept();
   EXPECT_TRUE(doc.IsModified());
+}
+
+TEST_F(RespAdjustSpectrumScreen, ANameGivenUpByEscapeIsNotTaken) {
+  driver.Type("nameEdit", "X");
+  driver.Key(Qt::Key_Escape);
+  driver.Key(Qt::Key_Tab);
+  EXPECT_EQ(driver.Text("nameEdit"), "基準スペクトル");
+  EXPECT_EQ(Target().name, "基準スペクトル");
+  EXPECT_FALSE(doc.IsModified());
+}
+
+TEST_F(RespAdjustSpectrumScreen, TheSameNameTypedAgainIsNoChange) {
+  driver.Enter("nameEdit", "N");
+  doc.SetModified(false);
+  driver.Enter("nameEdit", "N");
+  EXPECT_FALSE(doc.IsModified());
 }
 
 TEST_F(RespAdjustSpectrumScreen, AnEmptyNameIsRefusedInTheWordsOfTheWave) {

@@ -93,6 +93,13 @@ TEST_F(RespOrigSeismicWaveScreen, ARenameKeepsTheAdjustment) {
   ExpectKept();
 }
 
+TEST_F(RespOrigSeismicWaveScreen, TheSameNameTypedAgainIsNoChange) {
+  driver.Enter("nameEdit", "N");
+  doc.SetModified(false);
+  driver.Enter("nameEdit", "N");
+  EXPECT_FALSE(doc.IsModified());
+}
+
 TEST_F(RespOrigSeismicWaveScreen, AnEmptyNameIsRefusedAndTheOldOneComesBack) {
   prompt.ExpectMessage("地震波形名の入力エラーです。");
   driver.Enter("nameEdit", "");
@@ -200,6 +207,28 @@ TEST_F(RespOrigSeismicWaveScreen, APasteOverwritesAndAppends) {
   ExpectCleared();
 }
 
+TEST_F(RespOrigSeismicWaveScreen, WhatIsGivenUpByEscapeIsNotTaken) {
+  for (const auto& [edit, shown] : {std::pair{"nameEdit", "地震波形"}, std::pair{"timeStepEdit", "0.01"}}) {
+    driver.Type(edit, "7");
+    driver.Key(Qt::Key_Escape);
+    driver.Key(Qt::Key_Tab);
+    EXPECT_EQ(driver.Text(edit), shown);
+  }
+  ExpectKept();
+  EXPECT_FALSE(doc.IsModified());
+}
+
+TEST_F(RespOrigSeismicWaveScreen, TheExtremesAreReadOnly) {
+  QApplication::clipboard()->setText("9\t9\n");
+  driver.Click("extremeGrid", 1, 2);
+  QTest::keyClicks(&driver.Grid("extremeGrid"), "5");
+  driver.Key(Qt::Key_Return);
+  for (const Qt::Key key : {Qt::Key_V, Qt::Key_X}) driver.Key(key, Qt::ControlModifier);
+  driver.Key(Qt::Key_Delete);
+  EXPECT_EQ(driver.Cell("extremeGrid", 1, 2), "1.5");
+  EXPECT_EQ(driver.Grid("extremeGrid").RowCount(), 2);
+}
+
 TEST_F(RespOrigSeismicWaveScreen, TheTimeColumnIsLocked) {
   driver.Click("sampleGrid", 2, 1);
   QTest::keyClicks(&driver.Grid("sampleGrid"), "5");
@@ -230,6 +259,24 @@ TEST_F(RespOrigSeismicWaveScreen, AFileOfTheSameNameGetsNoNumber) {
   EXPECT_EQ(Wave().timeStep, 0.02);
 }
 
+TEST_F(RespOrigSeismicWaveScreen, AFileMakesTheWaveWhenThereIsNone) {
+  doc.seedWaves.Clear();
+  screen.Refresh();
+  files.Choose(folder.Write("a.csv", "A, 0.02, 1\n0, 4\n"));
+  driver.Press("readButton");
+  ASSERT_EQ(doc.seedWaves.Count(), 1U);
+  EXPECT_EQ(driver.Text("nameEdit") + driver.Text("timeStepEdit") + driver.Text("countEdit"), "A0.021");
+}
+
+TEST_F(RespOrigSeismicWaveScreen, AnEmptyFileLeavesAWaveWithoutData) {
+  files.Choose(folder.Write("e.csv", ""));
+  driver.Press("readButton");
+  ASSERT_EQ(doc.seedWaves.Count(), 1U);
+  EXPECT_EQ(driver.Text("nameEdit") + driver.Text("timeStepEdit") + driver.Text("countEdit"), "00");
+  ExpectCleared();
+  EXPECT_FALSE(HasRespWaveData(doc));
+}
+
 TEST_F(RespOrigSeismicWaveScreen, ACancelledReadAndAMissingFileChangeNothing) {
   files.Cancel();
   driver.Press("readButton");
@@ -249,6 +296,14 @@ TEST_F(RespOrigSeismicWaveScreen, TheKindButtonsSwitchGraphAndCaption) {
   EXPECT_EQ(Caption(), "グラフ (フーリエスペクトル)");
   driver.Press("timeButton");
   EXPECT_EQ(Caption(), "グラフ (時間－加速度)");
+}
+
+TEST_F(RespOrigSeismicWaveScreen, TheArrowKeysSwitchTheGraphToo) {
+  driver.Find<QWidget>("timeButton").setFocus();
+  driver.Key(Qt::Key_Right);
+  EXPECT_EQ(Caption(), "グラフ (周期－加速度応答スペクトル)");
+  driver.Key(Qt::Key_Right);
+  EXPECT_EQ(Caption(), "グラフ (フーリエスペクトル)");
 }
 
 TEST_F(RespOrigSeismicWaveScreen, TheSpectrumIsComputedWhenItsGraphIsPaintedAndOnlyThen) {
@@ -277,6 +332,31 @@ TEST_F(RespOrigSeismicWaveScreen, AStoredSpectrumIsNotComputedAgain) {
   driver.Picture();
   EXPECT_THAT(Wave().accSpec, ElementsAre(1.0));
   EXPECT_FALSE(doc.IsModified());
+}
+
+TEST_F(RespOrigSeismicWaveScreen, EachGraphIsDrawnInItsColourOfTheBlockAndBlanksCountAs0) {
+  Wave().acc = Noise(64, 1);
+  Wave().acc[5] = kBlankSample;
+  Wave().origGraph.timeColor = 0x0000F1;
+  Wave().origGraph.specColor = 0x0000F2;
+  Wave().origGraph.fourierColor = 0x0000F3;
+  Wave().spectrumValid = false;
+  screen.Refresh();
+  EXPECT_TRUE(driver.Shows("graph", 0xFFF10000));
+  driver.Press("specButton");
+  EXPECT_TRUE(driver.Shows("graph", 0xFFF20000));
+  driver.Press("fourierButton");
+  EXPECT_TRUE(driver.Shows("graph", 0xFFF30000));
+}
+
+TEST_F(RespOrigSeismicWaveScreen, AnEmptySpectrumHasTheAxesOfOnePoint) {
+  Wave().acc.clear();
+  Wave().spectrumValid = false;
+  screen.Refresh();
+  driver.Press("specButton");
+  driver.Picture();
+  EXPECT_THAT(driver.Find<QWidget>("graph").accessibleDescription().toStdString(),
+              testing::HasSubstr("0 ～ 1200"));
 }
 
 TEST_F(RespOrigSeismicWaveScreen, EveryGraphPaintsWithoutATimeStep) {
@@ -317,15 +397,37 @@ TEST_F(RespOrigSeismicWaveScreen, TheCopyButtonPutsThePictureOnTheClipboard) {
   EXPECT_FALSE(QApplication::clipboard()->image().isNull());
 }
 
+TEST_F(RespOrigSeismicWaveScreen, TheHelpButtonTellsOfTheRegistration) {
+  prompt.ExpectMessage(
+      "使用する地震波形を登録します。\n\n"
+      "地震波形作成の種となる原種波形と、ダム基礎の観測波形、近隣で観測された波形、それらの波形が無い場合には"
+      "公開"
+      "されている既往の地震波形を設定します。",
+      PromptIcon::Information);
+  driver.Press("helpButton");
+}
+
 TEST_F(RespOrigSeismicWaveScreen, TheTabKeyFollowsTheReadingOrder) {
   driver.Find<QWidget>("nameEdit").setFocus();
   std::vector<std::string> order;
-  for (int i = 0; i < 8; ++i) {
+  for (int i = 0; i < 9; ++i) {
     order.push_back(QApplication::focusWidget()->objectName().toStdString());
     driver.Key(Qt::Key_Tab);
   }
-  EXPECT_THAT(order, ElementsAre("nameEdit", "readButton", "timeStepEdit", "sampleGrid", "extremeGrid",
-                                 "timeButton", "graph", "copyButton"));
+  EXPECT_THAT(order, ElementsAre("nameEdit", "readButton", "helpButton", "timeStepEdit", "sampleGrid",
+                                 "extremeGrid", "timeButton", "graph", "copyButton"));
+}
+
+TEST_F(RespOrigSeismicWaveScreen, LongTimesFitTheirColumns) {
+  Wave().acc = Noise(65536, 3);
+  driver.Enter("timeStepEdit", "0.123456789");
+  const int needed = screen.fontMetrics().horizontalAdvance("8090.740667115");
+  EXPECT_EQ(driver.Cell("sampleGrid", 65536, 1), "8090.740667115");
+  for (const char* grid : {"sampleGrid", "extremeGrid"}) EXPECT_GT(driver.Grid(grid).columnWidth(0), needed);
+  driver.Enter("timeStepEdit", "1e300");
+  EXPECT_LT(driver.Grid("sampleGrid").columnWidth(0), driver.Grid("sampleGrid").width() / 2);
+  driver.Enter("timeStepEdit", "0.01");
+  for (const char* grid : {"sampleGrid", "extremeGrid"}) EXPECT_LT(driver.Grid(grid).columnWidth(0), needed);
 }
 
 TEST_F(RespOrigSeismicWaveScreen, ALongWaveIsShownAtOnce) {

@@ -59,13 +59,7 @@ class RespVisualizationScreen : public testing::Test {
     ComputeResponseSpectrum(Wave().adjustedAcc, Wave().adjustedPeriods, Wave().adjustedSpec, 0.01);
   }
   /// Whether a curve of the colour is in the graph.
-  bool Draws(QRgb color) {
-    const QImage image = driver.Find<QWidget>("graph").grab().toImage().convertToFormat(QImage::Format_RGB32);
-    for (int y = 0; y < image.height(); ++y)
-      for (int x = 0; x < image.width(); ++x)
-        if (image.pixel(x, y) == color) return true;
-    return false;
-  }
+  bool Draws(QRgb color) { return driver.Shows("graph", color); }
   std::string Caption() { return driver.Find<QLabel>("caption").text().toStdString(); }
   static std::string FirstLine(const QString& path) {
     const QByteArray content = ReadAll(path);
@@ -100,6 +94,16 @@ TEST_F(RespVisualizationScreen, WithoutAnAdjustmentOnlyTheSeedIsShown) {
     driver.Press(button);
     EXPECT_TRUE(Draws(kSeedRgb)) << button;
     EXPECT_FALSE(Draws(kAdjustedRgb)) << button;
+  }
+}
+
+TEST_F(RespVisualizationScreen, BlankSamplesCountAs0InEveryGraph) {
+  Wave().adjusted = false;
+  Wave().acc[50] = kBlankSample;
+  screen.Prepare();
+  for (const char* button : {"timeButton", "specButton", "fourierButton"}) {
+    driver.Press(button);
+    EXPECT_TRUE(Draws(kSeedRgb)) << button;
   }
 }
 
@@ -180,7 +184,10 @@ TEST_F(RespVisualizationScreen, ARefreshChangesNothingInTheDocument) {
 TEST_F(RespVisualizationScreen, TheFitIsToldUntilTheResultIsGone) {
   auto& label = driver.Find<QLabel>("fitLabel");
   EXPECT_EQ(label.text(), "");
+  EXPECT_FALSE(label.isVisible());
   screen.ShowFit("二乗平均 4.98 %");
+  EXPECT_TRUE(label.isVisible());
+  EXPECT_EQ(label.accessibleName(), "適合度 二乗平均 4.98 %");
   screen.Refresh();
   EXPECT_EQ(label.text(), "二乗平均 4.98 %");
   Wave().adjustedAcc[0] += 1.0;  // the result of another project
@@ -255,13 +262,17 @@ TEST_F(RespVisualizationScreen, AnExportThatFailsSaysNothing) {
 TEST_F(RespVisualizationScreen, TheSettingsDialogWorksOnTheBlockAndTheTwoColours) {
   doc.visualColorOrig = 1;
   doc.visualColorAdjusted = 2;
+  screen.Refresh();
   ScreenDriver::InDialog([this](QWidget& dialog) {
     EXPECT_EQ(dialog.findChild<CSpread7*>("timeGrid")->GetCellText(0, 1), "グラフ(時間-平均応答加速度)");
     auto* const colors = dialog.findChild<CSpread7*>("colorGrid");
     EXPECT_EQ(colors->GetCellText(1, 1) + colors->GetCellText(2, 1), "原種波形調整後波形");
     PressIn(dialog, "autoCheck");
     EXPECT_EQ(doc.graphAdjust.origGraph.autoRange, 0);
+    EXPECT_FALSE(driver.Shows("seedCheck", kSeedRgb));
     PressIn(dialog, "resetColorsButton");
+    EXPECT_TRUE(driver.Shows("seedCheck", kSeedRgb));
+    EXPECT_TRUE(driver.Shows("adjustedCheck", kAdjustedRgb));
     PressIn(dialog, "resetRangeButton");
     PressIn(dialog, "okButton");
   });

@@ -8,6 +8,7 @@
 #include <QElapsedTimer>
 #include <QTest>
 
+#include <atomic>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <new>
@@ -105,9 +106,14 @@ TEST_F(RunDialogTest, TheResultIsThatOfTheWork) {
 }
 
 TEST_F(RunDialogTest, TheWorkRunsOnAThreadThatIsOverAtTheEnd) {
-  static bool threadEnded = false;
+  // The thread takes longer to end than the dialog, unless nobody waits for it.
+  static std::binary_semaphore returned{0};
+  static std::atomic<bool> threadEnded{false};
   struct AtThreadEnd {
-    ~AtThreadEnd() { threadEnded = true; }
+    ~AtThreadEnd() {
+      static_cast<void>(returned.try_acquire_for(std::chrono::milliseconds(300)));
+      threadEnded = true;
+    }
   };
   QThread* thread = QThread::currentThread();
   EXPECT_TRUE(RunBehindDialog(
@@ -119,6 +125,7 @@ TEST_F(RunDialogTest, TheWorkRunsOnAThreadThatIsOverAtTheEnd) {
       },
       kNoPause));
   EXPECT_TRUE(threadEnded);
+  returned.release();
 }
 
 TEST_F(RunDialogTest, WhatTheWorkThrowsIsAFailedRun) {
