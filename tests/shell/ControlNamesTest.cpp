@@ -2,10 +2,13 @@
 #include "shell/DlgTop.h"
 #include "shell/ShellParts.h"
 
+#include <QAbstractButton>
 #include <QAccessible>
 #include <QAction>
+#include <QApplication>
 #include <QMenu>
 #include <QSet>
+#include <QTest>
 
 #include <gmock/gmock.h>
 
@@ -36,6 +39,25 @@ QStringList Unnamed(const QWidget& top) {
   return faults;
 }
 
+/// One of several buttons of which one is down; the arrow keys lead from that one to the others.
+bool IsUnchosen(const QWidget& control) {
+  const auto* const button = qobject_cast<const QAbstractButton*>(&control);
+  const bool oneOfSeveral = button && (button->autoExclusive() || button->group());
+  return oneOfSeveral && button->isCheckable() && !button->isChecked();
+}
+
+/// Where the tab key has to stop.
+QSet<QWidget*> TabStops(const QWidget& window) {
+  QSet<QWidget*> stops;
+  for (QWidget* control : window.findChildren<QWidget*>()) {
+    const bool stopsTab = (control->focusPolicy() & Qt::TabFocus) != 0 && !control->focusProxy();
+    if (stopsTab && control->window() == &window && control->isVisible() && control->isEnabled() &&
+        !IsUnchosen(*control))
+      stops << control;
+  }
+  return stops;
+}
+
 /// With the screens of the program, as far as they are there.
 class ControlNamesTest : public test::ShellTest {
  protected:
@@ -56,6 +78,22 @@ TEST_F(ControlNamesTest, PaneAndScreensHaveNamesForPrograms) {
   for (const ScreenId id :
        {ScreenId::RespOrigSeismicWave, ScreenId::RespAdjustSpectrum, ScreenId::RespVisualization})
     EXPECT_THAT(Unnamed(*app->Frame()->ScreenOf(id)), IsEmpty());
+}
+
+TEST_F(ControlNamesTest, TabLeadsToEveryControl) {
+  ASSERT_TRUE(QTest::qWaitForWindowActive(app->Frame()));
+  for (const ScreenId id : {ScreenId::RespOrigSeismicWave, ScreenId::RespAdjustSpectrum}) {
+    ASSERT_EQ(app->Procedure().SwitchScreen(id), SwitchOutcome::Open);
+    QSet<QWidget*> left = TabStops(*app->Frame());
+    EXPECT_GT(left.size(), 5);
+    for (int i = 0; i < 60; ++i) {
+      left.remove(QApplication::focusWidget());
+      QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    QStringList names;
+    for (const QWidget* control : left) names << control->objectName();
+    EXPECT_THAT(names, IsEmpty());
+  }
 }
 
 TEST_F(ControlNamesTest, DialogsOfTheShellHaveThemToo) {
