@@ -90,6 +90,7 @@ void MainFrame::MakeStatusBar() {
   m_samplePane = new QLabel;
   m_samplePane->setObjectName(QStringLiteral("samplePane"));
   m_samplePane->setTextFormat(Qt::PlainText);
+  m_samplePane->setContentsMargins(4, 0, 4, 0);
   m_samplePane->hide();
   statusBar()->addPermanentWidget(m_samplePane);
 }
@@ -138,9 +139,14 @@ void MainFrame::ShowSampleFolders(const std::vector<QString>& folders) {
 
 void MainFrame::ShowCentred() {
   const QRect monitor = screen()->geometry();
-  setGeometry(monitor.x() + monitor.width() / 2 - kFrameWidth / 2,
-              monitor.y() + monitor.height() / 2 - kFrameHeight / 2, kFrameWidth, kFrameHeight);
-  show();
+  resize(kFrameWidth, kFrameHeight);
+  move(monitor.x() + monitor.width() / 2 - kFrameWidth / 2,
+       monitor.y() + monitor.height() / 2 - kFrameHeight / 2);
+  // On a smaller monitor caption and menu would lie outside.
+  if (monitor.width() < kFrameWidth || monitor.height() < kFrameHeight)
+    showMaximized();
+  else
+    show();
 }
 
 void MainFrame::Prepare(ScreenId id) {

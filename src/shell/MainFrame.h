@@ -39,7 +39,7 @@ class MainFrame : public QMainWindow, public ScreenHost {
   void SetTitle(const QString& title);
   /// Folders whose tables are samples: while there are any, a pane of the status bar names them.
   void ShowSampleFolders(const std::vector<QString>& folders);
-  /// 1200 by 800 in the middle of the monitor.
+  /// 1200 by 800 in the middle of the monitor; maximised on a smaller one.
   void ShowCentred();
 
   void Prepare(ScreenId id) override;
