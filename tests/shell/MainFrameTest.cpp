@@ -110,6 +110,7 @@ TEST_F(MainFrameTest, FileDroppedOnAFieldIsOpenedToo) {
   const QString path = SavedProject(QStringLiteral("落とす.trml"), false);
   QMimeData data;
   data.setUrls({QUrl::fromLocalFile(path)});
+  data.setText(QUrl::fromLocalFile(path).toString());  // as file managers do
   QLineEdit* field = OnDisplay()->first;
   ASSERT_TRUE(Enters(field, data));
   QDropEvent drop(QPoint(4, 4), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
