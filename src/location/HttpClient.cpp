@@ -95,6 +95,9 @@ void HttpClient::Session::SetOptions(const QString& certificateFile) {
     curl_easy_setopt(easy, CURLOPT_CAPATH, nullptr);
   }
   curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
+  // The system's resolver cannot be stopped: with name servers that do not answer, waiting for its thread
+  // would go on for many times the connect timeout.
+  curl_easy_setopt(easy, CURLOPT_QUICK_EXIT, 1L);
   curl_easy_setopt(easy, CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>(options.connectTimeoutMs));
   curl_easy_setopt(easy, CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(options.maxBodyBytes));
   curl_easy_setopt(easy, CURLOPT_WRITEFUNCTION, &Session::OnBody);

@@ -44,12 +44,10 @@ CAboutDlg::CAboutDlg(const std::vector<QString>& sampleFolders, QWidget* parent)
           QStringLiteral("Tremlo\n") + AboutVersionText(kVersionMajor, kVersionMinor));
   AddText(texts, QStringLiteral("legalLine"), LegalLine());
   AddText(texts, QStringLiteral("hazardNotice"), kHazardNotice);
-  if (!sampleFolders.empty()) {
-    const QStringList names(sampleFolders.begin(), sampleFolders.end());
+  if (!sampleFolders.empty())
     AddText(texts, QStringLiteral("sampleTables"),
-            QStringLiteral("見本の表を使用中：") + names.join(QStringLiteral("、")) +
+            SampleTablesText(sampleFolders) +
                 QStringLiteral("\n設計には公表された表に置き換えて使用してください。"));
-  }
   auto* row = new QHBoxLayout;
   row->addWidget(picture, 0, Qt::AlignTop);
   row->addLayout(texts);

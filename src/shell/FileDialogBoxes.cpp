@@ -4,9 +4,23 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QFileSystemModel>
 #include <QStandardPaths>
 
 namespace tremlo {
+
+namespace {
+
+/// "*.*" means every file, but Qt's dialog would leave out those without a point in their name.
+void ShowAllFiles(QFileDialog& dialog) {
+  auto* const files = dialog.findChild<QFileSystemModel*>();
+  if (!files) return;
+  QObject::connect(&dialog, &QFileDialog::filterSelected, files, [files](const QString& filter) {
+    if (filter.endsWith(QStringLiteral("(*.*)"))) files->setNameFilters({QStringLiteral("*")});
+  });
+}
+
+}  // namespace
 
 QString FileDialogBoxes::AskOpenPath(const FileQuestion& question) {
   QFileDialog dialog(QApplication::activeWindow());
@@ -37,6 +51,7 @@ QString FileDialogBoxes::Ask(QFileDialog& dialog, const FileQuestion& question) 
   dialog.setOption(QFileDialog::DontUseNativeDialog);
   dialog.setWindowTitle(question.title);
   dialog.setNameFilters(question.nameFilters.split(QStringLiteral(";;")));
+  ShowAllFiles(dialog);
   dialog.setDefaultSuffix(question.suffix);
   dialog.setDirectory(StartFolder());
   if (!question.proposedName.isEmpty()) dialog.selectFile(question.proposedName);

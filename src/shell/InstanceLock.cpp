@@ -8,22 +8,30 @@ namespace tremlo {
 
 namespace {
 
-QString LockPath() {
+/// Where the mark may be left, best first.
+QStringList LockPaths() {
   const QString name = QStringLiteral("Morvane.exe.lock");
-  const QString runtime = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-  if (!runtime.isEmpty() && QFileInfo(runtime).isDir()) return QDir(runtime).filePath(name);
   // The temporary folder is shared by all users of the machine.
   const uint user = QFileInfo(QDir::homePath()).ownerId();
-  return QDir::temp().filePath(QString::number(user) + u'-' + name);
+  QStringList paths{QDir::temp().filePath(QString::number(user) + u'-' + name)};
+  const QString runtime = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+  if (!runtime.isEmpty()) paths.prepend(QDir(runtime).filePath(name));
+  return paths;
 }
 
 }  // namespace
 
 bool InstanceLock::Take() {
-  auto lock = std::make_unique<QLockFile>(LockPath());
-  lock->setStaleLockTime(0);
-  if (!lock->tryLock(0)) return false;
-  m_lock = std::move(lock);
+  for (const QString& path : LockPaths()) {
+    auto lock = std::make_unique<QLockFile>(path);
+    lock->setStaleLockTime(0);
+    if (lock->tryLock(0)) {
+      m_lock = std::move(lock);
+      return true;
+    }
+    if (lock->error() == QLockFile::LockFailedError) return false;
+  }
+  // No mark can be left, on a full disk say: that is no other instance.
   return true;
 }
 

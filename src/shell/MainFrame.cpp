@@ -1,5 +1,9 @@
 #include "shell/MainFrame.h"
 
+#include "shell/LockKeyPanes.h"
+#include "shell/TitleText.h"
+
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QLabel>
@@ -44,6 +48,23 @@ QString DraggedFile(const QMimeData* data) {
   return urls.size() == 1 ? urls.front().toLocalFile() : QString();
 }
 
+/// A drag enters, moves or ends; null for any other event.
+QDropEvent* AsDrag(QEvent* event) {
+  switch (event->type()) {
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop:
+      return static_cast<QDropEvent*>(event);
+    default:
+      return nullptr;
+  }
+}
+
+/// A question, a dialog or a run stands in front of the window.
+bool IsBlocked() {
+  return QApplication::activeModalWidget() != nullptr;
+}
+
 }  // namespace
 
 MainFrame::MainFrame()
@@ -56,6 +77,7 @@ MainFrame::MainFrame()
   setCentralWidget(m_clientArea);
   MakeStatusBar();
   setAcceptDrops(true);
+  qApp->installEventFilter(this);
 }
 
 void MainFrame::MakeStatusBar() {
@@ -64,6 +86,13 @@ void MainFrame::MakeStatusBar() {
   // A label of the bar, not a message: hints cover it and it comes back by itself.
   statusBar()->addWidget(ready);
   statusBar()->setObjectName(QStringLiteral("statusBar"));
+  statusBar()->addPermanentWidget(new LockKeyPanes);
+  m_samplePane = new QLabel;
+  m_samplePane->setObjectName(QStringLiteral("samplePane"));
+  m_samplePane->setTextFormat(Qt::PlainText);
+  m_samplePane->setContentsMargins(4, 0, 4, 0);
+  m_samplePane->hide();
+  statusBar()->addPermanentWidget(m_samplePane);
 }
 
 void MainFrame::AddScreen(ScreenId id, Screen* screen) {
@@ -104,20 +133,20 @@ void MainFrame::SetTitle(const QString& title) {
 }
 
 void MainFrame::ShowSampleFolders(const std::vector<QString>& folders) {
-  if (folders.empty()) return;
-  auto* pane = new QLabel(QStringLiteral("見本の表を使用中"));
-  pane->setObjectName(QStringLiteral("samplePane"));
-  const QStringList names(folders.begin(), folders.end());
-  pane->setToolTip(names.join(u'\n'));
-  pane->setAccessibleDescription(names.join(u' '));
-  statusBar()->addPermanentWidget(pane);
+  m_samplePane->setText(SampleTablesText(folders));
+  m_samplePane->setVisible(!folders.empty());
 }
 
 void MainFrame::ShowCentred() {
   const QRect monitor = screen()->geometry();
-  setGeometry(monitor.x() + monitor.width() / 2 - kFrameWidth / 2,
-              monitor.y() + monitor.height() / 2 - kFrameHeight / 2, kFrameWidth, kFrameHeight);
-  show();
+  resize(kFrameWidth, kFrameHeight);
+  move(monitor.x() + monitor.width() / 2 - kFrameWidth / 2,
+       monitor.y() + monitor.height() / 2 - kFrameHeight / 2);
+  // On a smaller monitor caption and menu would lie outside.
+  if (monitor.width() < kFrameWidth || monitor.height() < kFrameHeight)
+    showMaximized();
+  else
+    show();
 }
 
 void MainFrame::Prepare(ScreenId id) {
@@ -155,7 +184,8 @@ bool MainFrame::RunRespAdjustment() {
 }
 
 void MainFrame::closeEvent(QCloseEvent* event) {
-  if (m_mayClose && !m_mayClose()) {
+  // The end of a session asks to close also behind a dialog, whose answer or run is still open.
+  if (IsBlocked() || (m_mayClose && !m_mayClose())) {
     event->ignore();
     return;
   }
@@ -164,16 +194,26 @@ void MainFrame::closeEvent(QCloseEvent* event) {
 }
 
 void MainFrame::dragEnterEvent(QDragEnterEvent* event) {
-  if (!DraggedFile(event->mimeData()).isEmpty()) event->acceptProposedAction();
+  if (!IsBlocked() && !DraggedFile(event->mimeData()).isEmpty()) event->acceptProposedAction();
 }
 
 void MainFrame::dropEvent(QDropEvent* event) {
   const QString path = DraggedFile(event->mimeData());
-  if (path.isEmpty()) return;
+  if (IsBlocked() || path.isEmpty()) return;
   event->acceptProposedAction();
   // Questions come after the drag is over, or the program it comes from would wait for their answers.
   QMetaObject::invokeMethod(
       this, [this, path] { Q_EMIT FileDropped(path); }, Qt::QueuedConnection);
+}
+
+bool MainFrame::eventFilter(QObject* watched, QEvent* event) {
+  QDropEvent* const drag = AsDrag(event);
+  // A file is for the window, whatever it is dropped on: a field would take its address as text.
+  const bool onControl =
+      drag && watched != this && watched->isWidgetType() && isAncestorOf(static_cast<QWidget*>(watched));
+  if (!onControl || DraggedFile(drag->mimeData()).isEmpty()) return QMainWindow::eventFilter(watched, event);
+  event->ignore();
+  return true;
 }
 
 }  // namespace tremlo

@@ -10,6 +10,7 @@
 #include <map>
 #include <vector>
 
+class QLabel;
 class QScrollArea;
 class QStackedWidget;
 
@@ -36,9 +37,9 @@ class MainFrame : public QMainWindow, public ScreenHost {
   void SetCloseQuestion(std::function<bool()> mayClose) { m_mayClose = std::move(mayClose); }
 
   void SetTitle(const QString& title);
-  /// Folders whose tables are samples: a pane of the status bar says so.
+  /// Folders whose tables are samples: while there are any, a pane of the status bar names them.
   void ShowSampleFolders(const std::vector<QString>& folders);
-  /// 1200 by 800 in the middle of the monitor.
+  /// 1200 by 800 in the middle of the monitor; maximised on a smaller one.
   void ShowCentred();
 
   void Prepare(ScreenId id) override;
@@ -58,6 +59,7 @@ class MainFrame : public QMainWindow, public ScreenHost {
   void closeEvent(QCloseEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void MakeStatusBar();
@@ -65,6 +67,7 @@ class MainFrame : public QMainWindow, public ScreenHost {
   MainMenu* m_menu;
   CPaneFlow* m_flowPane;
   QStackedWidget* m_clientArea;
+  QLabel* m_samplePane = nullptr;
   std::map<ScreenId, Screen*> m_screens;
   std::map<ScreenId, QScrollArea*> m_pages;
   std::function<void()> m_missingSpectra;

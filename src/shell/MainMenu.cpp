@@ -27,6 +27,7 @@ MainMenu::MainMenu(QWidget* parent) : QMenuBar(parent) {
 
 void MainMenu::AddFileMenu() {
   QMenu* menu = addMenu(QStringLiteral("ファイル(&F)"));
+  menu->setObjectName(QStringLiteral("fileMenu"));
   newProject = Entry(menu, "newProject", QStringLiteral("新規作成(&N)"),
                      QStringLiteral("新しいプロジェクトを作成します。"), Qt::CTRL | Qt::Key_N);
   openProject = Entry(menu, "openProject", QStringLiteral("開く(&O)..."),
@@ -38,6 +39,7 @@ void MainMenu::AddFileMenu() {
   menu->addSeparator();
   m_recent = menu->addMenu(QStringLiteral("最近使ったファイル"));
   m_recent->setObjectName(QStringLiteral("recentMenu"));
+  m_recent->menuAction()->setStatusTip(QStringLiteral("最近使ったプロジェクトを開きます。"));
   menu->addSeparator();
   exitProgram = Entry(menu, "exitProgram", QStringLiteral("アプリケーションの終了(&X)"),
                       QStringLiteral("プログラムを終了します。"));
@@ -45,6 +47,7 @@ void MainMenu::AddFileMenu() {
 
 void MainMenu::AddSettingsMenu() {
   QMenu* menu = addMenu(QStringLiteral("設定(&E)"));
+  menu->setObjectName(QStringLiteral("settingsMenu"));
   apiParameters = Entry(menu, "apiParameters", QStringLiteral("断層APIパラメータ設定"),
                         QStringLiteral("断層データを検索する条件を設定します。"));
   adjustSettings = Entry(menu, "adjustSettings", QStringLiteral("波形調整設定"),
@@ -58,6 +61,7 @@ void MainMenu::AddSettingsMenu() {
 
 void MainMenu::AddHelpMenu() {
   QMenu* menu = addMenu(QStringLiteral("ヘルプ(&H)"));
+  menu->setObjectName(QStringLiteral("helpMenu"));
   manual = Entry(menu, "manual", QStringLiteral("取り扱い説明書（PDF）"),
                  QStringLiteral("取り扱い説明書を開きます。"));
   supportPage = Entry(menu, "supportPage", QStringLiteral("サポートページ"),

@@ -69,7 +69,10 @@ PromptAnswer MessageBoxPrompt::ShowHere(const PromptBox& box) {
   QApplication::setOverrideCursor(Qt::ArrowCursor);
   window.exec();
   QApplication::restoreOverrideCursor();
-  return static_cast<PromptAnswer>(window.clickedButton()->property("answer").toInt());
+  // None was clicked if the box went because the program ends.
+  const QAbstractButton* clicked = window.clickedButton();
+  if (!clicked) clicked = window.escapeButton();
+  return static_cast<PromptAnswer>(clicked->property("answer").toInt());
 }
 
 }  // namespace tremlo

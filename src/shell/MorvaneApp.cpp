@@ -1,6 +1,7 @@
 #include "shell/MorvaneApp.h"
 
 #include "graphs/JapaneseFont.h"
+#include "graphs/PendingEntry.h"
 #include "shell/AboutDlg.h"
 #include "shell/DlgSplash.h"
 #include "shell/DlgTop.h"
@@ -8,6 +9,7 @@
 #include "shell/TitleText.h"
 #include "shell/UpdateCheck.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QDesktopServices>
 #include <QDir>
@@ -126,11 +128,11 @@ void MorvaneApp::MakeFrame() {
   m_projects.emplace(ProjectCommandParts{m_doc, m_prompt, m_files, *m_procedure, m_recent, *this});
   m_parts.emplace(ScreenParts{m_doc, m_prompt, m_files, *m_procedure, *m_rules, m_online, m_settings.services,
                               [this](SwitchOutcome outcome) { Follow(outcome); }});
-  m_frame->ShowSampleFolders(SampleTableFolders(m_settings.programFolder));
   m_frame->SetRuns([this] { m_table.runs.computeMissingSpectra(*m_parts); },
                    [this] { return m_table.runs.calculateFaultSpectra(*m_parts); },
                    [this] { return m_table.runs.runRespAdjustment(*m_parts); });
   ConnectFrame();
+  ConnectFileMenu();
   ConnectSettingsMenu();
   ConnectHelpMenu();
 }
@@ -143,37 +145,55 @@ void MorvaneApp::MakeScreens() {
 
 void MorvaneApp::ConnectFrame() {
   MainFrame* frame = m_frame.get();
-  MainMenu* menu = frame->Menu();
-  frame->SetCloseQuestion([this] { return m_ended || m_projects->MayLeaveProject(); });
+  frame->SetCloseQuestion(
+      [this] { return m_ended || (FinishPendingEntry() && m_projects->MayLeaveProject()); });
   QObject::connect(frame, &MainFrame::Closed, frame, [this] {
     if (!m_ended) EndProgram(0);
   });
-  QObject::connect(frame, &MainFrame::FileDropped, frame,
-                   [this](const QString& path) { m_projects->OpenDropped(path); });
+  QObject::connect(frame, &MainFrame::FileDropped, frame, [this](const QString& path) {
+    if (FinishPendingEntry()) m_projects->OpenDropped(path);
+  });
   QObject::connect(frame->Pane(), &CPaneFlow::StepPressed, frame,
                    [this](FlowStep step) { Follow(m_procedure->PressStep(step)); });
-  QObject::connect(menu->newProject, &QAction::triggered, frame, [this] { m_projects->New(); });
-  QObject::connect(menu->openProject, &QAction::triggered, frame, [this] { m_projects->Open(); });
-  QObject::connect(menu->saveProject, &QAction::triggered, frame, [this] { m_projects->Save(); });
-  QObject::connect(menu->saveProjectAs, &QAction::triggered, frame, [this] { m_projects->SaveAs(); });
+}
+
+void MorvaneApp::Connect(QAction* entry, std::function<void()> command) {
+  QObject::connect(entry, &QAction::triggered, m_frame.get(), [this, command = std::move(command)] {
+    // A menu leaves the focus where it is: what stands in an open entry has not been taken yet.
+    if (FinishPendingEntry())
+      command();
+    else
+      UpdateMenu();
+  });
+}
+
+void MorvaneApp::ConnectFileMenu() {
+  MainFrame* frame = m_frame.get();
+  MainMenu* menu = frame->Menu();
+  Connect(menu->newProject, [this] { m_projects->New(); });
+  Connect(menu->openProject, [this] { m_projects->Open(); });
+  Connect(menu->saveProject, [this] { m_projects->Save(); });
+  Connect(menu->saveProjectAs, [this] { m_projects->SaveAs(); });
   QObject::connect(menu->exitProgram, &QAction::triggered, frame, [frame] { frame->close(); });
   // The list is rebuilt by the command: its entries must not go while one of them is being carried out.
   QObject::connect(
-      menu, &MainMenu::RecentChosen, frame, [this](const QString& path) { m_projects->OpenRecent(path); },
+      menu, &MainMenu::RecentChosen, frame,
+      [this](const QString& path) {
+        if (FinishPendingEntry()) m_projects->OpenRecent(path);
+      },
       Qt::QueuedConnection);
 }
 
 void MorvaneApp::ConnectSettingsMenu() {
-  MainFrame* frame = m_frame.get();
-  MainMenu* menu = frame->Menu();
-  QObject::connect(menu->apiParameters, &QAction::triggered, frame, [this] {
+  MainMenu* menu = m_frame->Menu();
+  Connect(menu->apiParameters, [this] {
     if (m_rules->BeginApiParameters()) m_table.editApiParameters(*m_parts);
   });
-  QObject::connect(menu->adjustSettings, &QAction::triggered, frame, [this] {
+  Connect(menu->adjustSettings, [this] {
     if (m_rules->BeginAdjustSettings()) m_table.editAdjustSettings(*m_parts);
   });
-  QObject::connect(menu->clearMapCache, &QAction::triggered, frame, [this] { ClearMapImages(); });
-  QObject::connect(menu->online, &QAction::triggered, frame, [this] { ToggleOnline(); });
+  Connect(menu->clearMapCache, [this] { ClearMapImages(); });
+  Connect(menu->online, [this] { ToggleOnline(); });
 }
 
 void MorvaneApp::ConnectHelpMenu() {
@@ -259,6 +279,8 @@ TopChoice MorvaneApp::AskRoute() {
 void MorvaneApp::ProjectChanged() {
   RebuildTitle();
   UpdateMenu();
+  // Every new project and every open reads the tables again.
+  m_frame->ShowSampleFolders(SampleTableFolders(m_settings.programFolder));
 }
 
 }  // namespace tremlo

@@ -49,8 +49,11 @@ class MorvaneApp : private ProjectShell {
   void MakeFrame();
   void MakeScreens();
   void ConnectFrame();
+  void ConnectFileMenu();
   void ConnectSettingsMenu();
   void ConnectHelpMenu();
+  /// Has an entry of the menu carry out a command that works on the project.
+  void Connect(QAction* entry, std::function<void()> command);
   void Probe();
   void ToggleOnline();
   void ClearMapImages();

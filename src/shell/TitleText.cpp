@@ -31,4 +31,9 @@ QString LegalLine() {
   return QStringLiteral("Copyright (C) %1 Tremlo").arg(kLegalYear);
 }
 
+QString SampleTablesText(const std::vector<QString>& folders) {
+  const QStringList names(folders.begin(), folders.end());
+  return QStringLiteral("見本の表を使用中：") + names.join(QStringLiteral("、"));
+}
+
 }  // namespace tremlo

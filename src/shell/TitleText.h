@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <vector>
+
 namespace tremlo {
 
 /// The version as titles show it, in hundredths: "1.06" for version 1.6.
@@ -22,5 +24,8 @@ QString AboutVersionText(int major, int minor);
 
 /// Name of the program and year.
 QString LegalLine();
+
+/// That the tables of these folders are samples.
+QString SampleTablesText(const std::vector<QString>& folders);
 
 }  // namespace tremlo

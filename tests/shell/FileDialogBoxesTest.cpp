@@ -1,7 +1,9 @@
 #include "shell/FileDialogBoxes.h"
 #include "shell/ShellParts.h"
 
+#include <QComboBox>
 #include <QFileDialog>
+#include <QListView>
 #include <QStandardPaths>
 #include <QTest>
 
@@ -58,6 +60,32 @@ TEST_F(FileDialogBoxesTest, OpenTakesAFileThatExists) {
   const QString path = folder.Write(QStringLiteral("c.trml"), "x");
   WhenShown([](QFileDialog* dialog) { Type(dialog, QStringLiteral("c.trml")); });
   EXPECT_EQ(boxes.AskOpenPath(question), path);
+}
+
+TEST_F(FileDialogBoxesTest, AllFilesAreThoseWithoutAPointToo) {
+  doc.SetPathName(folder.Path(QStringLiteral("a.trml")));
+  folder.Write(QStringLiteral("a.trml"), "x");
+  folder.Write(QStringLiteral("plain"), "x");
+  WhenShown([](QFileDialog* dialog) {
+    auto* kinds = dialog->findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+    const auto* list = dialog->findChild<QListView*>(QStringLiteral("listView"));
+    ASSERT_TRUE(kinds && list);
+    const auto names = [list] {
+      QStringList shown;
+      for (int row = 0; row < list->model()->rowCount(list->rootIndex()); ++row)
+        shown << list->model()->index(row, 0, list->rootIndex()).data().toString();
+      return shown;
+    };
+    EXPECT_TRUE(QTest::qWaitFor([&] { return names() == QStringList{QStringLiteral("a.trml")}; }));
+    kinds->setFocus();
+    QTest::keyClick(kinds, Qt::Key_Down);
+    EXPECT_EQ(kinds->currentText(), u"All Files (*.*)");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return names().contains(QStringLiteral("plain")); }));
+    QTest::keyClick(kinds, Qt::Key_Up);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !names().contains(QStringLiteral("plain")); }));
+    dialog->reject();
+  });
+  boxes.AskOpenPath(question);
 }
 
 TEST_F(FileDialogBoxesTest, UnnamedProjectStartsInTheLastFolderOfTheRun) {

@@ -42,15 +42,37 @@ TEST(InstanceLock, MarkOfADeadProgramIsTakenOver) {
   EXPECT_TRUE(lock.Take());
 }
 
+/// A variable of the environment for the length of a test.
+class Variable {
+ public:
+  Variable(const char* name, const QString& value) : m_name(name), m_before(qgetenv(name)) {
+    qputenv(name, value.toUtf8());
+  }
+  ~Variable() { m_before.isNull() ? qunsetenv(m_name) : qputenv(m_name, m_before); }
+  Variable(const Variable&) = delete;
+  Variable& operator=(const Variable&) = delete;
+
+ private:
+  const char* m_name;
+  QByteArray m_before;
+};
+
 TEST(InstanceLock, WithoutARuntimeFolderTheTemporaryOneServes) {
-  const QByteArray runtime = qgetenv("XDG_RUNTIME_DIR");
   const test::TestFolder folder;
-  qputenv("XDG_RUNTIME_DIR", folder.Write(QStringLiteral("file"), "").toUtf8());
+  const Variable runtime("XDG_RUNTIME_DIR", folder.Write(QStringLiteral("file"), ""));
   InstanceLock first;
   InstanceLock second;
   EXPECT_TRUE(first.Take());
   EXPECT_FALSE(second.Take());
-  qputenv("XDG_RUNTIME_DIR", runtime);
+}
+
+TEST(InstanceLock, NoRoomForAMarkIsNoOtherInstance) {
+  const test::TestFolder folder;
+  const QString file = folder.Write(QStringLiteral("file"), "");
+  const Variable runtime("XDG_RUNTIME_DIR", file);
+  const Variable temporary("TMPDIR", file);
+  InstanceLock lock;
+  EXPECT_TRUE(lock.Take());
 }
 
 }  // namespace

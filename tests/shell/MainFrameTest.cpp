@@ -1,6 +1,7 @@
 #include "shell/MainFrame.h"
 #include "shell/ShellParts.h"
 
+#include <QDialog>
 #include <QLabel>
 #include <QMimeData>
 #include <QStatusBar>
@@ -24,14 +25,16 @@ class MainFrameTest : public test::ShellTest {
   bool Drop(const QList<QUrl>& urls) {
     QMimeData data;
     data.setUrls(urls);
-    const QPoint middle = app->Frame()->rect().center();
-    QDragEnterEvent enter(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(app->Frame(), &enter);
-    if (!enter.isAccepted()) return false;
-    QDropEvent drop(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    if (!Enters(app->Frame(), data)) return false;
+    QDropEvent drop(QPoint(4, 4), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(app->Frame(), &drop);
     QCoreApplication::processEvents();
     return true;
+  }
+  static bool Enters(QWidget* widget, const QMimeData& data) {
+    QDragEnterEvent enter(QPoint(4, 4), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(widget, &enter);
+    return enter.isAccepted();
   }
 };
 
@@ -103,6 +106,45 @@ TEST_F(MainFrameTest, DroppedProjectIsOpened) {
   EXPECT_TRUE(Title().startsWith(QStringLiteral("落とす.trml - ")));
 }
 
+TEST_F(MainFrameTest, FileDroppedOnAFieldIsOpenedToo) {
+  const QString path = SavedProject(QStringLiteral("落とす.trml"), false);
+  QMimeData data;
+  data.setUrls({QUrl::fromLocalFile(path)});
+  data.setText(QUrl::fromLocalFile(path).toString());  // as file managers do
+  QLineEdit* field = OnDisplay()->first;
+  ASSERT_TRUE(Enters(field, data));
+  QDropEvent drop(QPoint(4, 4), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(field, &drop);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(field->text(), QString());
+  EXPECT_EQ(Doc().PathName(), path);
+}
+
+TEST_F(MainFrameTest, TextIsStillDroppedOnAField) {
+  QMimeData data;
+  data.setText(QStringLiteral("0.01"));
+  QLineEdit* field = OnDisplay()->first;
+  ASSERT_TRUE(Enters(field, data));
+  QDropEvent drop(QPoint(4, 4), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(field, &drop);
+  EXPECT_EQ(field->text(), u"0.01");
+}
+
+TEST_F(MainFrameTest, NothingIsTakenBehindADialog) {
+  const QString path = SavedProject(QStringLiteral("a.trml"), false);
+  QDialog dialog(app->Frame());
+  dialog.setModal(true);
+  dialog.show();
+  EXPECT_FALSE(Drop({QUrl::fromLocalFile(path)}));
+  Doc().SetModified(true);
+  EXPECT_FALSE(app->Frame()->close()) << "and no question comes on top of it";
+  EXPECT_THAT(ended, IsEmpty());
+  dialog.hide();
+  Doc().SetModified(false);
+  EXPECT_TRUE(Drop({QUrl::fromLocalFile(path)}));
+  EXPECT_TRUE(app->Frame()->close());
+}
+
 TEST_F(MainFrameTest, SeveralFilesAndAddressesAreNotTaken) {
   const QUrl file = QUrl::fromLocalFile(SavedProject(QStringLiteral("a.trml"), false));
   EXPECT_FALSE(Drop({file, file}));
@@ -145,6 +187,16 @@ TEST_F(MainFrameTest, YesSavesBeforeTheWindowCloses) {
   files.Expect("save", folder.Path(QStringLiteral("x.trml")));
   EXPECT_TRUE(app->Frame()->close());
   EXPECT_TRUE(QFile::exists(folder.Path(QStringLiteral("x.trml"))));
+}
+
+TEST_F(MainFrameTest, SaveWithoutANameKeepsTheWindow) {
+  Doc().SetModified(true);
+  prompt.ExpectBox({.text = QStringLiteral("「無題」は変更されています。保存しますか？"),
+                    .buttons = PromptButtons::YesNoCancel},
+                   PromptAnswer::Yes);
+  files.Expect("save", {});
+  EXPECT_FALSE(app->Frame()->close());
+  EXPECT_TRUE(Doc().IsModified());
 }
 
 TEST_F(MainFrameTest, FailedSaveKeepsTheWindow) {

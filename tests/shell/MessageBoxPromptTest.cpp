@@ -65,6 +65,12 @@ TEST_F(MessageBoxPromptTest, EscapeAndCloseBoxCountAsTheLastButton) {
   EXPECT_EQ(Answer({.text = QStringLiteral("m")}, escape), PromptAnswer::Ok);
 }
 
+TEST_F(MessageBoxPromptTest, BoxThatGoesWithoutAClickCountsAsTheLastButton) {
+  const auto hide = [](QMessageBox* window) { window->hide(); };
+  EXPECT_EQ(Answer(question, hide), PromptAnswer::No);
+  EXPECT_EQ(Answer(saving, hide), PromptAnswer::Cancel);
+}
+
 TEST_F(MessageBoxPromptTest, TextIsShownAsItStands) {
   Answer(question, [](QMessageBox* window) {
     EXPECT_EQ(window->textFormat(), Qt::PlainText);

@@ -1,10 +1,13 @@
+#include "graphs/ExpEdit.h"
 #include "project/ChangeQuestions.h"
+#include "project/ProjectFile.h"
 #include "shell/ProjectCommands.h"
 #include "shell/ShellParts.h"
 #include "support/DocumentState.h"
 
 #include <QAction>
 #include <QDir>
+#include <QTest>
 
 #include <gmock/gmock.h>
 
@@ -289,6 +292,73 @@ TEST_F(ProjectCommandsTest, RecentFileAsksAboutTheChartToo) {
   prompt.ExpectQuestion(LeaveFlowCheckQuestion(), PromptAnswer::No);
   OpenRecent(0);
   EXPECT_EQ(app->Procedure().ActiveScreen(), ScreenId::Flowchart2);
+}
+
+/// An entry field on the screen with text that has not been taken yet: a menu does not take the focus away.
+class PendingEntryTest : public ProjectCommandsTest {
+ protected:
+  void SetUp() override {
+    StartNew(TopChoice::ResponseRoute);
+    OpenFile(SavedProject(QStringLiteral("a.trml"), false));
+    field = new CExpEdit(OnDisplay());
+    field->SetOwnerCheck(
+        [](const QString& text) { return text == u"bad" ? QStringLiteral("wrong") : QString(); });
+    field->SetShowWarning([this](QWidget*, const QString&, const QString& text) { told << text; });
+    QObject::connect(field, &CExpEdit::Entered, field, [this] {
+      Doc().site.siteName = field->text();
+      Doc().SetModified(true);
+    });
+    field->show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(app->Frame()));
+    field->setFocus();
+    log.clear();
+  }
+
+  CExpEdit* field = nullptr;
+  QStringList told;
+};
+
+TEST_F(PendingEntryTest, SaveTakesIt) {
+  QTest::keyClicks(field, QStringLiteral("dam"));
+  Menu()->saveProject->trigger();
+  CMorvaneDoc saved(folder.Path());
+  EXPECT_EQ(OpenProject(saved, Doc().PathName()).result, OpenResult::kOpened);
+  EXPECT_EQ(saved.site.siteName, u"dam");
+}
+
+TEST_F(PendingEntryTest, LeavingTheProgramAsksAboutIt) {
+  QTest::keyClicks(field, QStringLiteral("dam"));
+  ExpectSaveQuestion(QStringLiteral("a.trml"), PromptAnswer::Cancel);
+  Menu()->exitProgram->trigger();
+  EXPECT_EQ(Doc().site.siteName, u"dam");
+  EXPECT_THAT(ended, IsEmpty());
+}
+
+TEST_F(PendingEntryTest, AnotherProjectAsksAboutIt) {
+  QTest::keyClicks(field, QStringLiteral("dam"));
+  ExpectSaveQuestion(QStringLiteral("a.trml"), PromptAnswer::Cancel);
+  Menu()->newProject->trigger();
+  EXPECT_EQ(Doc().site.siteName, u"dam");
+  QTest::keyClicks(field, QStringLiteral("2"));
+  ExpectSaveQuestion(QStringLiteral("a.trml"), PromptAnswer::Cancel);
+  OpenRecent(0);
+  EXPECT_EQ(Doc().site.siteName, u"dam2");
+}
+
+TEST_F(PendingEntryTest, RefusedOneStopsTheCommand) {
+  const QByteArray before = test::ReadAll(Doc().PathName());
+  for (QAction* command : {Menu()->saveProject, Menu()->newProject, Menu()->adjustSettings}) {
+    field->setFocus();
+    QTest::keyClicks(field, QStringLiteral("bad"));
+    command->trigger();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return told.size() == 1; }));
+    told.clear();
+  }
+  field->setFocus();
+  QTest::keyClicks(field, QStringLiteral("bad"));
+  EXPECT_FALSE(app->Frame()->close());
+  EXPECT_THAT(TakeLog(), IsEmpty());
+  EXPECT_EQ(test::ReadAll(Doc().PathName()), before);
 }
 
 TEST_F(ProjectCommandsTest, LeavingTheProgramAsksNothingAboutTheChart) {

@@ -17,7 +17,7 @@ class RecentFilesTest : public testing::Test {
   RecentFilesTest() {
     for (const QString& path : recent.Paths()) recent.Remove(path);
   }
-  static QString P(int number) { return QStringLiteral("/あ/%1 b.trml").arg(number); }
+  static QString P(int number) { return QStringLiteral("/あ, ;%/%1 b.trml").arg(number); }
   RecentFiles recent;
 };
 
@@ -50,6 +50,11 @@ TEST_F(RecentFilesTest, NextRunFindsTheList) {
   recent.Add(P(1));
   recent.Add(P(2));
   EXPECT_THAT(RecentFiles().Paths(), ElementsAre(P(2), P(1)));
+}
+
+TEST_F(RecentFilesTest, NextRunFindsASinglePathWhole) {
+  recent.Add(P(1));
+  EXPECT_THAT(RecentFiles().Paths(), ElementsAre(P(1)));
 }
 
 TEST_F(RecentFilesTest, RemovedPathIsGone) {

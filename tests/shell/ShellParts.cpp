@@ -60,6 +60,18 @@ QString ScriptedFiles::Next(const char* kind, const FileQuestion& question) {
   return path;
 }
 
+void WriteUpdateChecker(const TestFolder& folder) {
+  const QString path = folder.Write(QStringLiteral("UpdateChecker.exe"),
+                                    "#!/bin/sh\nprintf '%s|' \"$@\" > part\nmv part arguments\n");
+  QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
+QByteArray UpdateCheckerArguments(const TestFolder& folder) {
+  const QString path = folder.Path(QStringLiteral("arguments"));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(path); }, 30000));
+  return ReadAll(path);
+}
+
 void WhenModal(const QString& name, std::function<void(QWidget*)> act) {
   auto* timer = new QTimer(qApp);
   QObject::connect(timer, &QTimer::timeout, timer, [timer, name, act = std::move(act)] {

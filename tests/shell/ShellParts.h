@@ -53,6 +53,11 @@ class ScriptedFiles : public FileDialogs {
   std::deque<std::pair<QString, QString>> m_script;
 };
 
+/// Puts a program "UpdateChecker.exe" into the folder that notes what it is started with.
+void WriteUpdateChecker(const TestFolder& folder);
+/// What it was started with, each argument followed by "|", once it has run.
+QByteArray UpdateCheckerArguments(const TestFolder& folder);
+
 /// Calls `act` with the modal window of that name as soon as it is there.
 void WhenModal(const QString& name, std::function<void(QWidget*)> act);
 

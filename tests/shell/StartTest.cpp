@@ -2,8 +2,10 @@
 #include "shell/ShellParts.h"
 #include "support/LocalService.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QDir>
+#include <QLabel>
 #include <QScreen>
 
 #include <gmock/gmock.h>
@@ -61,11 +63,14 @@ TEST_F(StartTest, ScreensAreMadeInTheirOrder) {
   EXPECT_EQ(app->Procedure().ActiveScreen(), ScreenId::Field);
 }
 
-TEST_F(StartTest, FrameStandsInTheMiddleOfTheMonitor) {
+TEST_F(StartTest, FrameStandsInTheMiddleOfTheMonitorOrFillsASmallerOne) {
   StartNew(TopChoice::ResponseRoute);
-  const QRect monitor = app->Frame()->screen()->geometry();
-  EXPECT_EQ(app->Frame()->geometry(), QRect(monitor.x() + monitor.width() / 2 - 600,
-                                            monitor.y() + monitor.height() / 2 - 400, 1200, 800));
+  const MainFrame* frame = app->Frame();
+  const QRect monitor = frame->screen()->geometry();
+  const QRect stated(monitor.x() + monitor.width() / 2 - 600, monitor.y() + monitor.height() / 2 - 400, 1200,
+                     800);
+  EXPECT_EQ(frame->normalGeometry(), stated);
+  EXPECT_EQ(frame->isMaximized(), !monitor.contains(stated)) << "no part of it lies outside";
 }
 
 TEST_F(StartTest, SecondInstanceIsTold) {
@@ -212,23 +217,70 @@ TEST_F(StartTest, ServicesThatAnswerMakeItOnline) {
 
 TEST_F(StartTest, TextsOfQtAreJapanese) {
   Make(false);
-  EXPECT_EQ(QCoreApplication::translate("QPlatformTheme", "Cancel"), QStringLiteral("キャンセル"));
+  const auto text = [](const char* context, const char* english) {
+    return QCoreApplication::translate(context, english);
+  };
+  EXPECT_EQ(text("QPlatformTheme", "Cancel"), QStringLiteral("キャンセル"));
+  EXPECT_EQ(text("QFileDialog", "File &name:"), QStringLiteral("ファイル名(&N):"));
+  EXPECT_EQ(text("QColorDialog", "&Basic colors"), QStringLiteral("基本カラー(&B)"));
+  EXPECT_EQ(text("QWidgetTextControl", "&Copy"), QStringLiteral("コピー(&C)"));
 }
 
-TEST_F(StartTest, SampleTablesAreToldInTheStatusBar) {
+TEST_F(StartTest, UpdateCheckerOfTheWorkingFolderIsStarted) {
+  const QString before = QDir::currentPath();
+  ASSERT_TRUE(QDir::setCurrent(folder.Path()));
+  test::WriteUpdateChecker(folder);
   StartNew(TopChoice::ResponseRoute);
-  const auto* pane = app->Frame()->findChild<QWidget*>(QStringLiteral("samplePane"));
-  ASSERT_NE(pane, nullptr);
-  EXPECT_TRUE(pane->isVisible());
-  for (const char* name : {"DamCoef", "LowSpec", "SystemData"})
-    EXPECT_TRUE(pane->toolTip().contains(QLatin1String(name)));
+  EXPECT_EQ(test::UpdateCheckerArguments(folder), "TRML|");
+  QDir::setCurrent(before);
 }
 
-TEST_F(StartTest, PublishedTablesAreNotCalledSamples) {
-  for (const char* name : {"DamCoef", "LowSpec", "SystemData"})
-    QFile::remove(folder.Path(QLatin1String(name) + QStringLiteral("/見本.txt")));
+TEST_F(StartTest, FurtherArgumentsAreLeftAlone) {
+  const QString path = SavedProject(QStringLiteral("a.trml"), false);
+  Make(false);
+  ExpectOffline();
+  EXPECT_EQ(Start({path, SavedProject(QStringLiteral("b.trml"), false)}), std::nullopt);
+  EXPECT_EQ(Doc().PathName(), path);
+}
+
+/// Words of the status bar about sample tables; empty while it says none.
+class SampleTablesTest : public test::ShellTest {
+ protected:
+  QString Told() {
+    const auto* pane = app->Frame()->findChild<QLabel*>(QStringLiteral("samplePane"));
+    return pane->isVisible() ? pane->text() : QString();
+  }
+  void RemoveMark(const char* name) {
+    EXPECT_TRUE(QFile::remove(folder.Path(QLatin1String(name) + QStringLiteral("/見本.txt"))));
+  }
+};
+
+TEST_F(SampleTablesTest, FoldersAreNamedInTheStatusBar) {
   StartNew(TopChoice::ResponseRoute);
-  EXPECT_EQ(app->Frame()->findChild<QWidget*>(QStringLiteral("samplePane")), nullptr);
+  EXPECT_EQ(Told(), QStringLiteral("見本の表を使用中：DamCoef、LowSpec、SystemData"));
+}
+
+TEST_F(SampleTablesTest, PublishedTablesAreNotCalledSamples) {
+  for (const char* name : {"DamCoef", "LowSpec", "SystemData"}) RemoveMark(name);
+  StartNew(TopChoice::ResponseRoute);
+  EXPECT_EQ(Told(), QString());
+}
+
+TEST_F(SampleTablesTest, PaneFollowsTheTablesThatTheNextProjectReads) {
+  StartNew(TopChoice::ResponseRoute);
+  RemoveMark("LowSpec");
+  RemoveMark("SystemData");
+  files.Expect("open", SavedProject(QStringLiteral("a.trml"), false));
+  Menu()->openProject->trigger();
+  EXPECT_EQ(Told(), QStringLiteral("見本の表を使用中：DamCoef"));
+  RemoveMark("DamCoef");
+  choices = {TopChoice::ResponseRoute};
+  Menu()->newProject->trigger();
+  EXPECT_EQ(Told(), QString());
+  folder.Write(QStringLiteral("LowSpec/見本.txt"), "");
+  choices = {TopChoice::ResponseRoute};
+  Menu()->newProject->trigger();
+  EXPECT_EQ(Told(), QStringLiteral("見本の表を使用中：LowSpec"));
 }
 
 }  // namespace

@@ -1,8 +1,7 @@
+#include "shell/ShellParts.h"
 #include "shell/UpdateCheck.h"
-#include "support/TestFolder.h"
 
 #include <QDir>
-#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -15,18 +14,6 @@ class UpdateCheckTest : public testing::Test {
   UpdateCheckTest() { QDir::setCurrent(folder.Path()); }
   ~UpdateCheckTest() override { QDir::setCurrent(m_before); }
 
-  void WriteChecker(bool executable) {
-    const QString path = folder.Write(QStringLiteral("UpdateChecker.exe"),
-                                      "#!/bin/sh\nprintf '%s|' \"$@\" > part\nmv part arguments\n");
-    if (executable) QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-  }
-  /// What the checker was started with, once it has run.
-  QByteArray Arguments() {
-    const QString path = folder.Path(QStringLiteral("arguments"));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(path); }, 30000));
-    return test::ReadAll(path);
-  }
-
   test::TestFolder folder;
 
  private:
@@ -38,20 +25,20 @@ TEST_F(UpdateCheckTest, AbsentCheckerIsNoStart) {
 }
 
 TEST_F(UpdateCheckTest, FileThatCannotBeRunIsNoStart) {
-  WriteChecker(false);
+  folder.Write(QStringLiteral("UpdateChecker.exe"), "#!/bin/sh\n");
   EXPECT_EQ(StartUpdateCheck(true), 1);
 }
 
 TEST_F(UpdateCheckTest, StartIsToldTheProgramAlone) {
-  WriteChecker(true);
+  test::WriteUpdateChecker(folder);
   EXPECT_EQ(StartUpdateCheck(false), 0);
-  EXPECT_EQ(Arguments(), "TRML|");
+  EXPECT_EQ(test::UpdateCheckerArguments(folder), "TRML|");
 }
 
 TEST_F(UpdateCheckTest, UsersWishIsPassedOn) {
-  WriteChecker(true);
+  test::WriteUpdateChecker(folder);
   EXPECT_EQ(StartUpdateCheck(true), 0);
-  EXPECT_EQ(Arguments(), "TRML|FromUser|");
+  EXPECT_EQ(test::UpdateCheckerArguments(folder), "TRML|FromUser|");
 }
 
 }  // namespace
