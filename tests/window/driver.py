@@ -1,0 +1,234 @@
+"""The program as a person meets it: found through the accessibility bus by the names a screen reader reads out,
+worked with the pointer and the keys of the X server."""
+
+import os
+import pathlib
+import shutil
+import subprocess
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi  # noqa: E402
+
+from desktop import PATIENCE, NotReached, wait_until
+
+ROLE = Atspi.Role
+STATE = Atspi.StateType
+WINDOWS = (ROLE.FRAME, ROLE.DIALOG, ROLE.ALERT, ROLE.WINDOW)
+BUTTONS = (ROLE.PUSH_BUTTON, ROLE.CHECK_BOX, ROLE.RADIO_BUTTON, ROLE.TOGGLE_BUTTON)
+
+
+def states(node):
+    return node.get_state_set()
+
+
+def is_shown(node):
+    held = states(node)
+    return held.contains(STATE.SHOWING) and held.contains(STATE.VISIBLE)
+
+
+def in_active_window(node):
+    """A dock is a window within a window, so each of them is asked."""
+    while node:
+        if node.get_role() in WINDOWS and states(node).contains(STATE.ACTIVE):
+            return True
+        node = node.get_parent()
+    return False
+
+
+class Program:
+    """One run of the tests' program on a desktop."""
+
+    def __init__(self, desktop, program, tables, *arguments, preexec=None):
+        self.desktop = desktop
+        self.folder = desktop.folder / "program"
+        if not self.folder.exists():
+            for name in ("DamCoef", "LowSpec", "SystemData"):
+                shutil.copytree(pathlib.Path(tables) / name, self.folder / name)
+        environment = dict(desktop.env)
+        environment.update(
+            TREMLO_TEST_SERVICE=f"http://127.0.0.1:{desktop.service['http']}",
+            TREMLO_TEST_CERTIFICATE=desktop.service["ca"],
+            TREMLO_TEST_PROGRAM_FOLDER=str(self.folder))
+        self.process = subprocess.Popen([program, *map(str, arguments)], env=environment, cwd=desktop.folder,
+                                        preexec_fn=preexec)
+        desktop.processes.append(self.process)
+
+    # --- finding
+
+    def application(self):
+        root = Atspi.get_desktop(0)
+        root.clear_cache()
+        for i in range(root.get_child_count()):
+            node = root.get_child_at_index(i)
+            if node and node.get_process_id() == self.process.pid:
+                return node
+        return None
+
+    def walk(self, node):
+        """Every shown control below a node; a table's cells are left out, they may be many."""
+        yield node
+        if node.get_role() in (ROLE.TABLE, ROLE.TREE, ROLE.LIST):
+            return
+        for i in range(node.get_child_count()):
+            child = node.get_child_at_index(i)
+            if child and is_shown(child):
+                yield from self.walk(child)
+
+    def nodes(self):
+        try:
+            application = self.application()
+            if application is None:
+                return []
+            application.clear_cache()
+            return list(self.walk(application))
+        except gi.repository.GLib.Error:
+            return []  # what was being looked at went away; the next look finds what is there
+
+    def look(self, name, role=None):
+        """The shown control of that accessible name, or None."""
+        for node in self.nodes():
+            try:
+                if node.get_name() == name and role in (None, node.get_role()):
+                    return node
+            except gi.repository.GLib.Error:
+                return None
+        return None
+
+    def find(self, name, role=None):
+        return self.until(lambda: self.look(name, role), f"control {name}")
+
+    def until(self, state, what, patience=PATIENCE):
+        def tried():
+            if self.process.poll() is not None:
+                raise NotReached(f"the program ended with {self.process.returncode} before: {what}")
+            try:
+                return state()
+            except gi.repository.GLib.Error:
+                return None
+        try:
+            return wait_until(tried, what, patience)
+        except NotReached as error:
+            raise NotReached(f"{error}\nshown: {self.shown()}") from None
+
+    def shown(self):
+        return [f"{node.get_role_name()} {node.get_name()!r}" for node in self.nodes() if node.get_name()]
+
+    # --- acting
+
+    def xdotool(self, *words):
+        return self.desktop.run("xdotool", *words)
+
+    def point(self, node):
+        box = Atspi.Component.get_extents(node, Atspi.CoordType.SCREEN)
+        return box.x + box.width // 2, box.y + box.height // 2
+
+    def click(self, name, roles):
+        """Clicks the shown control of that name, as soon as it can be clicked: enabled, in the active window, and no
+        longer moved by the window manager."""
+        seen = []
+
+        def ready():
+            for node in self.nodes():
+                if node.get_name() == name and node.get_role() in roles and states(node).contains(STATE.ENABLED):
+                    if in_active_window(node):
+                        seen.append(self.point(node))
+                        return len(seen) > 1 and seen[-1] == seen[-2]
+            return False
+        self.until(ready, f"control {name}")
+        self.xdotool("mousemove", *seen[-1], "click", 1)
+
+    def press(self, name):
+        """Clicks the shown button or box to tick of that name."""
+        self.click(name, BUTTONS)
+
+    def focus(self, name):
+        """Walks with the tab key until the control of that name has the focus; a control that the keys do not
+        reach is a fault."""
+        for _ in range(60):
+            before = self.focused()
+            if before and before[1] == name:
+                return
+            self.keys("Tab")
+            self.until(lambda: self.focused() not in (None, before), f"focus to leave {before}", 10)
+        raise NotReached(f"the tab key does not reach {name}")
+
+    def focused(self):
+        """Role and name of the control that has the focus, and where it is."""
+        for node in self.nodes():
+            if states(node).contains(STATE.FOCUSED):
+                return node.get_role_name(), node.get_name(), self.point(node)
+        return None
+
+    def keys(self, *names):
+        self.xdotool("key", "--delay", 30, *names)
+
+    def type(self, text):
+        self.xdotool("type", "--delay", 5, text)
+
+    # --- what a person reads and answers
+
+    def text(self, name):
+        """What stands in an edit."""
+        node = self.find(name, ROLE.TEXT)
+        return Atspi.Text.get_text(node, 0, Atspi.Text.get_character_count(node))
+
+    def cell(self, table, row, column):
+        """Text of a cell, the rows and columns counted without their headings."""
+        node = Atspi.Table.get_accessible_at(self.find(table, ROLE.TABLE), row, column)
+        return node.get_name() if node else None
+
+    def box(self, text):
+        """Waits for the message box of that text."""
+        def shown():
+            inside = False
+            for node in self.nodes():
+                inside = inside or node.get_role() == ROLE.ALERT
+                if inside and node.get_role() == ROLE.LABEL and node.get_name() == text:
+                    return True
+            return False
+        self.until(shown, f"box: {text}")
+
+    def has_box(self):
+        return any(node.get_role() == ROLE.ALERT for node in self.nodes())
+
+    def answer(self, text, button="OK"):
+        """Waits for the message box of that text and answers it by the pointer."""
+        self.box(text)
+        self.press(button)
+        self.until(lambda: not self.has_box(), "box closed")
+
+    def nameless(self):
+        """Controls that take the focus and would be read out without a name."""
+        return [f"{node.get_role_name()} {self.point(node)}" for node in self.nodes()
+                if states(node).contains(STATE.FOCUSABLE) and not node.get_name()]
+
+    def file_dialog(self, title):
+        return self.look(title, ROLE.DIALOG)
+
+    def choose_file(self, title, path):
+        """Types a path into the file dialog of that title."""
+        self.until(lambda: self.file_dialog(title), f"file dialog {title}")
+        self.until(lambda: (self.focused() or ("", ""))[1].startswith("ファイル名"), "focus on the file's name")
+        self.keys("ctrl+a")
+        self.type(str(path))
+        self.keys("Return")
+        self.until(lambda: not self.file_dialog(title), f"file dialog {title} closed")
+
+    def title(self):
+        for node in self.nodes():
+            if node.get_role() == ROLE.FRAME and "Tremlo" in node.get_name():
+                return node.get_name()
+        return ""
+
+    def wait_for_end(self):
+        """Exit status of the process."""
+        return self.process.wait(PATIENCE)
+
+    def screenshot(self, name):
+        """Kept beside the build when the folder for it is named."""
+        folder = os.environ.get("TREMLO_SCREENSHOTS")
+        if folder:
+            pathlib.Path(folder).mkdir(parents=True, exist_ok=True)
+            self.desktop.run("import", "-window", "root", f"{folder}/{name}.png")

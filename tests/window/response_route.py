@@ -1,0 +1,356 @@
+#!/usr/bin/env python3
+"""The response route in a real window, from the seed wave to the file of the adjusted wave.
+
+    response_route.py --program PROGRAM --bin FOLDER CASE...
+
+FOLDER is the built program folder: the command line and the tables. A case is the name of a test below.
+TREMLO_SCREENSHOTS names a folder for pictures of the screens."""
+
+import argparse
+import os
+import pathlib
+import resource
+import signal
+import subprocess
+import sys
+import unittest
+
+sys.dont_write_bytecode = True
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent))
+
+from desktop import Desktop, wait_until  # noqa: E402
+from driver import ROLE, Program  # noqa: E402
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+RECORD = ROOT / "samples/waves/hses_2016_n80w_0005_8192.csv"
+OTHER_RECORD = ROOT / "samples/waves/elcentro_1940_ns.csv"
+SEED, TARGET, RESULT = "原種波形設定", "調整用スペクトル設定", "可視化"
+READ_WAVE, READ_TARGET = "波形データ読込", "加速度応答スペクトル読込"
+EXPORT_SEED, EXPORT_ADJUSTED = "原種波形の出力", "調整後波形の出力"
+RUNNING = "計算中"
+NO_SEED = "原種波形が設定されていません。"
+NO_TARGET = "調整用スペクトルのデータがありません。"
+BAD_NAME = "地震波形名の入力エラーです。"
+BAD_STEP = "時間間隔の入力エラーです。"
+NO_FIT = "地震波形調整の計算に失敗しました。"
+UNSAVED = "への変更を保存しますか?"
+tools = None  # the words of the command line
+
+
+class Route(unittest.TestCase):
+    def setUp(self):
+        self.desktop = self.enterContext(Desktop())
+        os.environ.update(self.desktop.env)
+        self.target = tools.bin / "LowSpec/h20_h.csv"
+
+    # --- steps of a person's work
+
+    def launch(self, *arguments, **kwargs):
+        return Program(self.desktop, tools.program, tools.bin, *arguments, **kwargs)
+
+    def start(self, *arguments, **kwargs):
+        program = self.launch(*arguments, **kwargs)
+        if not arguments:
+            program.find("加速度応答スペクトルへの調整")
+            program.screenshot("top")
+            program.press("OK")
+        program.find(READ_WAVE)
+        return program
+
+    def read_wave(self, program, path):
+        program.press(READ_WAVE)
+        program.choose_file(READ_WAVE, path)
+
+    def read_record(self, program, path=RECORD):
+        before = program.text("波形名")
+        self.read_wave(program, path)
+        program.until(lambda: program.text("波形名") != before, "wave read")
+
+    def read_target(self, program):
+        program.press(TARGET)
+        program.press(READ_TARGET)
+        program.choose_file(READ_TARGET, self.target)
+        program.until(lambda: program.text("スペクトル名").startswith("H20"), "spectrum read")
+
+    def wait_for_result(self, program):
+        program.find(EXPORT_ADJUSTED)
+        program.until(lambda: not program.look(RUNNING), "the run's dialog closed")
+
+    def export(self, program, what, name):
+        path = self.desktop.folder / name
+        program.press(what)
+        program.choose_file(what, path)
+        self.assertTrue(path.exists())
+        return self.exported(path)
+
+    def exported(self, path):
+        """The bytes of the wave, its spectrum and its Fourier spectrum."""
+        return [path.with_name(path.stem + part + ".csv").read_bytes() for part in ("", "_AccSpec", "_FFT")]
+
+    def save_as(self, program, path):
+        program.keys("ctrl+s")
+        program.choose_file("名前を付けて保存", path)
+        program.until(lambda: program.title().startswith(path.name), "the file's name in the title")
+
+    def close(self, program, answer=None):
+        program.keys("alt+F4")
+        if answer:
+            program.until(program.has_box, "question about unsaved work")
+            program.press(answer)
+        self.assertEqual(program.wait_for_end(), 0)
+
+    def adjust_by_command(self, record):
+        """Exit status and files of the command line on the same data."""
+        out = self.desktop.folder / "command.csv"
+        done = subprocess.run([tools.bin / "tremlo-cli", "adjust", "--seed", record, "--target", self.target, "--out", out],
+                              env=self.desktop.env, capture_output=True)
+        return done.returncode, self.exported(out) if out.exists() else None
+
+    def spectrum_by_command(self, record):
+        out = self.desktop.folder / "command_response.csv"
+        subprocess.run([tools.bin / "tremlo-cli", "response", record, "--out", out], env=self.desktop.env, check=True,
+                       capture_output=True)
+        return out.read_bytes()
+
+    # --- the cases
+
+    def test_fits_a_record_and_keeps_it_in_a_project(self):
+        program = self.start()
+        self.assertEqual(program.title().rstrip(), "無題 - Tremlo Version1.00")
+        self.read_record(program)
+        self.assertEqual(program.text("データ数"), "8192")
+        self.assertEqual(program.text("時間間隔"), "0.005")
+        self.assertEqual(program.cell("波形データ", 1, 0), "0.005")
+        program.press("周期－加速度応答スペクトル")
+        program.find("グラフ (周期－加速度応答スペクトル)")
+        program.screenshot("seed_spectrum")
+        program.press("時間－加速度")
+        program.find("グラフ (時間－加速度)")
+        program.screenshot("seed")
+        self.read_target(program)
+        program.screenshot("target")
+        program.press(RESULT)
+        self.wait_for_result(program)
+        program.screenshot("result_time")
+        program.press("周期－加速度応答スペクトル")
+        program.find("グラフ (周期－加速度応答スペクトル)")
+        program.screenshot("result_spectrum")
+        adjusted = self.export(program, EXPORT_ADJUSTED, "adjusted.csv")
+        seed = self.export(program, EXPORT_SEED, "seed.csv")
+        status, expected = self.adjust_by_command(RECORD)
+        self.assertEqual(status, 0)
+        self.assertEqual(adjusted, expected)
+        self.assertEqual(seed[1], self.spectrum_by_command(RECORD))
+        project = self.desktop.folder / "dam.trml"
+        self.save_as(program, project)
+        self.close(program)
+
+        saved = project.read_bytes()
+        program = self.start(project)
+        program.until(lambda: program.title().startswith("dam.trml - Tremlo"), "title")
+        self.assertEqual(program.text("データ数"), "8192")
+        program.press(TARGET)
+        program.until(lambda: program.text("スペクトル名").startswith("H20"), "spectrum of the file")
+        program.press(RESULT)
+        program.find(EXPORT_ADJUSTED)  # a run would have put its dialog before the screen
+        self.assertIsNone(program.look(RUNNING))
+        self.assertEqual(self.export(program, EXPORT_ADJUSTED, "again.csv"), expected)
+        program.keys("ctrl+s")
+        program.keys("alt+F4")
+        self.assertEqual(program.wait_for_end(), 0)
+        self.assertEqual(project.read_bytes(), saved)
+
+    def test_a_record_that_does_not_fit_is_refused(self):
+        program = self.start()
+        self.read_record(program, OTHER_RECORD)
+        self.read_target(program)
+        program.press(RESULT)
+        program.answer(NO_FIT)
+        self.assertIsNotNone(program.look(READ_TARGET), "the screen before stays")
+        self.assertEqual(self.adjust_by_command(OTHER_RECORD), (3, None))
+        # Nothing of the run has been kept: the next press runs again and is refused again.
+        program.press(RESULT)
+        program.answer(NO_FIT)
+        self.close(program, "いいえ(N)")
+
+    def test_every_refusal_says_why_and_changes_nothing(self):
+        program = self.start()
+        self.refuse_entry(program, "波形名", "", BAD_NAME, "地震波形")
+        self.refuse_entry(program, "時間間隔", "", BAD_STEP, "0.01")
+        self.enter(program, "時間間隔", "0")
+        program.press(RESULT)
+        program.answer(NO_SEED)
+        self.assertIsNotNone(program.look(READ_WAVE), "the screen before stays")
+        self.read_record(program)
+        program.press(TARGET)
+        program.until(lambda: program.text("スペクトル名") == "基準スペクトル", "target screen")
+        self.refuse_entry(program, "スペクトル名", "", BAD_NAME, "基準スペクトル")
+        # The one row of a fresh target goes: a spectrum without values.
+        program.focus("加速度応答スペクトル")
+        program.keys("Delete")
+        program.until(lambda: program.cell("加速度応答スペクトル", 0, 0) is None, "row deleted")
+        program.press(RESULT)
+        program.answer(NO_TARGET)
+        self.assertIsNotNone(program.look(READ_TARGET), "the screen before stays")
+        self.read_target(program)
+        program.press(RESULT)
+        self.wait_for_result(program)
+        self.close(program, "いいえ(N)")
+
+    def enter(self, program, edit, text):
+        program.click(edit, [ROLE.TEXT])
+        program.keys("ctrl+a", "BackSpace")
+        if text:
+            program.type(text)
+        program.keys("Return")
+
+    def refuse_entry(self, program, edit, text, message, before):
+        self.enter(program, edit, text)
+        program.answer(message)
+        program.until(lambda: program.text(edit) == before, f"{edit} as before")
+
+    def test_the_keyboard_alone_suffices(self):
+        program = self.start()
+        program.focus(READ_WAVE)
+        program.keys("space")
+        program.choose_file(READ_WAVE, RECORD)
+        program.until(lambda: program.text("データ数") == "8192", "wave read")
+        program.focus("時間－加速度")
+        program.keys("Right")
+        program.find("グラフ (周期－加速度応答スペクトル)")
+        program.focus(TARGET)
+        program.keys("space")
+        program.focus(READ_TARGET)
+        program.keys("space")
+        program.choose_file(READ_TARGET, self.target)
+        program.until(lambda: program.text("スペクトル名").startswith("H20"), "spectrum read")
+        program.focus(RESULT)
+        program.keys("space")
+        self.wait_for_result(program)
+        program.focus(EXPORT_ADJUSTED)
+        program.keys("space")
+        path = self.desktop.folder / "keys.csv"
+        program.choose_file(EXPORT_ADJUSTED, path)
+        self.assertEqual((0, self.exported(path)), self.adjust_by_command(RECORD))
+        program.keys("alt+f")
+        program.find("上書き保存(S)")
+        program.keys("s")
+        project = self.desktop.folder / "keys.trml"
+        program.choose_file("名前を付けて保存", project)
+        program.until(lambda: program.title().startswith(project.name), "title")
+        program.keys("alt+f")
+        program.find("アプリケーションの終了(X)")
+        program.keys("x")
+        self.assertEqual(program.wait_for_end(), 0)
+        self.assertGreater(project.stat().st_size, 8192 * 8)
+
+    def test_every_control_has_a_name(self):
+        program = self.start()
+        for step in (SEED, TARGET, RESULT):
+            if step == RESULT:
+                self.read_target(program)
+                program.press(SEED)
+                self.read_record(program)
+            program.press(step)
+            if step == RESULT:
+                self.wait_for_result(program)
+            self.assertEqual(program.nameless(), [], step)
+        self.close(program, "いいえ(N)")
+
+    def test_a_kill_in_a_run_loses_nothing_that_was_saved(self):
+        project = self.project_before_the_run("run.trml", self.long_record())
+        saved = project.read_bytes()
+        program = self.start(project)
+        program.press(RESULT)
+        program.find(RUNNING)
+        program.screenshot("run")
+        program.process.kill()
+        program.wait_for_end()
+        self.assertEqual(project.read_bytes(), saved)
+        program = self.start(project)
+        self.assertEqual(program.text("データ数"), "65536")
+        self.close(program)
+
+    def long_record(self):
+        """The record that no run fits, over and over: a run long enough to be met at work."""
+        head, *rows = OTHER_RECORD.read_text("cp932").splitlines()
+        values = [row.split(",")[1] for row in rows]
+        many = (values * (65536 // len(values) + 1))[:65536]
+        path = self.desktop.folder / "long.csv"
+        path.write_text("\n".join([head, *(f"{i * 0.02:.2f},{v}" for i, v in enumerate(many))]) + "\n", "cp932")
+        return path
+
+    def project_before_the_run(self, name, record=RECORD):
+        program = self.start()
+        self.read_record(program, record)
+        self.read_target(program)
+        project = self.desktop.folder / name
+        self.save_as(program, project)
+        self.close(program)
+        return project
+
+    def test_a_kill_in_a_save_keeps_the_former_file(self):
+        project = self.project_before_the_run("save.trml")
+        saved = project.read_bytes()
+        program = self.start(project)
+        self.enter(program, "波形名", "another name")
+        # From here on the system ends the process where its file has grown to half a project.
+        resource.prlimit(program.process.pid, resource.RLIMIT_FSIZE, (len(saved) // 2, len(saved) // 2))
+        program.keys("ctrl+s")
+        self.assertEqual(program.wait_for_end(), -signal.SIGXFSZ)
+        self.assertEqual(project.read_bytes(), saved)
+        program = self.start(project)
+        self.assertTrue(program.text("波形名").startswith("HSES"))
+        self.close(program)
+
+    def test_a_full_disk_keeps_the_former_file_and_the_work(self):
+        project = self.project_before_the_run("full.trml")
+        saved = project.read_bytes()
+        program = self.start(project, preexec=lambda: signal.signal(signal.SIGXFSZ, signal.SIG_IGN))
+        self.enter(program, "波形名", "another name")
+        half = len(saved) // 2
+        _, most = resource.prlimit(program.process.pid, resource.RLIMIT_FSIZE)
+        resource.prlimit(program.process.pid, resource.RLIMIT_FSIZE, (half, most))
+        program.keys("ctrl+s")
+        program.until(program.has_box, "box about the disk")
+        program.screenshot("full_disk")
+        program.press("OK")
+        self.assertEqual(project.read_bytes(), saved)
+        resource.prlimit(program.process.pid, resource.RLIMIT_FSIZE, (most, most))
+        program.keys("ctrl+s")
+        wait_until(lambda: project.read_bytes() != saved, "saved when there is room")
+        self.close(program)
+        program = self.start(project)
+        self.assertEqual(program.text("波形名"), "another name")
+        self.close(program)
+
+    def test_a_second_start_is_refused_and_the_first_goes_on(self):
+        first = self.start()
+        second = self.launch()
+        second.box("既に起動されています。")
+        second.press("OK")
+        self.assertEqual(second.wait_for_end(), 0)
+        self.assertEqual(first.text("波形名"), "地震波形")
+        self.close(first)
+
+    def test_a_start_asks_both_services(self):
+        program = self.start()
+        self.close(program)
+        asked = self.desktop.service_log.read_text()
+        self.assertIn("/map/api/fltsearch", asked)
+        self.assertIn("/xyz/std/", asked)
+
+
+def main():
+    global tools
+    words = argparse.ArgumentParser()
+    words.add_argument("--program", required=True)
+    words.add_argument("--bin", required=True, type=pathlib.Path)
+    words.add_argument("cases", nargs="+")
+    tools = words.parse_args()
+    suite = unittest.TestSuite(Route(case) for case in tools.cases)
+    sys.exit(not unittest.TextTestRunner(verbosity=2).run(suite).wasSuccessful())
+
+
+if __name__ == "__main__":
+    main()
