@@ -139,6 +139,32 @@ class Program:
         self.until(ready, f"control {name}")
         self.xdotool("mousemove", *seen[-1], "click", 1)
 
+    def click_cell(self, table, row, column, button=1, count=1):
+        def cell():
+            node = Atspi.Table.get_accessible_at(self.find(table, ROLE.TABLE), row, column)
+            return node and self.point(node)
+        self.xdotool("mousemove", *self.until(cell, f"cell {row}, {column} of {table}"),
+                     "click", "--repeat", count, "--delay", 60, button)
+
+    def windows(self):
+        """Numbers of the X windows that are seen, menus included: the bus does not list those."""
+        found = subprocess.run(["xdotool", "search", "--onlyvisible", "--pid", str(self.process.pid)],
+                               env=self.desktop.env, capture_output=True, text=True)
+        return set(found.stdout.split())
+
+    def open_cell_menu(self, table, row, column):
+        before = self.windows()
+        self.click_cell(table, row, column, button=3)
+        self.until(lambda: self.windows() - before, "menu of the grid")
+
+    def point_at(self, name):
+        """Moves the pointer to the middle of a control."""
+        self.xdotool("mousemove", *self.point(self.find(name)))
+
+    def status(self):
+        """What stands in the status bar for the moment."""
+        return next((node.get_name() for node in self.nodes() if node.get_role() == ROLE.STATUS_BAR), "")
+
     def press(self, name):
         """Clicks the shown button or box to tick of that name."""
         self.click(name, BUTTONS)

@@ -244,6 +244,22 @@ class Route(unittest.TestCase):
         self.assertEqual(program.wait_for_end(), 0)
         self.assertGreater(project.stat().st_size, 8192 * 8)
 
+    def test_the_pointer_edits_the_grid_and_reads_the_graph(self):
+        program = self.start()
+        self.read_record(program)
+        program.click_cell("波形データ", 2, 1, count=2)
+        program.type("12.5")
+        program.keys("Return")
+        program.until(lambda: program.cell("波形データ", 2, 1) == "12.5", "value entered")
+        program.open_cell_menu("波形データ", 2, 1)
+        program.screenshot("menu")
+        program.keys("Down", "Down", "Return")  # 末尾に挿入
+        program.until(lambda: program.text("データ数") == "8193", "row added")
+        program.point_at("グラフ")
+        program.until(lambda: "gal" in program.status(), "values in the status bar")
+        program.screenshot("pointed")
+        self.close(program, "いいえ(N)")
+
     def test_every_control_has_a_name(self):
         program = self.start()
         for step in (SEED, TARGET, RESULT):
