@@ -8,8 +8,8 @@ QString Word(const char* variable) {
   return qEnvironmentVariable(variable);
 }
 
-/// The services of this machine in place of the public ones, no pause that only serves a person, and a program
-/// folder of the test's own.
+/// The services of this machine in place of the public ones, no pause that only serves a person, and a
+/// program folder of the test's own.
 tremlo::ProgramSettings TestSettings() {
   tremlo::ProgramSettings settings;
   settings.services.hazardAddress = settings.services.tileAddress = Word("TREMLO_TEST_SERVICE");
