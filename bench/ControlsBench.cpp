@@ -2,13 +2,13 @@
 // that follows it; beside the time the longest wait between two ticks of a 10 ms timer, and the memory
 // gained.
 
+#include "EventLoopWatch.h"
 #include "graphs/JapaneseFont.h"
 #include "graphs/NumberRows.h"
 #include "graphs/Spread7.h"
 
 #include <QApplication>
 #include <QClipboard>
-#include <QElapsedTimer>
 #include <QTest>
 #include <QTimer>
 
@@ -30,33 +30,6 @@ double ResidentMiB() {
   statm >> pages >> pages;
   return pages * 4096.0 / (1024.0 * 1024.0);
 }
-
-/// The longest time between two ticks, beyond the tick itself.
-class Watch {
- public:
-  Watch() {
-    QObject::connect(&m_timer, &QTimer::timeout, [this] {
-      m_longest = std::max(m_longest, static_cast<double>(m_sinceTick.nsecsElapsed()) * 1e-6 - kTickMs);
-      m_sinceTick.restart();
-      ++m_ticks;
-    });
-    m_timer.setTimerType(Qt::PreciseTimer);
-    m_timer.start(kTickMs);
-    m_sinceTick.start();
-  }
-  double LongestMs() const { return m_longest; }
-  void Forget() { m_longest = 0.0; }
-  void RunTicks(int count) {
-    const int until = m_ticks + count;
-    while (m_ticks < until) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-  }
-
- private:
-  QTimer m_timer;
-  QElapsedTimer m_sinceTick;
-  double m_longest = 0.0;
-  int m_ticks = 0;
-};
 
 /// A grid of samples in a window of its own.
 class SampleGrid {
@@ -103,7 +76,7 @@ void Run(benchmark::State& state, std::size_t rows, Step prepare, Step action) {
   for (auto _ : state) {
     state.PauseTiming();
     SampleGrid samples(rows);
-    Watch watch;
+    EventLoopWatch watch(kTickMs);
     prepare(samples);
     watch.RunTicks(3);
     watch.Forget();

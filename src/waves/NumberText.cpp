@@ -1,15 +1,25 @@
 #include "waves/NumberText.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 
 namespace tremlo {
 
+namespace {
+
+/// Room for the largest double written out in full, its sign and point.
+constexpr int kIntegerRoom = 320;
+constexpr int kMostPlaces = 100;
+
+}  // namespace
+
 QString FixedText(double value, int decimals) {
-  std::array<char, 400> text{};  // the largest double has 309 digits before the point
+  const int places = std::clamp(decimals, 0, kMostPlaces);
+  std::array<char, kIntegerRoom + kMostPlaces> text;
   const auto [end, error] =
-      std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, decimals);
-  return error == std::errc() ? QString::fromLatin1(text.data(), end - text.data()) : QString();
+      std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, places);
+  return QString::fromLatin1(text.data(), end - text.data());
 }
 
 }  // namespace tremlo

@@ -1,0 +1,126 @@
+#include "WindowDriver.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QTest>
+#include <QWheelEvent>
+#include <QWindow>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+
+namespace tremlo {
+
+namespace {
+
+constexpr int kTickMs = 2;
+/// Longer than the window system waits before it has a window painted.
+constexpr int kTicksToPaint = 20;
+
+ProgramSettings SettingsOf(const ProgramFolder& folder, const ServiceSettings& services) {
+  ProgramSettings settings;
+  settings.services = services;
+  settings.services.probePauseMs = 0;
+  settings.splashMs = 0;
+  settings.programFolder = folder.Path();
+  return settings;
+}
+
+ProgramDoors DoorsTo(Prompt& prompt, FileDialogs& files) {
+  ProgramDoors doors;
+  doors.prompt = &prompt;
+  doors.files = &files;
+  doors.askRoute = [](bool, QWidget*) { return TopChoice::ResponseRoute; };
+  return doors;
+}
+
+const char* NoteOf(StepKind kind) {
+  if (kind == StepKind::Spectrum) return "computes the spectrum under the wait cursor";
+  return kind == StepKind::ModalRun ? "behind the dialog of the run" : "";
+}
+
+}  // namespace
+
+PromptAnswer WindowDriver::Answers::Show(const PromptBox& box) {
+  if (box.buttons == PromptButtons::Ok) {
+    std::fprintf(stderr, "The program tells: %s\n", qUtf8Printable(box.text));
+    return PromptAnswer::Ok;
+  }
+  // Whether a modified project is to be saved: no.
+  return box.buttons == PromptButtons::YesNoCancel ? PromptAnswer::No : PromptAnswer::Yes;
+}
+
+WindowDriver::WindowDriver(const ProgramFolder& folder, const ServiceSettings& services)
+    : m_app(SettingsOf(folder, services), ProgramScreens(), DoorsTo(m_answers, m_files)), m_watch(kTickMs) {
+  if (m_app.Start({QStringLiteral("tremlo")})) std::abort();
+  Frame().activateWindow();
+  m_watch.RunTicks(kTicksToPaint);
+}
+
+WindowDriver::Row& WindowDriver::RowOf(const char* step, StepKind kind) {
+  auto row = std::find_if(m_rows.begin(), m_rows.end(), [&](const Row& r) { return r.step == step; });
+  if (row == m_rows.end()) row = m_rows.insert(m_rows.end(), {step, kind, {}});
+  row->longest.resize(m_round);
+  return *row;
+}
+
+void WindowDriver::Do(const char* step, const std::function<void()>& act, StepKind kind) {
+  m_watch.RunTicks(1);
+  m_watch.Forget();
+  QTimer::singleShot(0, &Frame(), act);
+  m_watch.RunTicks(kTicksToPaint);
+  double& longest = RowOf(step, kind).longest.back();
+  longest = std::max(longest, m_watch.LongestMs());
+}
+
+void WindowDriver::DoWithDialog(const char* step, const std::function<void()>& open,
+                                const std::function<void(QWidget*)>& inDialog) {
+  const int painted = kTickMs * kTicksToPaint;
+  QTimer::singleShot(painted, &Frame(), [&] { inDialog(QApplication::activeModalWidget()); });
+  QTimer::singleShot(2 * painted, &Frame(),
+                     [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
+  Do(step, open);
+  Frame().activateWindow();  // as a window manager does
+}
+
+void WindowDriver::Print() const {
+  std::printf("| step | longest stall, ms (median of %zu rounds) | of all rounds | |\n|---|---|---|---|\n",
+              m_round);
+  for (const Row& row : m_rows) {
+    std::vector<double> sorted = row.longest;
+    std::sort(sorted.begin(), sorted.end());
+    std::printf("| %s | %.0f | %.0f | %s |\n", row.step.c_str(), sorted[sorted.size() / 2], sorted.back(),
+                NoteOf(row.kind));
+  }
+}
+
+void WindowDriver::Click(QWidget& control) {
+  // The box or the patch at its left is what every kind of button takes a click on.
+  QTest::mouseClick(&control, Qt::LeftButton, {}, {8, control.height() / 2});
+}
+
+void WindowDriver::PressButton(const char* name) {
+  Click(Find<QAbstractButton>(name));
+}
+
+void WindowDriver::PressStep(FlowStep step) {
+  Click(*Frame().Pane()->StepsOf(step)->Button(step));
+}
+
+void WindowDriver::Key(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+  QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+}
+
+void WindowDriver::MovePointer(QWidget& over, QPoint position) {
+  QTest::mouseMove(Frame().windowHandle(), over.mapTo(&Frame(), position));
+}
+
+void WindowDriver::Wheel(QWidget& over, int steps) {
+  const QPointF centre = over.rect().center();
+  QWheelEvent turn(centre, over.mapToGlobal(centre), {}, {0, -120 * steps}, Qt::NoButton, Qt::NoModifier,
+                   Qt::NoScrollPhase, false);
+  QCoreApplication::sendEvent(&over, &turn);
+}
+
+}  // namespace tremlo
