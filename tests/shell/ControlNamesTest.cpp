@@ -67,7 +67,7 @@ class ControlNamesTest : public test::ShellTest {
     doors.files = &files;
     doors.askRoute = [](bool, QWidget*) { return TopChoice::ResponseRoute; };
     doors.endProgram = [](int) {};
-    app = std::make_unique<MorvaneApp>(settings, ProgramScreens(), doors);
+    app = std::make_unique<CMorvaneApp>(settings, ProgramScreens(), doors);
     ExpectOffline();
     ASSERT_EQ(Start(), std::nullopt);
   }
