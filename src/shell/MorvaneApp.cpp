@@ -2,6 +2,7 @@
 
 #include "graphs/JapaneseFont.h"
 #include "graphs/PendingEntry.h"
+#include "graphs/WaitCursor.h"
 #include "shell/AboutDlg.h"
 #include "shell/DlgSplash.h"
 #include "shell/DlgTop.h"
@@ -44,15 +45,6 @@ constexpr std::array kScreenOrder = {
     ScreenId::RespOrigSeismicWave,
     ScreenId::RespAdjustSpectrum,
     ScreenId::RespVisualization,
-};
-
-/// The wait cursor while the thread of the user interface is blocked.
-class WaitCursor {
- public:
-  WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-  ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-  WaitCursor(const WaitCursor&) = delete;
-  WaitCursor& operator=(const WaitCursor&) = delete;
 };
 
 }  // namespace
