@@ -1,5 +1,6 @@
 #include "graphs/CellNumber.h"
 
+#include "waves/NumberText.h"
 #include "waves/TextScan.h"
 
 #include <algorithm>
@@ -9,10 +10,6 @@
 namespace tremlo {
 
 namespace {
-
-/// Room for the largest double written out in full, its sign and point.
-constexpr int kIntegerRoom = 320;
-constexpr int kMostPlaces = 100;
 
 QChar HalfWidth(QChar c) {
   const char16_t code = c.unicode();
@@ -34,14 +31,6 @@ QChar HalfWidth(QChar c) {
 }
 
 }  // namespace
-
-QString FixedText(double value, int decimals) {
-  const int places = std::clamp(decimals, 0, kMostPlaces);
-  std::array<char, kIntegerRoom + kMostPlaces> text;
-  const auto [end, error] =
-      std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, places);
-  return QString::fromLatin1(text.data(), end - text.data());
-}
 
 QString NumberToText(double value, int decimals) {
   return value == kNoNumber ? QString() : FixedText(value, decimals);

@@ -11,9 +11,6 @@ inline constexpr double kNoNumber = -9e32;
 /// The same for whole numbers. The two are never exchanged: each function knows its own one alone.
 inline constexpr std::int32_t kNoInteger = -2147483647 - 1;
 
-/// "%.Nf" in the C locale; a negative count of places is taken as 0, one above 100 as 100.
-QString FixedText(double value, int decimals);
-
 /// Text of a cell for a value: empty for kNoNumber, else with six, or with so many, places behind the point.
 QString NumberToText(double value, int decimals = 6);
 
