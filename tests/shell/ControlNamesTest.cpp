@@ -102,6 +102,17 @@ TEST_F(ControlNamesTest, DialogsOfTheShellHaveThemToo) {
   EXPECT_THAT(Unnamed(CAboutDlg({QStringLiteral("LowSpec")}, nullptr)), IsEmpty());
 }
 
+TEST_F(ControlNamesTest, DialogOfTheMenuBelongsToTheWindowWhileAnotherProgramIsInFront) {
+  QApplication::setActiveWindow(nullptr);
+  QWidget* parent = nullptr;
+  test::WhenModal(QStringLiteral("CDlgAdjustSetting"), [&](QWidget* dialog) {
+    parent = dialog->parentWidget();
+    dialog->close();
+  });
+  Trigger(Menu()->adjustSettings);
+  EXPECT_EQ(parent, app->Frame());
+}
+
 TEST_F(ControlNamesTest, EntriesOfTheMenuHaveNamesAndHints) {
   for (const QAction* menu : Menu()->actions()) {
     EXPECT_FALSE(menu->menu()->objectName().isEmpty()) << menu->text().toStdString();
