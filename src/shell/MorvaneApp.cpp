@@ -1,5 +1,6 @@
 #include "shell/MorvaneApp.h"
 
+#include "graphs/DarkPaletteStyle.h"
 #include "graphs/JapaneseFont.h"
 #include "graphs/PendingEntry.h"
 #include "graphs/WaitCursor.h"
@@ -61,6 +62,7 @@ CMorvaneApp::CMorvaneApp(ProgramSettings settings, ScreenTable screens, ProgramD
   if (!m_doors.askRoute) m_doors.askRoute = CDlgTop::Ask;
   if (!m_doors.endProgram) m_doors.endProgram = [](int status) { QCoreApplication::exit(status); };
   InstallJapaneseFonts();
+  QApplication::setStyle(new DarkPaletteStyle);
   LoadPictures();
   QApplication::setWindowIcon(QIcon(QStringLiteral(":/shell/tremlo.svg")));
   // The program ends when its window has closed, not when the splash has.
