@@ -60,7 +60,7 @@ int RunWindow(int argc, char* argv[]) {
   words.remove(1, 4);
   FirstPaint paint;
   qApp->installEventFilter(&paint);
-  MorvaneApp program(settings, ProgramScreens());
+  CMorvaneApp program(settings, ProgramScreens());
   const std::optional<int> ended = program.Start(words);
   return ended ? *ended : QApplication::exec();
 }

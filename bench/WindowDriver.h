@@ -36,7 +36,7 @@ class WindowDriver {
   /// Prints the steps as a Markdown table.
   void Print() const;
 
-  MainFrame& Frame() { return *m_app.Frame(); }
+  CMainFrame& Frame() { return *m_app.Frame(); }
   CMorvaneDoc& Doc() { return m_app.Document(); }
   /// A control of the screen on display by its object name.
   template <class Control>
@@ -80,7 +80,7 @@ class WindowDriver {
 
   Answers m_answers;
   Files m_files{nextFile};
-  MorvaneApp m_app;
+  CMorvaneApp m_app;
   EventLoopWatch m_watch;
   std::vector<Row> m_rows;
   std::size_t m_round = 0;

@@ -13,9 +13,11 @@ if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
     target_compile_options(tremlo_options INTERFACE -Werror)
   endif()
   if(TREMLO_SANITIZE)
+    # A number that its whole-number type cannot hold is undefined too, though not all compilers count it in.
+    set(sanitizers -fsanitize=address,undefined,float-cast-overflow)
     target_compile_options(tremlo_options INTERFACE
-      -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
-    target_link_options(tremlo_options INTERFACE -fsanitize=address,undefined)
+      ${sanitizers} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(tremlo_options INTERFACE ${sanitizers})
   endif()
   if(TREMLO_FUZZ)
     if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")

@@ -10,5 +10,7 @@ namespace tremlo::fuzz {
 void FuzzWaveCsv(const std::uint8_t* data, std::size_t size);
 void FuzzTables(const std::uint8_t* data, std::size_t size);
 void FuzzProject(const std::uint8_t* data, std::size_t size);
+void FuzzZoneMap(const std::uint8_t* data, std::size_t size);
+void FuzzAnswer(const std::uint8_t* data, std::size_t size);
 
 }  // namespace tremlo::fuzz

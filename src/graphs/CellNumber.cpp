@@ -1,5 +1,6 @@
 #include "graphs/CellNumber.h"
 
+#include "waves/NumberText.h"
 #include "waves/TextScan.h"
 
 #include <algorithm>

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "waves/NumberText.h"
-
 #include <QString>
 
 #include <cstdint>

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "graphs/MessageBox.h"
 #include "graphs/NumericText.h"
-#include "graphs/WarningBox.h"
 
 #include <QClipboard>
 #include <QColor>

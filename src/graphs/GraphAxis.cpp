@@ -1,6 +1,6 @@
 #include "graphs/GraphAxis.h"
 
-#include "graphs/CellNumber.h"
+#include "waves/NumberText.h"
 
 #include <algorithm>
 #include <cmath>

@@ -82,14 +82,8 @@ QWidget* GraphEditDialog::MakeRangeGroup(const std::vector<Graph>& graphs) {
   group->setObjectName(QStringLiteral("rangeGroup"));
   auto* const layout = new QVBoxLayout(group);
   for (const Graph& graph : graphs) AddRangePart(graph, layout);
-  auto* const reset =
-      MakeButton<QPushButton>(QStringLiteral("初期範囲に戻す"), QStringLiteral("resetRangeButton"), group);
-  reset->setAutoDefault(false);
-  connect(reset, &QPushButton::clicked, this, [this] {
-    Q_EMIT ResetRange();
-    TellChange();
-  });
-  layout->addWidget(reset, 0, Qt::AlignRight);
+  AddReset(QStringLiteral("初期範囲に戻す"), QStringLiteral("resetRangeButton"), &GraphEditDialog::ResetRange,
+           layout);
   return group;
 }
 
@@ -119,6 +113,17 @@ void GraphEditDialog::AddRangePart(const Graph& graph, QVBoxLayout* layout) {
   m_ranges.push_back(std::move(part));
 }
 
+void GraphEditDialog::AddReset(const QString& text, const QString& name, void (GraphEditDialog::*reset)(),
+                               QVBoxLayout* layout) {
+  auto* const button = MakeButton<QPushButton>(text, name, layout->parentWidget());
+  button->setAutoDefault(false);
+  connect(button, &QPushButton::clicked, this, [this, reset] {
+    (this->*reset)();
+    TellChange();
+  });
+  layout->addWidget(button, 0, Qt::AlignRight);
+}
+
 QWidget* GraphEditDialog::MakeColorGroup(std::vector<CurveColor> colors) {
   auto* const group = new QGroupBox(QStringLiteral("色の設定"), this);
   group->setObjectName(QStringLiteral("colorGroup"));
@@ -130,14 +135,8 @@ QWidget* GraphEditDialog::MakeColorGroup(std::vector<CurveColor> colors) {
   m_colorGrid->setMaximumHeight(kColorGridHeight);
   layout->addWidget(m_colorGrid);
 
-  auto* const reset =
-      MakeButton<QPushButton>(QStringLiteral("色のリセット"), QStringLiteral("resetColorsButton"), group);
-  reset->setAutoDefault(false);
-  connect(reset, &QPushButton::clicked, this, [this] {
-    Q_EMIT ResetColors();
-    TellChange();
-  });
-  layout->addWidget(reset, 0, Qt::AlignRight);
+  AddReset(QStringLiteral("色のリセット"), QStringLiteral("resetColorsButton"), &GraphEditDialog::ResetColors,
+           layout);
   return group;
 }
 

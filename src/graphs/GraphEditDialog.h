@@ -61,6 +61,9 @@ class GraphEditDialog : public QDialog {
   QWidget* MakeRangeGroup(const std::vector<Graph>& graphs);
   QWidget* MakeColorGroup(std::vector<CurveColor> colors);
   void AddRangePart(const Graph& graph, QVBoxLayout* layout);
+  /// A button that has the owner put back what it resets, by emitting that signal.
+  void AddReset(const QString& text, const QString& name, void (GraphEditDialog::*reset)(),
+                QVBoxLayout* layout);
   void FitRangeGrids();
   void Rebuild();
   void TellChange();

@@ -1,6 +1,7 @@
 #include "graphs/NumberRows.h"
 
 #include "graphs/CellNumber.h"
+#include "waves/NumberText.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,7 @@
 #include "graphs/NumericText.h"
 
 #include "waves/Cp932Text.h"
+#include "waves/NumberText.h"
 #include "waves/TextScan.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #include "location/ScaleBar.h"
 
-#include <charconv>
+#include "waves/FixedNumber.h"
+
 #include <cmath>
-#include <limits>
 
 namespace tremlo {
 
@@ -13,13 +13,6 @@ constexpr double kDegreesPerRadian = 57.29577951308232;
 constexpr double kEarthRadiusMetres = 6370000.0;
 constexpr std::int32_t kMargin = 10;
 constexpr std::int32_t kTickHeight = 15;  ///< of the tick's upper end above the window's lower edge
-
-std::string Fixed(double value, int decimals) {
-  std::array<char, std::numeric_limits<double>::max_exponent10 + 8> text{};
-  const auto end =
-      std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, decimals);
-  return {text.data(), end.ptr};
-}
 
 void PlaceLines(ScaleBar& bar, std::int32_t height) {
   const std::int32_t right = bar.pixelLength + kMargin;
@@ -47,13 +40,13 @@ double ScaleBarLength(double halfWidthMetres) {
 }
 
 std::string ScaleMiddleText(double lengthMetres) {
-  if (lengthMetres < 2000.0) return Fixed(lengthMetres * 0.5, 0);
-  return Fixed(lengthMetres / 2000.0, lengthMetres == 5000.0 ? 1 : 0);
+  if (lengthMetres < 2000.0) return FixedNumber(lengthMetres * 0.5, 0);
+  return FixedNumber(lengthMetres / 2000.0, lengthMetres == 5000.0 ? 1 : 0);
 }
 
 std::string ScaleEndText(double lengthMetres) {
-  if (lengthMetres < 2000.0) return Fixed(lengthMetres, 0) + "m";
-  return Fixed(lengthMetres / 1000.0, 0) + "km";
+  if (lengthMetres < 2000.0) return FixedNumber(lengthMetres, 0) + "m";
+  return FixedNumber(lengthMetres / 1000.0, 0) + "km";
 }
 
 std::optional<ScaleBar> MakeScaleBar(const MapView& view) {

@@ -35,21 +35,25 @@ double ToNumber(std::string_view field) {
 }  // namespace
 
 std::optional<QString> LoadZonePolygons(const QString& programFolder, std::vector<CDPoly>& polygons) {
-  std::vector<CDPoly> read;
   QByteArray content;
-  if (ReadWholeFile(QDir(programFolder).filePath(QStringLiteral("SystemData/keiarea.csv")), content)) {
-    const CsvText csv(content);
-    LineReader lines(csv.Text());
-    std::string_view line;
-    for (int number = 1; lines.Next(line); ++number) {
-      const std::vector<std::string_view> fields = SplitFields(line);
-      if (!fields.empty() && fields.front() == "KEI") {
-        read.emplace_back();
-      } else if (!read.empty()) {
-        if (fields.size() < 2)
-          return QStringLiteral("SystemData\\keiarea.csvの%1行目が正しい座標ではありません。").arg(number);
-        read.back().Add(ToNumber(fields[0]), kMapHeight - ToNumber(fields[1]));
-      }
+  if (!ReadWholeFile(QDir(programFolder).filePath(QStringLiteral("SystemData/keiarea.csv")), content))
+    content.clear();
+  return ParseZonePolygons(content, polygons);
+}
+
+std::optional<QString> ParseZonePolygons(const QByteArray& content, std::vector<CDPoly>& polygons) {
+  std::vector<CDPoly> read;
+  const CsvText csv(content);
+  LineReader lines(csv.Text());
+  std::string_view line;
+  for (int number = 1; lines.Next(line); ++number) {
+    const std::vector<std::string_view> fields = SplitFields(line);
+    if (!fields.empty() && fields.front() == "KEI") {
+      read.emplace_back();
+    } else if (!read.empty()) {
+      if (fields.size() < 2)
+        return QStringLiteral("SystemData\\keiarea.csvの%1行目が正しい座標ではありません。").arg(number);
+      read.back().Add(ToNumber(fields[0]), kMapHeight - ToNumber(fields[1]));
     }
   }
   for (CDPoly& polygon : read) polygon.UpdateBox();

@@ -15,6 +15,8 @@ namespace tremlo {
 /// cannot be opened. Returns the user's message for a point with fewer than two fields; `polygons` is then as
 /// it was.
 std::optional<QString> LoadZonePolygons(const QString& programFolder, std::vector<CDPoly>& polygons);
+/// The same for the file's content.
+std::optional<QString> ParseZonePolygons(const QByteArray& content, std::vector<CDPoly>& polygons);
 
 /// The index of the first polygon that contains a pixel of the map (y from the top edge); -1 when none does.
 int PickZone(const std::vector<CDPoly>& polygons, double x, double y);

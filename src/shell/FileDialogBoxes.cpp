@@ -1,6 +1,7 @@
 #include "shell/FileDialogBoxes.h"
 
-#include <QApplication>
+#include "graphs/FrontWindow.h"
+
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -23,14 +24,14 @@ void ShowAllFiles(QFileDialog& dialog) {
 }  // namespace
 
 QString FileDialogBoxes::AskOpenPath(const FileQuestion& question) {
-  QFileDialog dialog(QApplication::activeWindow());
+  QFileDialog dialog(FrontWindow());
   dialog.setAcceptMode(QFileDialog::AcceptOpen);
   dialog.setFileMode(QFileDialog::ExistingFile);
   return Ask(dialog, question);
 }
 
 QString FileDialogBoxes::AskSavePath(const FileQuestion& question) {
-  QFileDialog dialog(QApplication::activeWindow());
+  QFileDialog dialog(FrontWindow());
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
   return Ask(dialog, question);

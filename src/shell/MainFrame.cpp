@@ -67,7 +67,7 @@ bool IsBlocked() {
 
 }  // namespace
 
-MainFrame::MainFrame()
+CMainFrame::CMainFrame()
     : m_menu(new MainMenu(this)), m_flowPane(new CPaneFlow(this)), m_clientArea(new QStackedWidget(this)) {
   setObjectName(QStringLiteral("mainFrame"));
   setMenuBar(m_menu);
@@ -80,7 +80,7 @@ MainFrame::MainFrame()
   qApp->installEventFilter(this);
 }
 
-void MainFrame::MakeStatusBar() {
+void CMainFrame::MakeStatusBar() {
   auto* ready = new QLabel(QStringLiteral("レディ"));
   ready->setObjectName(QStringLiteral("readyPane"));
   // A label of the bar, not a message: hints cover it and it comes back by itself.
@@ -95,7 +95,7 @@ void MainFrame::MakeStatusBar() {
   statusBar()->addPermanentWidget(m_samplePane);
 }
 
-void MainFrame::AddScreen(ScreenId id, Screen* screen) {
+void CMainFrame::AddScreen(ScreenId id, Screen* screen) {
   screen->setObjectName(WindowName(id));
   if (screen->accessibleName().isEmpty()) screen->setAccessibleName(TitleOf(id));
   auto* page = new QScrollArea;
@@ -108,36 +108,36 @@ void MainFrame::AddScreen(ScreenId id, Screen* screen) {
   m_pages[id] = page;
 }
 
-Screen* MainFrame::ScreenOf(ScreenId id) const {
+Screen* CMainFrame::ScreenOf(ScreenId id) const {
   const auto found = m_screens.find(id);
   return found == m_screens.end() ? nullptr : found->second;
 }
 
-Screen* MainFrame::ScreenOnDisplay() const {
+Screen* CMainFrame::ScreenOnDisplay() const {
   for (const auto& [id, page] : m_pages)
     if (page == m_clientArea->currentWidget()) return m_screens.at(id);
   return nullptr;
 }
 
-void MainFrame::SetRuns(std::function<void()> missingSpectra, std::function<bool()> faultSpectra,
-                        std::function<bool()> respAdjustment) {
+void CMainFrame::SetRuns(std::function<void()> missingSpectra, std::function<bool()> faultSpectra,
+                         std::function<bool()> respAdjustment) {
   m_missingSpectra = std::move(missingSpectra);
   m_faultSpectra = std::move(faultSpectra);
   m_respAdjustment = std::move(respAdjustment);
 }
 
-void MainFrame::SetTitle(const QString& title) {
+void CMainFrame::SetTitle(const QString& title) {
   // Qt puts the mark of a modified document in place of "[*]"; doubled, it is text.
   QString text = title;
   setWindowTitle(text.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
 }
 
-void MainFrame::ShowSampleFolders(const std::vector<QString>& folders) {
+void CMainFrame::ShowSampleFolders(const std::vector<QString>& folders) {
   m_samplePane->setText(SampleTablesText(folders));
   m_samplePane->setVisible(!folders.empty());
 }
 
-void MainFrame::ShowCentred() {
+void CMainFrame::ShowCentred() {
   const QRect monitor = screen()->geometry();
   resize(kFrameWidth, kFrameHeight);
   move(monitor.x() + monitor.width() / 2 - kFrameWidth / 2,
@@ -149,41 +149,41 @@ void MainFrame::ShowCentred() {
     show();
 }
 
-void MainFrame::Prepare(ScreenId id) {
+void CMainFrame::Prepare(ScreenId id) {
   if (Screen* screen = ScreenOf(id)) screen->Prepare();
 }
 
-void MainFrame::Show(ScreenId id) {
+void CMainFrame::Show(ScreenId id) {
   m_clientArea->setCurrentWidget(m_pages.at(id));
   FocusFirstControl(m_screens.at(id));
   m_pages.at(id)->update();
 }
 
-void MainFrame::Entered(ScreenId id) {
+void CMainFrame::Entered(ScreenId id) {
   if (Screen* screen = ScreenOf(id)) screen->Entered();
 }
 
-void MainFrame::Left(ScreenId id) {
+void CMainFrame::Left(ScreenId id) {
   if (Screen* screen = ScreenOf(id)) screen->Left();
 }
 
-void MainFrame::Refresh(ScreenId id) {
+void CMainFrame::Refresh(ScreenId id) {
   if (Screen* screen = ScreenOf(id)) screen->Refresh();
 }
 
-void MainFrame::ComputeMissingSpectra() {
+void CMainFrame::ComputeMissingSpectra() {
   m_missingSpectra();
 }
 
-bool MainFrame::CalculateFaultSpectra() {
+bool CMainFrame::CalculateFaultSpectra() {
   return m_faultSpectra();
 }
 
-bool MainFrame::RunRespAdjustment() {
+bool CMainFrame::RunRespAdjustment() {
   return m_respAdjustment();
 }
 
-void MainFrame::closeEvent(QCloseEvent* event) {
+void CMainFrame::closeEvent(QCloseEvent* event) {
   // The end of a session asks to close also behind a dialog, whose answer or run is still open.
   if (IsBlocked() || (m_mayClose && !m_mayClose())) {
     event->ignore();
@@ -193,11 +193,11 @@ void MainFrame::closeEvent(QCloseEvent* event) {
   Q_EMIT Closed();
 }
 
-void MainFrame::dragEnterEvent(QDragEnterEvent* event) {
+void CMainFrame::dragEnterEvent(QDragEnterEvent* event) {
   if (!IsBlocked() && !DraggedFile(event->mimeData()).isEmpty()) event->acceptProposedAction();
 }
 
-void MainFrame::dropEvent(QDropEvent* event) {
+void CMainFrame::dropEvent(QDropEvent* event) {
   const QString path = DraggedFile(event->mimeData());
   if (IsBlocked() || path.isEmpty()) return;
   event->acceptProposedAction();
@@ -206,7 +206,7 @@ void MainFrame::dropEvent(QDropEvent* event) {
       this, [this, path] { Q_EMIT FileDropped(path); }, Qt::QueuedConnection);
 }
 
-bool MainFrame::eventFilter(QObject* watched, QEvent* event) {
+bool CMainFrame::eventFilter(QObject* watched, QEvent* event) {
   QDropEvent* const drag = AsDrag(event);
   // A file is for the window, whatever it is dropped on: a field would take its address as text.
   const bool onControl =

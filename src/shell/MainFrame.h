@@ -18,10 +18,10 @@ namespace tremlo {
 
 /// The top window: menu, flow pane at the left, status bar, and one client area in which exactly one screen
 /// is visible. It carries out what the work procedure decides and decides nothing itself.
-class MainFrame : public QMainWindow, public ScreenHost {
+class CMainFrame : public QMainWindow, public ScreenHost {
   Q_OBJECT
  public:
-  MainFrame();
+  CMainFrame();
 
   MainMenu* Menu() const { return m_menu; }
   CPaneFlow* Pane() const { return m_flowPane; }

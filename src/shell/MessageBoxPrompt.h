@@ -13,8 +13,6 @@ class MessageBoxPrompt : public Prompt {
   PromptAnswer Show(const PromptBox& box) override;
 
  private:
-  static PromptAnswer ShowHere(const PromptBox& box);
-
   QObject m_uiThread;  ///< lives on it
 };
 

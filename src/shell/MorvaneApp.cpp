@@ -1,7 +1,9 @@
 #include "shell/MorvaneApp.h"
 
+#include "graphs/DarkPaletteStyle.h"
 #include "graphs/JapaneseFont.h"
 #include "graphs/PendingEntry.h"
+#include "graphs/WaitCursor.h"
 #include "shell/AboutDlg.h"
 #include "shell/DlgSplash.h"
 #include "shell/DlgTop.h"
@@ -46,18 +48,9 @@ constexpr std::array kScreenOrder = {
     ScreenId::RespVisualization,
 };
 
-/// The wait cursor while the thread of the user interface is blocked.
-class WaitCursor {
- public:
-  WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-  ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-  WaitCursor(const WaitCursor&) = delete;
-  WaitCursor& operator=(const WaitCursor&) = delete;
-};
-
 }  // namespace
 
-MorvaneApp::MorvaneApp(ProgramSettings settings, ScreenTable screens, ProgramDoors doors)
+CMorvaneApp::CMorvaneApp(ProgramSettings settings, ScreenTable screens, ProgramDoors doors)
     : m_settings(std::move(settings)),
       m_table(std::move(screens)),
       m_doors(std::move(doors)),
@@ -69,6 +62,7 @@ MorvaneApp::MorvaneApp(ProgramSettings settings, ScreenTable screens, ProgramDoo
   if (!m_doors.askRoute) m_doors.askRoute = CDlgTop::Ask;
   if (!m_doors.endProgram) m_doors.endProgram = [](int status) { QCoreApplication::exit(status); };
   InstallJapaneseFonts();
+  QApplication::setStyle(new DarkPaletteStyle);
   LoadPictures();
   QApplication::setWindowIcon(QIcon(QStringLiteral(":/shell/tremlo.svg")));
   // The program ends when its window has closed, not when the splash has.
@@ -77,9 +71,9 @@ MorvaneApp::MorvaneApp(ProgramSettings settings, ScreenTable screens, ProgramDoo
     QCoreApplication::installTranslator(&m_qtTexts);
 }
 
-MorvaneApp::~MorvaneApp() = default;
+CMorvaneApp::~CMorvaneApp() = default;
 
-std::optional<int> MorvaneApp::Start(const QStringList& arguments) {
+std::optional<int> CMorvaneApp::Start(const QStringList& arguments) {
   if (!ReadyToStart()) return m_ended.value_or(0);
   const bool fileGiven = arguments.size() > 1;
   std::optional<TopChoice> choice;
@@ -101,7 +95,7 @@ std::optional<int> MorvaneApp::Start(const QStringList& arguments) {
   return std::nullopt;
 }
 
-bool MorvaneApp::ReadyToStart() {
+bool CMorvaneApp::ReadyToStart() {
   if (!m_instance.Take()) {
     m_prompt.Tell(QStringLiteral("既に起動されています。"), PromptIcon::Stop);
     return false;
@@ -121,8 +115,8 @@ bool MorvaneApp::ReadyToStart() {
   return false;
 }
 
-void MorvaneApp::MakeFrame() {
-  m_frame = std::make_unique<MainFrame>();
+void CMorvaneApp::MakeFrame() {
+  m_frame = std::make_unique<CMainFrame>();
   m_procedure.emplace(m_doc, m_prompt, *m_frame, *m_frame->Pane());
   m_rules.emplace(m_doc, m_prompt, *m_procedure);
   m_projects.emplace(ProjectCommandParts{m_doc, m_prompt, m_files, *m_procedure, m_recent, *this});
@@ -137,27 +131,27 @@ void MorvaneApp::MakeFrame() {
   ConnectHelpMenu();
 }
 
-void MorvaneApp::MakeScreens() {
+void CMorvaneApp::MakeScreens() {
   for (const ScreenId id : kScreenOrder)
     if (const auto make = m_table.screens.find(id); make != m_table.screens.end())
       m_frame->AddScreen(id, make->second(*m_parts));
 }
 
-void MorvaneApp::ConnectFrame() {
-  MainFrame* frame = m_frame.get();
+void CMorvaneApp::ConnectFrame() {
+  CMainFrame* frame = m_frame.get();
   frame->SetCloseQuestion(
       [this] { return m_ended || (FinishPendingEntry() && m_projects->MayLeaveProject()); });
-  QObject::connect(frame, &MainFrame::Closed, frame, [this] {
+  QObject::connect(frame, &CMainFrame::Closed, frame, [this] {
     if (!m_ended) EndProgram(0);
   });
-  QObject::connect(frame, &MainFrame::FileDropped, frame, [this](const QString& path) {
+  QObject::connect(frame, &CMainFrame::FileDropped, frame, [this](const QString& path) {
     if (FinishPendingEntry()) m_projects->OpenDropped(path);
   });
   QObject::connect(frame->Pane(), &CPaneFlow::StepPressed, frame,
                    [this](FlowStep step) { Follow(m_procedure->PressStep(step)); });
 }
 
-void MorvaneApp::Connect(QAction* entry, std::function<void()> command) {
+void CMorvaneApp::Connect(QAction* entry, std::function<void()> command) {
   QObject::connect(entry, &QAction::triggered, m_frame.get(), [this, command = std::move(command)] {
     // A menu leaves the focus where it is: what stands in an open entry has not been taken yet.
     if (FinishPendingEntry())
@@ -167,8 +161,8 @@ void MorvaneApp::Connect(QAction* entry, std::function<void()> command) {
   });
 }
 
-void MorvaneApp::ConnectFileMenu() {
-  MainFrame* frame = m_frame.get();
+void CMorvaneApp::ConnectFileMenu() {
+  CMainFrame* frame = m_frame.get();
   MainMenu* menu = frame->Menu();
   Connect(menu->newProject, [this] { m_projects->New(); });
   Connect(menu->openProject, [this] { m_projects->Open(); });
@@ -184,7 +178,7 @@ void MorvaneApp::ConnectFileMenu() {
       Qt::QueuedConnection);
 }
 
-void MorvaneApp::ConnectSettingsMenu() {
+void CMorvaneApp::ConnectSettingsMenu() {
   MainMenu* menu = m_frame->Menu();
   Connect(menu->apiParameters, [this] {
     if (m_rules->BeginApiParameters()) m_table.editApiParameters(*m_parts);
@@ -196,8 +190,8 @@ void MorvaneApp::ConnectSettingsMenu() {
   Connect(menu->online, [this] { ToggleOnline(); });
 }
 
-void MorvaneApp::ConnectHelpMenu() {
-  MainFrame* frame = m_frame.get();
+void CMorvaneApp::ConnectHelpMenu() {
+  CMainFrame* frame = m_frame.get();
   MainMenu* menu = frame->Menu();
   QObject::connect(menu->manual, &QAction::triggered, frame, [this] { OpenManual(); });
   QObject::connect(menu->supportPage, &QAction::triggered, frame,
@@ -208,18 +202,18 @@ void MorvaneApp::ConnectHelpMenu() {
                    [this] { CAboutDlg(SampleTableFolders(m_settings.programFolder), m_frame.get()).exec(); });
 }
 
-void MorvaneApp::EndProgram(int status) {
+void CMorvaneApp::EndProgram(int status) {
   m_instance.Release();
   m_ended = status;
   m_doors.endProgram(status);
 }
 
-void MorvaneApp::Probe() {
+void CMorvaneApp::Probe() {
   const WaitCursor wait;
   m_online.Probe(m_settings.services, m_prompt);
 }
 
-void MorvaneApp::ToggleOnline() {
+void CMorvaneApp::ToggleOnline() {
   {
     const WaitCursor wait;
     m_online.Toggle(m_settings.services, m_prompt);
@@ -230,13 +224,13 @@ void MorvaneApp::ToggleOnline() {
   m_frame->update();
 }
 
-void MorvaneApp::ClearMapImages() {
+void CMorvaneApp::ClearMapImages() {
   if (!m_prompt.Ask(QString::fromUtf16(kClearMapCacheQuestion))) return;
   if (!ClearMapCache(m_settings.programFolder))
     m_prompt.Tell(QStringLiteral("地図画像キャッシュを削除できませんでした。"));
 }
 
-void MorvaneApp::OpenManual() {
+void CMorvaneApp::OpenManual() {
   const QString path = QDir(m_settings.programFolder).filePath(QStringLiteral("SystemData/manual.pdf"));
   const QString shown = QDir::toNativeSeparators(path);
   if (!QFileInfo(path).isFile()) {
@@ -246,7 +240,7 @@ void MorvaneApp::OpenManual() {
   }
 }
 
-void MorvaneApp::OpenPage(const QString& address) {
+void CMorvaneApp::OpenPage(const QString& address) {
   if (address.isEmpty()) {
     m_prompt.Tell(QStringLiteral("ページの宛先が設定されていません。"), PromptIcon::Information);
   } else if (!QDesktopServices::openUrl(QUrl(address))) {
@@ -254,11 +248,11 @@ void MorvaneApp::OpenPage(const QString& address) {
   }
 }
 
-void MorvaneApp::RebuildTitle() {
+void CMorvaneApp::RebuildTitle() {
   m_frame->SetTitle(WindowTitle(m_doc.PathName(), m_online.CaptionMark()));
 }
 
-void MorvaneApp::UpdateMenu() {
+void CMorvaneApp::UpdateMenu() {
   MainMenu* menu = m_frame->Menu();
   menu->apiParameters->setEnabled(m_doc.guidelineRoute && m_table.editApiParameters);
   menu->adjustSettings->setEnabled(m_table.editAdjustSettings != nullptr);
@@ -268,15 +262,15 @@ void MorvaneApp::UpdateMenu() {
   menu->ShowRecent(m_recent.Paths());
 }
 
-void MorvaneApp::Follow(SwitchOutcome outcome) {
+void CMorvaneApp::Follow(SwitchOutcome outcome) {
   if (outcome == SwitchOutcome::EndProgram) EndProgram(1);
 }
 
-TopChoice MorvaneApp::AskRoute() {
+TopChoice CMorvaneApp::AskRoute() {
   return m_doors.askRoute(HasRoute(true), m_frame.get());
 }
 
-void MorvaneApp::ProjectChanged() {
+void CMorvaneApp::ProjectChanged() {
   RebuildTitle();
   UpdateMenu();
   // Every new project and every open reads the tables again.

@@ -26,17 +26,17 @@ struct ProgramDoors {
 
 /// The program: brings it up in a fixed order and owns the commands of the menu that are not bound to a
 /// screen. Made once, behind the application object.
-class MorvaneApp : private ProjectShell {
+class CMorvaneApp : private ProjectShell {
  public:
-  MorvaneApp(ProgramSettings settings, ScreenTable screens, ProgramDoors doors = {});
-  ~MorvaneApp() override;
+  CMorvaneApp(ProgramSettings settings, ScreenTable screens, ProgramDoors doors = {});
+  ~CMorvaneApp() override;
 
   /// `arguments`: those of the process that are left when Qt has taken its own, the program's name first.
   /// Returns the exit status when the start has ended the program, else the window stands.
   std::optional<int> Start(const QStringList& arguments);
 
   /// Null until the window is made.
-  MainFrame* Frame() const { return m_frame.get(); }
+  CMainFrame* Frame() const { return m_frame.get(); }
   CMorvaneDoc& Document() { return m_doc; }
   WorkProcedure& Procedure() { return *m_procedure; }
   const OnlineMode& Online() const { return m_online; }
@@ -83,7 +83,7 @@ class MorvaneApp : private ProjectShell {
   std::optional<ChangeRules> m_rules;
   std::optional<ProjectCommands> m_projects;
   std::optional<ScreenParts> m_parts;
-  std::unique_ptr<MainFrame> m_frame;  ///< last: its screens hold on to all of the above
+  std::unique_ptr<CMainFrame> m_frame;  ///< last: its screens hold on to all of the above
   std::optional<int> m_ended;
 };
 

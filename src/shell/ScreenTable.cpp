@@ -1,5 +1,6 @@
 #include "shell/ScreenTable.h"
 
+#include "graphs/FrontWindow.h"
 #include "project/ResponseRoute.h"
 #include "sources/DamSpectra.h"
 #include "waves/DlgAdjustSetting.h"
@@ -9,7 +10,6 @@
 #include "waves/FrmRespVisualization.h"
 #include "waves/WaveRuns.h"
 
-#include <QApplication>
 #include <QPointer>
 
 #include <memory>
@@ -30,12 +30,12 @@ bool CalculateFaultSpectra(const ScreenParts& parts) {
 }
 
 void ComputeSpectra(const ScreenParts& parts) {
-  ComputeMissingSpectra(parts.doc.seedWaves, QApplication::activeWindow());
+  ComputeMissingSpectra(parts.doc.seedWaves, FrontWindow());
   parts.doc.SetModified(true);
 }
 
 void EditAdjustSettings(const ScreenParts& parts) {
-  CDlgAdjustSetting(parts.doc, QApplication::activeWindow()).exec();
+  CDlgAdjustSetting(parts.doc, FrontWindow()).exec();
 }
 
 /// The response route: its three screens and the run that its last step makes, whose fit that screen tells.
@@ -52,7 +52,7 @@ void AddResponseRoute(ScreenTable& table) {
     return visualization->data();
   };
   table.runs.runRespAdjustment = [visualization](const ScreenParts& parts) {
-    const AdjustResult result = AdjustBehindDialog(RespAdjustInput(parts.doc), QApplication::activeWindow());
+    const AdjustResult result = AdjustBehindDialog(RespAdjustInput(parts.doc), FrontWindow());
     StoreRespAdjustment(parts.doc, result);
     if (result.converged && *visualization) (*visualization)->ShowFit(FitText(result.fit));
     return result.converged;

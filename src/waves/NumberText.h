@@ -1,11 +1,14 @@
 #pragma once
 
+#include "waves/FixedNumber.h"
+
 #include <QString>
 
 namespace tremlo {
 
-/// The number as "%.<decimals>lf" writes it in the C locale; "inf" and "nan" for a number that is not finite.
-/// A negative count of places is taken as 0, one above 100 as 100.
-QString FixedText(double value, int decimals);
+/// FixedNumber as the text of a window or a message.
+inline QString FixedText(double value, int decimals) {
+  return QString::fromStdString(FixedNumber(value, decimals));
+}
 
 }  // namespace tremlo

@@ -1,7 +1,9 @@
 #include "waves/SeismicWaveSet.h"
 
 #include <algorithm>
+#include <functional>
 #include <limits>
+#include <optional>
 
 namespace tremlo {
 
@@ -9,6 +11,23 @@ namespace {
 
 double LargestOrZero(const std::vector<double>& values) {
   return values.empty() ? 0.0 : *std::max_element(values.begin(), values.end());
+}
+
+/// Indices of samples.
+struct Extreme {
+  std::size_t first;  ///< that is no blank
+  std::size_t at;     ///< the earliest that no other one beats
+};
+
+template <typename Beats>
+std::optional<Extreme> FindExtreme(const std::vector<double>& acc, Beats beats) {
+  std::optional<Extreme> found;
+  for (std::size_t i = 0; i < acc.size(); ++i) {
+    if (acc[i] == kBlankSample) continue;
+    if (!found) found = {i, i};
+    if (beats(acc[i], acc[found->at])) found->at = i;
+  }
+  return found;
 }
 
 }  // namespace
@@ -93,35 +112,21 @@ void CSeismicWaveSet::MaxAcc(const QString& name, double& value, double& time) c
   value = std::numeric_limits<double>::quiet_NaN();
   time = 0.0;
   const CSeismicWave* wave = Find(name);
-  if (!wave) return;
-  const std::vector<double>& acc = wave->acc;
-  const auto first = std::find_if(acc.begin(), acc.end(), [](double a) { return a != kBlankSample; });
-  if (first == acc.end()) return;
-  value = *first;
-  for (std::size_t i = 0; i < acc.size(); ++i) {
-    if (acc[i] != kBlankSample && acc[i] > value) {
-      value = acc[i];
-      time = static_cast<double>(i) * wave->timeStep;
-    }
-  }
+  const std::optional<Extreme> found = wave ? FindExtreme(wave->acc, std::greater()) : std::nullopt;
+  if (!found) return;
+  value = wave->acc[found->at];
+  // As long as the first sample is not exceeded the time stays 0, also where blanks come before it.
+  if (found->at != found->first) time = static_cast<double>(found->at) * wave->timeStep;
 }
 
 void CSeismicWaveSet::MinAcc(const QString& name, double& value, double& time) const {
   value = std::numeric_limits<double>::quiet_NaN();
   time = 0.0;
   const CSeismicWave* wave = Find(name);
-  if (!wave) return;
-  const std::vector<double>& acc = wave->acc;
-  const auto first = std::find_if(acc.begin(), acc.end(), [](double a) { return a != kBlankSample; });
-  if (first == acc.end()) return;
-  value = *first;
-  time = static_cast<double>(first - acc.begin()) * wave->timeStep;
-  for (std::size_t i = 0; i < acc.size(); ++i) {
-    if (acc[i] != kBlankSample && acc[i] < value) {
-      value = acc[i];
-      time = static_cast<double>(i) * wave->timeStep;
-    }
-  }
+  const std::optional<Extreme> found = wave ? FindExtreme(wave->acc, std::less()) : std::nullopt;
+  if (!found) return;
+  value = wave->acc[found->at];
+  time = static_cast<double>(found->at) * wave->timeStep;
 }
 
 double CSeismicWaveSet::MaxAccSpec(const QString& name) const {

@@ -12,6 +12,7 @@
 #include "project/WaveSpectrum.h"
 #include "waves/FourierSpectrum.h"
 #include "waves/NamedControl.h"
+#include "waves/NumberText.h"
 #include "waves/RefuseEmpty.h"
 #include "waves/TextScan.h"
 #include "waves/WaveFile.h"

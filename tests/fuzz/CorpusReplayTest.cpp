@@ -18,9 +18,9 @@ struct Target {
 };
 
 constexpr Target kTargets[] = {
-    {"fuzz_wave_csv", fuzz::FuzzWaveCsv},
-    {"fuzz_tables", fuzz::FuzzTables},
-    {"fuzz_project", fuzz::FuzzProject},
+    {"fuzz_wave_csv", fuzz::FuzzWaveCsv}, {"fuzz_tables", fuzz::FuzzTables},
+    {"fuzz_project", fuzz::FuzzProject},  {"fuzz_zone_map", fuzz::FuzzZoneMap},
+    {"fuzz_answer", fuzz::FuzzAnswer},
 };
 
 void PrintTo(const Target& target, std::ostream* out) {

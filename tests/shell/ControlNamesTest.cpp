@@ -67,7 +67,7 @@ class ControlNamesTest : public test::ShellTest {
     doors.files = &files;
     doors.askRoute = [](bool, QWidget*) { return TopChoice::ResponseRoute; };
     doors.endProgram = [](int) {};
-    app = std::make_unique<MorvaneApp>(settings, ProgramScreens(), doors);
+    app = std::make_unique<CMorvaneApp>(settings, ProgramScreens(), doors);
     ExpectOffline();
     ASSERT_EQ(Start(), std::nullopt);
   }
@@ -100,6 +100,17 @@ TEST_F(ControlNamesTest, DialogsOfTheShellHaveThemToo) {
   EXPECT_THAT(Unnamed(CDlgTop(true)), IsEmpty());
   EXPECT_THAT(Unnamed(CDlgTop(false)), IsEmpty());
   EXPECT_THAT(Unnamed(CAboutDlg({QStringLiteral("LowSpec")}, nullptr)), IsEmpty());
+}
+
+TEST_F(ControlNamesTest, DialogOfTheMenuBelongsToTheWindowWhileAnotherProgramIsInFront) {
+  QApplication::setActiveWindow(nullptr);
+  QWidget* parent = nullptr;
+  test::WhenModal(QStringLiteral("CDlgAdjustSetting"), [&](QWidget* dialog) {
+    parent = dialog->parentWidget();
+    dialog->close();
+  });
+  Trigger(Menu()->adjustSettings);
+  EXPECT_EQ(parent, app->Frame());
 }
 
 TEST_F(ControlNamesTest, EntriesOfTheMenuHaveNamesAndHints) {

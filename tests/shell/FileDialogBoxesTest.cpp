@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QFileDialog>
 #include <QListView>
+#include <QMainWindow>
 #include <QStandardPaths>
 #include <QTest>
 
@@ -52,6 +53,22 @@ TEST_F(FileDialogBoxesTest, SaveProposesItsNameInTheProjectsFolder) {
     EXPECT_THAT(dialog->nameFilters(), testing::ElementsAre("Tremlo files (*.trml)", "All Files (*.*)"));
     dialog->reject();
   });
+  EXPECT_EQ(boxes.AskSavePath(question), QString());
+}
+
+TEST_F(FileDialogBoxesTest, DialogBelongsToTheMainWindowWhileAnotherProgramIsInFront) {
+  QMainWindow frame;
+  frame.show();
+  const auto expectParent = [&] {
+    QApplication::setActiveWindow(nullptr);
+    WhenShown([&](QFileDialog* dialog) {
+      EXPECT_EQ(dialog->parentWidget(), &frame);
+      dialog->reject();
+    });
+  };
+  expectParent();
+  EXPECT_EQ(boxes.AskOpenPath(question), QString());
+  expectParent();
   EXPECT_EQ(boxes.AskSavePath(question), QString());
 }
 

@@ -2,6 +2,7 @@
 #include "shell/ShellParts.h"
 
 #include <QAbstractButton>
+#include <QMainWindow>
 #include <QMessageBox>
 #include <QTest>
 
@@ -90,6 +91,16 @@ TEST_F(MessageBoxPromptTest, IconIsTheOneAskedFor) {
       EXPECT_EQ(window->icon(), shown);
       window->close();
     });
+}
+
+TEST_F(MessageBoxPromptTest, BoxBelongsToTheMainWindowWhileAnotherProgramIsInFront) {
+  QMainWindow frame;
+  frame.show();
+  QApplication::setActiveWindow(nullptr);
+  Answer(question, [&](QMessageBox* window) {
+    EXPECT_EQ(window->parentWidget(), &frame);
+    window->close();
+  });
 }
 
 TEST_F(MessageBoxPromptTest, WorkerWaitsForTheAnswer) {

@@ -114,7 +114,7 @@ void ShellTest::Make(bool withGuidelineRoute) {
   doors.endProgram = [this](int status) { ended.push_back(status); };
   ScreenTable screens = LoggingScreens(log, withGuidelineRoute);
   screens.runs.calculateFaultSpectra = [this](const ScreenParts&) { return faultSpectraWork; };
-  app = std::make_unique<MorvaneApp>(settings, std::move(screens), doors);
+  app = std::make_unique<CMorvaneApp>(settings, std::move(screens), doors);
 }
 
 void ShellTest::ExpectOffline() {

@@ -94,7 +94,7 @@ class ShellTest : public testing::Test {
   std::deque<TopChoice> choices;  ///< answers of the top screen
   bool faultSpectraWork = true;
   std::vector<int> ended;  ///< status of each call that ends the program
-  std::unique_ptr<MorvaneApp> app;
+  std::unique_ptr<CMorvaneApp> app;
 };
 
 }  // namespace tremlo::test

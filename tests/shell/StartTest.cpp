@@ -65,7 +65,7 @@ TEST_F(StartTest, ScreensAreMadeInTheirOrder) {
 
 TEST_F(StartTest, FrameStandsInTheMiddleOfTheMonitorOrFillsASmallerOne) {
   StartNew(TopChoice::ResponseRoute);
-  const MainFrame* frame = app->Frame();
+  const CMainFrame* frame = app->Frame();
   const QRect monitor = frame->screen()->geometry();
   const QRect stated(monitor.x() + monitor.width() / 2 - 600, monitor.y() + monitor.height() / 2 - 400, 1200,
                      800);
@@ -77,8 +77,8 @@ TEST_F(StartTest, SecondInstanceIsTold) {
   StartNew(TopChoice::ResponseRoute);
   test::ScriptedPrompt told;
   told.ExpectMessage(QStringLiteral("既に起動されています。"), PromptIcon::Stop);
-  MorvaneApp second(settings, test::LoggingScreens(log, false),
-                    {.prompt = &told, .files = nullptr, .askRoute = {}, .endProgram = {}});
+  CMorvaneApp second(settings, test::LoggingScreens(log, false),
+                     {.prompt = &told, .files = nullptr, .askRoute = {}, .endProgram = {}});
   EXPECT_EQ(second.Start({QStringLiteral("tremlo")}), 0);
   EXPECT_EQ(second.Frame(), nullptr);
 }

@@ -28,7 +28,7 @@ int main(int argc, char* argv[]) {
     return 2;
   }
   const QApplication application(argc, argv);
-  tremlo::MorvaneApp program(TestSettings(), tremlo::ProgramScreens());
+  tremlo::CMorvaneApp program(TestSettings(), tremlo::ProgramScreens());
   const std::optional<int> ended = program.Start(QCoreApplication::arguments());
   return ended ? *ended : QApplication::exec();
 }

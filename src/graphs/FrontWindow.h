@@ -1,0 +1,12 @@
+#pragma once
+
+class QWidget;
+
+namespace tremlo {
+
+/// The window that a box or dialog belongs in front of, to be its parent: the dialog that is up, else the
+/// window in use, else, while another program is in front, the program's main window. Null as long as none of
+/// them is on the screen.
+QWidget* FrontWindow();
+
+}  // namespace tremlo
