@@ -16,6 +16,7 @@ from desktop import PATIENCE, NotReached, wait_until
 ROLE = Atspi.Role
 STATE = Atspi.StateType
 WINDOWS = (ROLE.FRAME, ROLE.DIALOG, ROLE.ALERT, ROLE.WINDOW)
+FILE_NAME = "ファイル名(N):"
 BUTTONS = (ROLE.PUSH_BUTTON, ROLE.CHECK_BOX, ROLE.RADIO_BUTTON, ROLE.TOGGLE_BUTTON)
 
 
@@ -110,6 +111,7 @@ class Program:
         try:
             return wait_until(tried, what, patience)
         except NotReached as error:
+            self.screenshot(f"failed_{self.process.pid}")
             raise NotReached(f"{error}\nshown: {self.shown()}") from None
 
     def shown(self):
@@ -236,9 +238,14 @@ class Program:
     def choose_file(self, title, path):
         """Types a path into the file dialog of that title."""
         self.until(lambda: self.file_dialog(title), f"file dialog {title}")
-        self.until(lambda: (self.focused() or ("", ""))[1].startswith("ファイル名"), "focus on the file's name")
-        self.keys("ctrl+a")
-        self.type(str(path))
+        self.until(lambda: (self.focused() or ("", ""))[1] == FILE_NAME, "focus on the file's name")
+        for _ in range(3):
+            # Qt's completion may put in a name of its own while it reads the folder that is being typed.
+            self.keys("ctrl+a")
+            self.type(str(path))
+            self.until(lambda: self.text(FILE_NAME).endswith(path.name[-4:]), "path typed")
+            if self.text(FILE_NAME) == str(path):
+                break
         self.keys("Return")
         self.until(lambda: not self.file_dialog(title), f"file dialog {title} closed")
 

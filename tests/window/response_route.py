@@ -360,8 +360,8 @@ class Route(unittest.TestCase):
 def main():
     global tools
     words = argparse.ArgumentParser()
-    words.add_argument("--program", required=True)
-    words.add_argument("--bin", required=True, type=pathlib.Path)
+    words.add_argument("--program", required=True, type=lambda path: pathlib.Path(path).resolve())
+    words.add_argument("--bin", required=True, type=lambda path: pathlib.Path(path).resolve())
     words.add_argument("cases", nargs="+")
     tools = words.parse_args()
     suite = unittest.TestSuite(Route(case) for case in tools.cases)
