@@ -12,7 +12,7 @@ bool IsDark(const QPalette& palette) {
 }
 
 QColor Between(const QColor& a, const QColor& b) {
-  return QColor((a.red() + b.red()) / 2, (a.green() + b.green()) / 2, (a.blue() + b.blue()) / 2);
+  return {(a.red() + b.red()) / 2, (a.green() + b.green()) / 2, (a.blue() + b.blue()) / 2};
 }
 
 }  // namespace

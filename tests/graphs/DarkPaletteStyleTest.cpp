@@ -19,7 +19,7 @@ double Luminance(const QColor& color) {
   return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
 }
 double Contrast(const QColor& a, const QColor& b) {
-  const auto [low, high] = std::minmax(Luminance(a), Luminance(b));
+  const auto [low, high] = std::minmax({Luminance(a), Luminance(b)});
   return (high + 0.05) / (low + 0.05);
 }
 
