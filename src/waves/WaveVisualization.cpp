@@ -26,6 +26,7 @@ namespace {
 constexpr std::int32_t kSeedColor = 0xFF3232;
 constexpr std::int32_t kAdjustedColor = 0x0000FF;
 constexpr int kKeySize = 12;
+constexpr int kLeastDigits = 7;  // of a number that is read in the narrowest window
 
 QString SeedName() {
   return QStringLiteral("原種波形");
@@ -45,6 +46,8 @@ CExpEdit* ReadOnlyEdit(const char* objectName, QWidget* parent) {
   auto* const edit = new CExpEdit(parent);
   edit->setObjectName(QLatin1String(objectName));
   edit->setReadOnly(true);
+  edit->setMinimumWidth(edit->minimumSizeHint().width() +
+                        kLeastDigits * edit->fontMetrics().horizontalAdvance(u'0'));
   return edit;
 }
 

@@ -86,6 +86,20 @@ TEST_F(RespVisualizationScreen, TheWaveIsShown) {
   EXPECT_TRUE(Draws(kAdjustedRgb));
 }
 
+TEST_F(RespVisualizationScreen, CountAndTimeStepAreReadInTheNarrowestWindow) {
+  Wave().acc.resize(1000000);
+  Wave().timeStep = 0.0025;
+  screen.Refresh();
+  screen.window()->resize(screen.window()->minimumSizeHint());
+  Settle();
+  for (const char* name : {"countEdit", "timeStepEdit"}) {
+    const auto& edit = driver.Find<CExpEdit>(name);
+    auto& field = driver.Find<QLineEdit>(name);
+    EXPECT_EQ(field.cursorPositionAt({0, 5}), 0) << name;
+    EXPECT_EQ(field.cursorPositionAt({field.width() - 1, 5}), edit.GetText().size()) << name;
+  }
+}
+
 TEST_F(RespVisualizationScreen, WithoutAnAdjustmentOnlyTheSeedIsShown) {
   Wave().adjusted = false;
   screen.Prepare();
