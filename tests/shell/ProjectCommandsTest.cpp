@@ -127,14 +127,29 @@ TEST_F(ProjectCommandsTest, ProjectOfARouteWithoutScreensIsRefusedBeforeAnything
   EXPECT_EQ(Title(), unnamedTitle);
 }
 
-TEST_F(ProjectCommandsTest, CutFileOfARouteWithoutScreensIsRefusedToo) {
+TEST_F(ProjectCommandsTest, CutFileOfARouteWithoutScreensIsABrokenFileAndChangesNothing) {
   StartNew(TopChoice::ResponseRoute);
+  OpenFile(SavedProject(QStringLiteral("a.trml"), false));
+  const test::DocumentState before(Doc());
   const QByteArray whole = test::ReadAll(SavedProject(QStringLiteral("指針.trml"), true));
-  const QString path = folder.Write(QStringLiteral("cut.trml"), whole.left(20));
-  prompt.ExpectMessage(
-      QStringLiteral("「指針に沿って解析波形を作成」のプロジェクトは、この版では開けません。\n") + path);
+  // What is no project at all may begin like one of that route.
+  for (const QByteArray& content : {whole.left(20), QByteArray("%PDF-1.7\n1 0 obj\n")}) {
+    const QString path = folder.Write(QStringLiteral("broken.trml"), content);
+    prompt.ExpectMessage(Failure(path));
+    OpenFile(path);
+    prompt.CheckUsedUp();
+    EXPECT_THAT(test::DocumentState(Doc()).DifferencesTo(before), IsEmpty());
+  }
+}
+
+TEST_F(ProjectCommandsTest, RecentFileThatHasBecomeSomethingElseLeavesTheList) {
+  StartNew(TopChoice::ResponseRoute);
+  const QString path = SavedProject(QStringLiteral("a.trml"), false);
   OpenFile(path);
-  EXPECT_FALSE(Doc().guidelineRoute);
+  folder.Write(QStringLiteral("a.trml"), "%PDF-1.7\n1 0 obj\n");
+  prompt.ExpectMessage(Failure(path));
+  OpenRecent(0);
+  EXPECT_THAT(RecentTexts(), IsEmpty());
 }
 
 TEST_F(ProjectCommandsTest, GuidelineProjectOpensWhereItsScreensAre) {
