@@ -78,14 +78,15 @@ void WaveVisualization::MakeSwitches() {
 }
 
 void WaveVisualization::MakeExportButtons(const Texts& texts) {
-  const auto make = [this](const char* objectName, const QString& text, Export write) {
+  const auto make = [this](const char* objectName, const QString& text, const QString& ending, Export write) {
     auto* const button = NamedButton<QPushButton>(objectName, text, this);
-    connect(button, &QAbstractButton::clicked, this, [this, text, write] { AskAndExport(text, write); });
+    connect(button, &QAbstractButton::clicked, this,
+            [this, text, ending, write] { AskAndExport(text, ending, write); });
     return button;
   };
-  m_exportSeedButton = make("exportSeedButton", texts.exportSeed, &WaveVisualization::ExportSeed);
-  m_exportAdjustedButton =
-      make("exportAdjustedButton", texts.exportAdjusted, &WaveVisualization::ExportAdjusted);
+  m_exportSeedButton = make("exportSeedButton", texts.exportSeed, {}, &WaveVisualization::ExportSeed);
+  m_exportAdjustedButton = make("exportAdjustedButton", texts.exportAdjusted, QStringLiteral("_調整後"),
+                                &WaveVisualization::ExportAdjusted);
 }
 
 void WaveVisualization::MakeGraphPanel() {
@@ -155,10 +156,11 @@ void WaveVisualization::SetSwitch(std::int32_t CMorvaneDoc::*field, bool on) {
   m_graphPanel->Refresh();
 }
 
-void WaveVisualization::AskAndExport(const QString& title, Export write) {
-  const SavePath path = SplitSavePath(m_files.AskSavePath(WaveFileToWrite(title)));
+void WaveVisualization::AskAndExport(const QString& title, const QString& ending, Export write) {
   CSeismicWave* const wave = Wave();
   if (!wave) return;
+  const QString name = FileNameOfWave(wave->name, ending);
+  const SavePath path = SplitSavePath(m_files.AskSavePath(WaveFileToWrite(title, name)));
   const WaitCursor waiting;
   (this->*write)(*wave, path);
 }

@@ -226,6 +226,7 @@ TEST_F(RespVisualizationScreen, TheSeedExportWritesThreeFilesAndStoresTheSpectru
   EXPECT_TRUE(doc.IsModified());
   EXPECT_EQ(files.saved.at(0).nameFilters, "CSVファイル (*.csv)");
   EXPECT_EQ(files.saved.at(0).suffix, "csv");
+  EXPECT_EQ(files.saved.at(0).proposedName, "W.csv");
 }
 
 TEST_F(RespVisualizationScreen, TheSeedExportUsesAStoredSpectrum) {
@@ -248,6 +249,7 @@ TEST_F(RespVisualizationScreen, TheAdjustedExportUsesTheStoredVectors) {
   EXPECT_EQ(DataLines(folder.Path("adj.csv")), 128);
   EXPECT_TRUE(ReadAll(folder.Path("adj_AccSpec.csv")).endsWith("\n2.5, 88\n"));
   EXPECT_FALSE(Wave().spectrumValid);
+  EXPECT_EQ(files.saved.at(0).proposedName, "W_調整後.csv") << "not that of the seed wave's file";
 }
 
 TEST_F(RespVisualizationScreen, TheAdjustedExportWithoutAResultWritesNoFile) {
