@@ -151,7 +151,7 @@ void WaveRegistration::BuildBody(QHBoxLayout* nameRow, std::vector<QWidget*> con
   controls.insert(controls.end(), {m_timeStepEdit, m_sampleGrid, m_extremeGrid});
   const std::vector<QWidget*> graphControls = m_graphPanel->Controls();
   controls.insert(controls.end(), graphControls.begin(), graphControls.end());
-  for (std::size_t i = 1; i < controls.size(); ++i) setTabOrder(controls[i - 1], controls[i]);
+  SetTabOrder(*this, controls);
 }
 
 void WaveRegistration::ShowWave() {

@@ -130,7 +130,7 @@ void WaveVisualization::BuildBody(QHBoxLayout* firstRow, std::vector<QWidget*> c
 
   const std::vector<QWidget*> graphControls = m_graphPanel->Controls();
   controls.insert(controls.end(), graphControls.begin(), graphControls.end());
-  for (std::size_t i = 1; i < controls.size(); ++i) setTabOrder(controls[i - 1], controls[i]);
+  SetTabOrder(*this, controls);
 }
 
 void WaveVisualization::Refresh() {

@@ -204,6 +204,25 @@ TEST_F(WholeProgramTest, ANewProjectAfterARunShowsNothingOfTheOld) {
   EXPECT_EQ(Active(), ScreenId::RespAdjustSpectrum);
 }
 
+TEST_F(WholeProgramTest, EachScreenBeginsWithItsFirstControl) {
+  const auto focus = [] { return QApplication::focusWidget()->objectName(); };
+  const auto onScreen = [this] {
+    return app->Frame()->ScreenOnDisplay()->isAncestorOf(QApplication::focusWidget());
+  };
+  EXPECT_EQ(focus(), "nameEdit") << "as the program comes up";
+  Fit();
+  for (const auto& [step, first] : {std::pair(FlowStep::RespAdjustSpectrum, "nameEdit"),
+                                    std::pair(FlowStep::RespVisualization, "nameCombo"),
+                                    std::pair(FlowStep::RespOrigSeismicWave, "nameEdit")}) {
+    Step(step);
+    EXPECT_EQ(focus(), QLatin1String(first));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
+    EXPECT_FALSE(onScreen()) << "there is none before it, but " << focus().toStdString();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(focus(), QLatin1String(first));
+  }
+}
+
 TEST_F(WholeProgramTest, NoProjectIsTakenWhileADialogOfSettingsIsOpen) {
   Fit();
   const QString other = SavedProject("other.trml", false);
