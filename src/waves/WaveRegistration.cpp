@@ -156,6 +156,16 @@ void WaveRegistration::BuildBody(QHBoxLayout* nameRow, std::vector<QWidget*> con
 
 void WaveRegistration::ShowWave() {
   const CSeismicWave* const shown = Wave();
+  // The same wave, shown again when the user is back from another screen, stays where it was read.
+  if (!shown || m_shown != std::tuple(shown->name, shown->acc.size(), shown->timeStep)) FillSampleGrid();
+  ShowTimeStep();
+  m_timeStepEdit->setEnabled(shown != nullptr);
+  m_sampleGrid->setEnabled(shown != nullptr);
+  ShowData();
+}
+
+void WaveRegistration::FillSampleGrid() {
+  const CSeismicWave* const shown = Wave();
   const auto samples = [this] {
     CSeismicWave* const wave = Wave();
     return wave ? &wave->acc : nullptr;
@@ -167,15 +177,13 @@ void WaveRegistration::ShowWave() {
   m_sampleGrid->SetData(std::make_shared<NumberRows>(std::vector<NumberRows::Column>{
       {QStringLiteral("時間 (sec)"), nullptr, time, TimeDecimals(shown ? shown->timeStep : 0.0), {}},
       {QStringLiteral("加速度 (gal)"), samples, nullptr, {}, kBlankSample}}));
+  m_sampleGrid->scrollToTop();
   for (CSpread7* const grid : {m_sampleGrid, m_extremeGrid}) grid->SetColumnWidth(1, kTimeWidth);
-  ShowTimeStep();
-  m_timeStepEdit->setEnabled(shown != nullptr);
-  m_sampleGrid->setEnabled(shown != nullptr);
-  ShowData();
 }
 
 void WaveRegistration::ShowData() {
   const CSeismicWave* const wave = Wave();
+  m_shown = wave ? std::tuple(wave->name, wave->acc.size(), wave->timeStep) : decltype(m_shown)();
   m_countEdit->SetText(wave ? QString::number(wave->acc.size()) : QString());
   m_sampleGrid->Refresh();
   ShowExtremes();
