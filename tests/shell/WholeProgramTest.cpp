@@ -361,5 +361,111 @@ TEST_F(WholeProgramTest, OddWavesAreShownOnEveryScreenAndGraph) {
   }
 }
 
+TEST_F(WholeProgramTest, NamesOfEveryKindAreKeptAndExported) {
+  MakeFittingFiles();
+  Read(folder.Path("wave.csv"));
+  for (const QString& name :
+       {QString("a, b"), QString("\"q\""), QString(300, u'長'), QString::fromUtf8("🌊波"), QString("<b>x</b>"),
+        QString("a\tb"), QString("%s%n"), QString(".."), QString("/etc/x"), QString(" ")}) {
+    SCOPED_TRACE(name.toStdString());
+    Step(FlowStep::RespOrigSeismicWave);
+    Type("nameEdit", name);
+    EXPECT_EQ(Wave().name, name);
+    Wave().adjusted = true;  // no run
+    Step(FlowStep::RespAdjustSpectrum);
+    Type("nameEdit", name);
+    EXPECT_EQ(Doc().respSpectra.At(0).name, name);
+    Step(FlowStep::RespVisualization);
+    EXPECT_EQ(Find<QComboBox>("nameCombo")->currentText(), name);
+    files.Expect("save", folder.Path("n.csv"));
+    PressButton("exportSeedButton");
+    EXPECT_EQ(files.last.proposedName, FileNameOfWave(name, ""));
+    QString read;
+    double step = 0.0;
+    std::vector<double> acc;
+    EXPECT_EQ(ReadWaveFile(folder.Path("n.csv"), read, step, acc), std::nullopt);
+    EXPECT_EQ(acc.size(), 256u);
+    files.Expect("save", folder.Path("n.trml"));
+    Menu()->saveProjectAs->trigger();
+    CMorvaneDoc other(folder.Path());
+    EXPECT_EQ(OpenProject(other, folder.Path("n.trml")).result, OpenResult::kOpened);
+    EXPECT_EQ(other.seedWaves.At(0).name, name);
+    EXPECT_EQ(other.respSpectra.At(0).name, name);
+  }
+}
+
+TEST_F(WholeProgramTest, AProjectThatIsOpenedAndLookedAtIsSavedByteForByte) {
+  Fit();
+  PressButton("specButton");  // the seed's spectrum is stored too
+  app->Frame()->grab();
+  files.Expect("save", folder.Path("p.trml"));
+  Menu()->saveProject->trigger();
+  const QByteArray saved = test::ReadAll(folder.Path("p.trml"));
+  files.Expect("open", folder.Path("p.trml"));
+  Menu()->openProject->trigger();
+  for (const FlowStep step :
+       {FlowStep::RespAdjustSpectrum, FlowStep::RespVisualization, FlowStep::RespOrigSeismicWave}) {
+    Step(step);
+    app->Frame()->grab();
+  }
+  EXPECT_FALSE(Doc().IsModified());
+  QFile::remove(folder.Path("p.trml"));
+  Menu()->saveProject->trigger();
+  EXPECT_EQ(test::ReadAll(folder.Path("p.trml")), saved);
+}
+
+TEST_F(WholeProgramTest, AMillionSamplesAreShownAndEdited) {
+  constexpr int kCount = 1000000;
+  std::vector<double> times(kCount), acc(kCount);
+  for (std::size_t i = 0; i < acc.size(); ++i) {
+    times[i] = 0.005 * static_cast<double>(i);
+    acc[i] = 100.0 * std::sin(0.01 * static_cast<double>(i));
+  }
+  ASSERT_TRUE(WriteCsv(folder.Path("long.csv"), "long", 0.005, times, acc));
+  Read(folder.Path("long.csv"));
+  EXPECT_EQ(Find<QLineEdit>("countEdit")->text(), "1000000");
+  for (const char* kind : {"fourierButton", "timeButton"}) {
+    PressButton(kind);
+    app->Frame()->grab();
+  }
+  TypeCell("sampleGrid", kCount, 2, "2.5");
+  EXPECT_EQ(Wave().acc.back(), 2.5);
+  EXPECT_EQ(Find<CSpread7>("sampleGrid")->GetCellText(kCount, 1), "4999.995");
+}
+
+TEST_F(WholeProgramTest, MenusOpenByTheirLetters) {
+  for (const auto& [letter, name] : {std::pair(Qt::Key_F, "fileMenu"), std::pair(Qt::Key_E, "settingsMenu"),
+                                     std::pair(Qt::Key_H, "helpMenu")}) {
+    QTest::keyClick(app->Frame(), letter, Qt::AltModifier);
+    QWidget* const menu = QApplication::activePopupWidget();
+    ASSERT_NE(menu, nullptr) << name;
+    EXPECT_EQ(menu->objectName(), QLatin1String(name));
+    QTest::keyClick(menu, Qt::Key_Escape);
+    QTest::keyClick(Menu(), Qt::Key_Escape);
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), "nameEdit") << "and the focus is back";
+  }
+}
+
+TEST_F(WholeProgramTest, EveryDialogIsLeftByEscapeAndItsCloseBoxWithoutAChange) {
+  const auto leave = [this](const char* dialog, const std::function<void()>& open) {
+    for (const bool byKey : {true, false}) {
+      bool seen = false;
+      test::WhenModal(QLatin1String(dialog), [&](QWidget* window) {
+        seen = true;
+        byKey ? QTest::keyClick(window, Qt::Key_Escape) : static_cast<void>(window->close());
+      });
+      open();
+      EXPECT_TRUE(seen) << dialog;
+    }
+  };
+  leave("aboutDlg", [this] { Menu()->about->trigger(); });
+  leave("CDlgAdjustSetting", [this] { Menu()->adjustSettings->trigger(); });
+  leave("CDlgGraphEdit", [this] { PressButton("settingsButton"); });
+  Step(FlowStep::RespAdjustSpectrum);
+  const DocumentState withTarget(Doc());
+  leave("CDlgGraphEditBaseSpec", [this] { PressButton("settingsButton"); });
+  EXPECT_THAT(DocumentState(Doc()).DifferencesTo(withTarget), IsEmpty());
+}
+
 }  // namespace
 }  // namespace tremlo
