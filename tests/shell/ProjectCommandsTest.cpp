@@ -85,10 +85,15 @@ TEST_F(ProjectCommandsTest, FileThatIsNotThereLeavesTheProjectAlone) {
   StartNew(TopChoice::ResponseRoute);
   const QString path = SavedProject(QStringLiteral("a.trml"), false);
   OpenFile(path);
+  Press(FlowStep::RespAdjustSpectrum);
+  Doc().SetModified(true);
   const QString missing = folder.Path(QStringLiteral("none.trml"));
+  ExpectSaveQuestion(QStringLiteral("a.trml"), PromptAnswer::No);
   prompt.ExpectMessage(Failure(missing));
   OpenFile(missing);
   EXPECT_EQ(Doc().PathName(), path);
+  EXPECT_TRUE(Doc().IsModified()) << "what was not saved is still there";
+  EXPECT_EQ(app->Procedure().ActiveScreen(), ScreenId::RespAdjustSpectrum);
 }
 
 TEST_F(ProjectCommandsTest, FailedRecentFileLeavesTheList) {
@@ -254,6 +259,8 @@ TEST_F(ProjectCommandsTest, TopScreenThatCannotBeShownFailsTheNew) {
   prompt.ExpectMessage(QStringLiteral("トップ画面を表示させることができませんでした。"));
   Menu()->newProject->trigger();
   EXPECT_THAT(ended, IsEmpty());
+  EXPECT_THAT(TakeLog(), ElementsAre("top, response route", "box", "refresh 59662"))
+      << "the screen shows the emptied project";
 }
 
 TEST_F(ProjectCommandsTest, ModifiedProjectIsAskedAboutBeforeTheTopScreen) {
@@ -358,6 +365,10 @@ TEST_F(PendingEntryTest, AnotherProjectAsksAboutIt) {
   ExpectSaveQuestion(QStringLiteral("a.trml"), PromptAnswer::Cancel);
   OpenRecent(0);
   EXPECT_EQ(Doc().site.siteName, u"dam2");
+  QTest::keyClicks(field, QStringLiteral("3"));
+  ExpectSaveQuestion(QStringLiteral("a.trml"), PromptAnswer::Cancel);
+  Q_EMIT app->Frame()->FileDropped(Doc().PathName());
+  EXPECT_EQ(Doc().site.siteName, u"dam23");
 }
 
 TEST_F(PendingEntryTest, RefusedOneStopsTheCommand) {

@@ -36,7 +36,10 @@ class WholeProgramTest : public test::ShellTest {
     ProgramDoors doors;
     doors.prompt = &prompt;
     doors.files = &files;
-    doors.askRoute = [](bool, QWidget*) { return TopChoice::ResponseRoute; };
+    doors.askRoute = [this](bool, QWidget*) {
+      titleBehindTop = app->Frame() ? Title() : QString();
+      return TopChoice::ResponseRoute;
+    };
     doors.endProgram = [this](int status) { ended.push_back(status); };
     app = std::make_unique<decltype(app)::element_type>(settings, ProgramScreens(), doors);
     ExpectOffline();
@@ -130,7 +133,17 @@ class WholeProgramTest : public test::ShellTest {
     QCoreApplication::processEvents();
     return true;
   }
+
+  QString titleBehindTop;
 };
+
+TEST_F(WholeProgramTest, ANewProjectBearsNoNameWhileItsRouteIsAsked) {
+  files.Expect("open", SavedProject("named.trml", false));
+  Menu()->openProject->trigger();
+  EXPECT_TRUE(Title().startsWith("named.trml - "));
+  Menu()->newProject->trigger();
+  EXPECT_EQ(titleBehindTop, "無題 - Tremlo Version1.00　(オフライン)");
+}
 
 TEST_F(WholeProgramTest, AChangedWaveLosesItsFitAndTheNextVisitRunsAgain) {
   Fit();
