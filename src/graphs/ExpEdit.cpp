@@ -50,6 +50,7 @@ void CExpEdit::SetCancelButton(QWidget* button) {
 
 void CExpEdit::SetText(const QString& text) {
   setText(text);
+  setCursorPosition(0);  // of a number too long for the field, the end alone would be another number
   m_savedText = text;
   m_dirty = false;
 }

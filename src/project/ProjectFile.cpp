@@ -195,11 +195,7 @@ LoadOutcome LoadProject(CMorvaneDoc& doc, std::string_view bytes) {
 OpenOutcome OpenProject(CMorvaneDoc& doc, const QString& path) {
   OpenOutcome outcome;
   QByteArray bytes;
-  try {
-    if (!ReadWholeFile(path, bytes)) return outcome;
-  } catch (const std::exception&) {  // a file that does not fit into memory
-    return outcome;
-  }
+  if (!ReadWholeFile(path, bytes)) return outcome;
   LoadOutcome load = LoadProject(doc, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
   doc.SetPathName(load.whole ? path : QString());
   doc.SetModified(false);

@@ -6,6 +6,8 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFileSystemModel>
+#include <QLineEdit>
+#include <QRegularExpression>
 #include <QStandardPaths>
 
 namespace tremlo {
@@ -21,6 +23,27 @@ void ShowAllFiles(QFileDialog& dialog) {
   });
 }
 
+/// Qt adds its suffix to a name without a point alone, but "0.02s" is part of a name.
+class SaveDialog : public QFileDialog {
+ public:
+  using QFileDialog::QFileDialog;
+
+ protected:
+  void accept() override {
+    // Before Qt looks whether the file is there.
+    auto* const edit = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    if (edit && LacksExtension(edit->text())) edit->setText(edit->text() + u'.' + defaultSuffix());
+    QFileDialog::accept();
+  }
+
+ private:
+  bool LacksExtension(const QString& text) const {
+    static const QRegularExpression kExtension(QStringLiteral("^[A-Za-z][A-Za-z0-9]{0,4}$"));
+    const QFileInfo file(directory().filePath(text));
+    return file.fileName().contains(u'.') && !file.isDir() && !kExtension.match(file.suffix()).hasMatch();
+  }
+};
+
 }  // namespace
 
 QString FileDialogBoxes::AskOpenPath(const FileQuestion& question) {
@@ -31,7 +54,7 @@ QString FileDialogBoxes::AskOpenPath(const FileQuestion& question) {
 }
 
 QString FileDialogBoxes::AskSavePath(const FileQuestion& question) {
-  QFileDialog dialog(FrontWindow());
+  SaveDialog dialog(FrontWindow());
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
   return Ask(dialog, question);

@@ -24,7 +24,7 @@ bool ProjectCommands::StartNew() {
 
 bool ProjectCommands::StartWithFile(const QString& path) {
   const QString absolute = QFileInfo(path).absoluteFilePath();
-  if (RouteIsRefused(absolute)) return false;
+  if (RefuseByRoute(absolute)) return false;
   const OpenOutcome outcome = OpenProject(m_parts.doc, absolute);
   if (outcome.tableFailure) {
     EndAfter(*outcome.tableFailure);
@@ -101,7 +101,8 @@ bool ProjectCommands::MayLeaveProject() {
 
 ProjectCommands::OpenEnd ProjectCommands::OpenFile(const QString& path) {
   const QString absolute = QFileInfo(path).absoluteFilePath();
-  if (RouteIsRefused(absolute) || !MayLeaveProject()) return OpenEnd::Declined;
+  if (const std::optional<OpenEnd> refused = RefuseByRoute(absolute)) return *refused;
+  if (!MayLeaveProject()) return OpenEnd::Declined;
   const OpenOutcome outcome = OpenProject(m_parts.doc, absolute);
   if (outcome.tableFailure) {
     EndAfter(*outcome.tableFailure);
@@ -118,17 +119,22 @@ ProjectCommands::OpenEnd ProjectCommands::OpenFile(const QString& path) {
   return opened ? OpenEnd::Opened : OpenEnd::Failed;
 }
 
-bool ProjectCommands::RouteIsRefused(const QString& path) {
-  if (m_parts.shell.HasRoute(true)) return false;
+std::optional<ProjectCommands::OpenEnd> ProjectCommands::RefuseByRoute(const QString& path) {
+  if (m_parts.shell.HasRoute(true)) return std::nullopt;
   QByteArray bytes;
-  if (!ReadWholeFile(path, bytes)) return false;  // the open itself tells it
+  if (!ReadWholeFile(path, bytes)) return std::nullopt;  // the open itself tells it
   CMorvaneDoc other(m_parts.doc.ProgramFolder());
-  LoadProject(other, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
-  if (!other.guidelineRoute) return false;
+  const LoadOutcome load = LoadProject(other, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+  if (!other.guidelineRoute) return std::nullopt;
+  if (!load.whole) {
+    // The route would be shown as far as it was read, and has no screens.
+    m_parts.prompt.Tell(OpenFailureText(path));
+    return OpenEnd::Failed;
+  }
   m_parts.prompt.Tell(
       QStringLiteral("「指針に沿って解析波形を作成」のプロジェクトは、この版では開けません。\n") +
       QDir::toNativeSeparators(path));
-  return true;
+  return OpenEnd::Declined;
 }
 
 bool ProjectCommands::ResetDocument() {

@@ -58,7 +58,8 @@ class ProjectCommands {
   enum class OpenEnd { Opened, Failed, Declined };
 
   OpenEnd OpenFile(const QString& path);
-  bool RouteIsRefused(const QString& path);
+  /// Tells and refuses a project of a route without screens; empty for any other file.
+  std::optional<OpenEnd> RefuseByRoute(const QString& path);
   bool ResetDocument();
   bool SaveTo(const QString& path);
   void EndAfter(const TableFailure& failure);

@@ -91,7 +91,7 @@ void CFrmRespAdjustSpectrum::LayOut() {
   std::vector<QWidget*> controls{m_nameEdit, m_readButton, m_spectrumGrid};
   const std::vector<QWidget*> graphControls = m_graphPanel->Controls();
   controls.insert(controls.end(), graphControls.begin(), graphControls.end());
-  for (std::size_t i = 1; i < controls.size(); ++i) setTabOrder(controls[i - 1], controls[i]);
+  SetTabOrder(*this, controls);
 }
 
 CSeismicWave* CFrmRespAdjustSpectrum::Target() {

@@ -3,6 +3,8 @@
 #include <QLabel>
 #include <QString>
 
+#include <vector>
+
 namespace tremlo {
 
 /// A control with the name by which programs find it and the name that a screen reader says.
@@ -27,6 +29,20 @@ inline QLabel* LabelFor(QWidget* field, const QString& text) {
   label->setBuddy(field);
   field->setAccessibleName(text);
   return label;
+}
+
+/// The controls of a screen in the order of the tab key, the first of them the screen's first.
+inline void SetTabOrder(QWidget& screen, const std::vector<QWidget*>& controls) {
+  // Qt puts nothing behind a widget that takes no focus, and in the ring of the chain the last control
+  // already stands before the first one.
+  const Qt::FocusPolicy policy = screen.focusPolicy();
+  screen.setFocusPolicy(Qt::TabFocus);
+  QWidget* before = &screen;
+  for (QWidget* const control : controls) {
+    QWidget::setTabOrder(before, control);
+    before = control;
+  }
+  screen.setFocusPolicy(policy);
 }
 
 }  // namespace tremlo

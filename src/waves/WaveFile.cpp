@@ -18,6 +18,7 @@ namespace tremlo {
 namespace {
 
 constexpr qsizetype kLongestName = 260;
+constexpr qsizetype kLongestFileName = 200;  // in bytes; file systems take 255, endings included
 
 /// The text up to the first comma, at least one and at most 260 UTF-16 units. Returns the rest of the line
 /// behind it, from the comma on unless the name was cut.
@@ -129,6 +130,16 @@ SavePath SplitSavePath(const QString& path) {
   const qsizetype point = path.lastIndexOf(u'.');
   if (point <= slash) return {path, QString()};
   return {path.left(point), path.mid(point)};
+}
+
+QString FileNameOfWave(const QString& waveName, const QString& ending) {
+  QString name = waveName.trimmed();
+  for (QChar& unit : name)
+    if (unit < u' ' || unit == QChar(0x7F) || QStringView(u"/\\:*?\"<>|").contains(unit)) unit = u'_';
+  if (name.startsWith(u'.')) name[0] = u'_';  // it would be hidden
+  while (name.toUtf8().size() > kLongestFileName || (!name.isEmpty() && name.back().isHighSurrogate()))
+    name.chop(1);
+  return name.isEmpty() ? QString() : name + ending + QStringLiteral(".csv");
 }
 
 QString AccSpecName(const QString& waveName) {

@@ -46,6 +46,10 @@ struct SavePath {
 };
 SavePath SplitSavePath(const QString& path);
 
+/// The name to propose for a file of the wave: its own, an ending, ".csv". Characters that a system refuses
+/// in names become "_", and a long name is cut; empty for a name of blanks alone.
+QString FileNameOfWave(const QString& waveName, const QString& ending);
+
 /// The text that WriteCsv writes; empty where it would write nothing.
 std::string CsvContent(const QString& name, double timeStep, const std::vector<double>& x,
                        const std::vector<double>& y);

@@ -12,11 +12,11 @@ inline FileQuestion WaveFileToRead(const QString& title) {
           .proposedName = {}};
 }
 
-inline FileQuestion WaveFileToWrite(const QString& title) {
+inline FileQuestion WaveFileToWrite(const QString& title, const QString& proposedName) {
   return {.title = title,
           .nameFilters = QStringLiteral("CSVファイル (*.csv)"),
           .suffix = QStringLiteral("csv"),
-          .proposedName = {}};
+          .proposedName = proposedName};
 }
 
 }  // namespace tremlo

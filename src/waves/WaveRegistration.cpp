@@ -152,10 +152,20 @@ void WaveRegistration::BuildBody(QHBoxLayout* nameRow, std::vector<QWidget*> con
   controls.insert(controls.end(), {m_timeStepEdit, m_sampleGrid, m_extremeGrid});
   const std::vector<QWidget*> graphControls = m_graphPanel->Controls();
   controls.insert(controls.end(), graphControls.begin(), graphControls.end());
-  for (std::size_t i = 1; i < controls.size(); ++i) setTabOrder(controls[i - 1], controls[i]);
+  SetTabOrder(*this, controls);
 }
 
 void WaveRegistration::ShowWave() {
+  const CSeismicWave* const shown = Wave();
+  // The same wave, shown again when the user is back from another screen, stays where it was read.
+  if (!shown || m_shown != std::tuple(shown->name, shown->acc.size(), shown->timeStep)) FillSampleGrid();
+  ShowTimeStep();
+  m_timeStepEdit->setEnabled(shown != nullptr);
+  m_sampleGrid->setEnabled(shown != nullptr);
+  ShowData();
+}
+
+void WaveRegistration::FillSampleGrid() {
   const CSeismicWave* const shown = Wave();
   const auto samples = [this] {
     CSeismicWave* const wave = Wave();
@@ -168,15 +178,13 @@ void WaveRegistration::ShowWave() {
   m_sampleGrid->SetData(std::make_shared<NumberRows>(std::vector<NumberRows::Column>{
       {QStringLiteral("時間 (sec)"), nullptr, time, TimeDecimals(shown ? shown->timeStep : 0.0), {}},
       {QStringLiteral("加速度 (gal)"), samples, nullptr, {}, kBlankSample}}));
+  m_sampleGrid->scrollToTop();
   for (CSpread7* const grid : {m_sampleGrid, m_extremeGrid}) grid->SetColumnWidth(1, kTimeWidth);
-  ShowTimeStep();
-  m_timeStepEdit->setEnabled(shown != nullptr);
-  m_sampleGrid->setEnabled(shown != nullptr);
-  ShowData();
 }
 
 void WaveRegistration::ShowData() {
   const CSeismicWave* const wave = Wave();
+  m_shown = wave ? std::tuple(wave->name, wave->acc.size(), wave->timeStep) : decltype(m_shown)();
   m_countEdit->SetText(wave ? QString::number(wave->acc.size()) : QString());
   m_sampleGrid->Refresh();
   ShowExtremes();

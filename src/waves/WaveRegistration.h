@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <memory>
+#include <tuple>
 #include <vector>
 
 class QAbstractButton;
@@ -38,9 +39,9 @@ class WaveRegistration : public Screen {
   /// Lays out what is shared below the row of the wave's name, whose controls come first in the order of the
   /// tab key.
   void BuildBody(QHBoxLayout* nameRow, std::vector<QWidget*> nameControls);
-  /// Shows all of the wave afresh.
+  /// Shows all of the wave, another one from its beginning.
   void ShowWave();
-  /// The same but for the position in the grid.
+  /// The same for a wave whose data have been changed here.
   void ShowData();
 
   CMorvaneDoc& m_doc;
@@ -56,6 +57,7 @@ class WaveRegistration : public Screen {
   void MakeGraphPanel();
   void ReadFile();
   void EnterTimeStep();
+  void FillSampleGrid();
   void ShowTimeStep();
   void ShowExtremes();
   void WidenTimeColumns();
@@ -68,6 +70,7 @@ class WaveRegistration : public Screen {
   CSpread7* m_sampleGrid;
   CSpread7* m_extremeGrid;
   WaveGraphPanel* m_graphPanel;
+  std::tuple<QString, std::size_t, double> m_shown;  ///< name, count and time step of the wave in the grid
 };
 
 }  // namespace tremlo

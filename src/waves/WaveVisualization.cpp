@@ -26,6 +26,7 @@ namespace {
 constexpr std::int32_t kSeedColor = 0xFF3232;
 constexpr std::int32_t kAdjustedColor = 0x0000FF;
 constexpr int kKeySize = 12;
+constexpr int kLeastDigits = 7;  // of a number that is read in the narrowest window
 
 QString SeedName() {
   return QStringLiteral("原種波形");
@@ -45,6 +46,8 @@ CExpEdit* ReadOnlyEdit(const char* objectName, QWidget* parent) {
   auto* const edit = new CExpEdit(parent);
   edit->setObjectName(QLatin1String(objectName));
   edit->setReadOnly(true);
+  edit->setMinimumWidth(edit->minimumSizeHint().width() +
+                        kLeastDigits * edit->fontMetrics().horizontalAdvance(u'0'));
   return edit;
 }
 
@@ -75,14 +78,15 @@ void WaveVisualization::MakeSwitches() {
 }
 
 void WaveVisualization::MakeExportButtons(const Texts& texts) {
-  const auto make = [this](const char* objectName, const QString& text, Export write) {
+  const auto make = [this](const char* objectName, const QString& text, const QString& ending, Export write) {
     auto* const button = NamedButton<QPushButton>(objectName, text, this);
-    connect(button, &QAbstractButton::clicked, this, [this, text, write] { AskAndExport(text, write); });
+    connect(button, &QAbstractButton::clicked, this,
+            [this, text, ending, write] { AskAndExport(text, ending, write); });
     return button;
   };
-  m_exportSeedButton = make("exportSeedButton", texts.exportSeed, &WaveVisualization::ExportSeed);
-  m_exportAdjustedButton =
-      make("exportAdjustedButton", texts.exportAdjusted, &WaveVisualization::ExportAdjusted);
+  m_exportSeedButton = make("exportSeedButton", texts.exportSeed, {}, &WaveVisualization::ExportSeed);
+  m_exportAdjustedButton = make("exportAdjustedButton", texts.exportAdjusted, QStringLiteral("_調整後"),
+                                &WaveVisualization::ExportAdjusted);
 }
 
 void WaveVisualization::MakeGraphPanel() {
@@ -126,7 +130,7 @@ void WaveVisualization::BuildBody(QHBoxLayout* firstRow, std::vector<QWidget*> c
 
   const std::vector<QWidget*> graphControls = m_graphPanel->Controls();
   controls.insert(controls.end(), graphControls.begin(), graphControls.end());
-  for (std::size_t i = 1; i < controls.size(); ++i) setTabOrder(controls[i - 1], controls[i]);
+  SetTabOrder(*this, controls);
 }
 
 void WaveVisualization::Refresh() {
@@ -152,10 +156,11 @@ void WaveVisualization::SetSwitch(std::int32_t CMorvaneDoc::*field, bool on) {
   m_graphPanel->Refresh();
 }
 
-void WaveVisualization::AskAndExport(const QString& title, Export write) {
-  const SavePath path = SplitSavePath(m_files.AskSavePath(WaveFileToWrite(title)));
+void WaveVisualization::AskAndExport(const QString& title, const QString& ending, Export write) {
   CSeismicWave* const wave = Wave();
   if (!wave) return;
+  const QString name = FileNameOfWave(wave->name, ending);
+  const SavePath path = SplitSavePath(m_files.AskSavePath(WaveFileToWrite(title, name)));
   const WaitCursor waiting;
   (this->*write)(*wave, path);
 }

@@ -54,7 +54,8 @@ class WaveVisualization : public Screen {
   void MakeExportButtons(const Texts& texts);
   void MakeGraphPanel();
   void SetSwitch(std::int32_t CMorvaneDoc::*field, bool on);
-  void AskAndExport(const QString& title, Export write);
+  /// `ending`: of the name that is proposed for the file.
+  void AskAndExport(const QString& title, const QString& ending, Export write);
   std::unique_ptr<CDrawGraph> MakeGraph(GraphKind kind);
   std::unique_ptr<CDrawGraph> MakeSpectrumGraph(CSeismicWave& wave);
   std::unique_ptr<CDrawGraph> MakeFourierGraph(const CSeismicWave& wave);

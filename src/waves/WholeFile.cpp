@@ -5,6 +5,7 @@
 #include <QSaveFile>
 
 #include <memory>
+#include <new>
 
 namespace tremlo {
 
@@ -33,7 +34,11 @@ bool ReadWholeFile(const QString& path, QByteArray& content) {
   if (!QFileInfo(path).isFile()) return false;
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly)) return false;
-  content = file.readAll();
+  try {
+    content = file.readAll();
+  } catch (const std::bad_alloc&) {
+    return false;
+  }
   return file.error() == QFileDevice::NoError;
 }
 

@@ -10,7 +10,8 @@
 
 namespace tremlo {
 
-/// Reads a regular file whole. False for a file that is missing, unreadable, a folder or no regular file.
+/// Reads a regular file whole. False for a file that is missing, unreadable, a folder, no regular file, or
+/// larger than memory.
 bool ReadWholeFile(const QString& path, QByteArray& content);
 
 struct FileContent {

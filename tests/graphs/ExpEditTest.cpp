@@ -223,6 +223,20 @@ TEST_F(ExpEditTest, AReadOnlyFieldPassesTheFocusOn) {
   EXPECT_TRUE(edit.hasFocus());
 }
 
+TEST_F(ExpEditTest, ALongTextIsShownFromItsBeginning) {
+  edit.setFixedWidth(60);
+  Show();
+  const auto firstShown = [this] {
+    edit.grab();  // a field scrolls as it is painted
+    return edit.cursorPositionAt({0, edit.height() / 2});
+  };
+  edit.SetText(QStringLiteral("0.0033333333333333335"));
+  EXPECT_EQ(firstShown(), 0) << "its end would be another number";
+  edit.setReadOnly(true);
+  edit.SetText(QStringLiteral("0.0016666666666666668"));
+  EXPECT_EQ(firstShown(), 0);
+}
+
 TEST_F(ExpEditTest, ColoursAreThoseSet) {
   edit.SetColors(Qt::red, Qt::yellow);
   EXPECT_EQ(edit.palette().color(QPalette::Text), QColor(Qt::red));

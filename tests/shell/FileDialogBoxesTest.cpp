@@ -44,6 +44,36 @@ TEST_F(FileDialogBoxesTest, SaveAddsTheExtension) {
   EXPECT_EQ(boxes.AskSavePath(question), folder.Path(QStringLiteral("新 b.trml")));
 }
 
+TEST_F(FileDialogBoxesTest, APointWithinANameBeginsNoExtension) {
+  doc.SetPathName(folder.Path(QStringLiteral("a.trml")));
+  const auto saved = [&](const char* typed) {
+    WhenShown([typed](QFileDialog* dialog) { Type(dialog, QString::fromUtf8(typed)); });
+    return QFileInfo(boxes.AskSavePath(question)).fileName();
+  };
+  EXPECT_EQ(saved("El Centro 0.02s"), u"El Centro 0.02s.trml");
+  EXPECT_EQ(saved("No.1 ダム"), QStringLiteral("No.1 ダム.trml"));
+  EXPECT_EQ(saved("A.B. dam"), u"A.B. dam.trml");
+  EXPECT_EQ(saved("計画.最終"), QStringLiteral("計画.最終.trml"));
+  EXPECT_EQ(saved("b.TRML"), u"b.TRML");
+  EXPECT_EQ(saved("c.bak"), u"c.bak");
+}
+
+TEST_F(FileDialogBoxesTest, TheFileWithTheAddedExtensionIsTheOneThatIsNotOverwritten) {
+  doc.SetPathName(folder.Path(QStringLiteral("a.trml")));
+  folder.Write(QStringLiteral("d 0.5.trml"), "x");
+  bool asked = false;
+  WhenShown([&](QFileDialog* dialog) {
+    WhenModal(QString(), [&asked](QWidget* box) {
+      asked = true;
+      QTest::keyClick(box, Qt::Key_Escape);
+    });
+    Type(dialog, QStringLiteral("d 0.5"));
+    dialog->reject();
+  });
+  EXPECT_EQ(boxes.AskSavePath(question), QString());
+  EXPECT_TRUE(asked);
+}
+
 TEST_F(FileDialogBoxesTest, SaveProposesItsNameInTheProjectsFolder) {
   doc.SetPathName(folder.Path(QStringLiteral("a.trml")));
   WhenShown([&](QFileDialog* dialog) {

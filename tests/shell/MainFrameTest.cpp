@@ -136,6 +136,13 @@ TEST_F(MainFrameTest, NothingIsTakenBehindADialog) {
   dialog.setModal(true);
   dialog.show();
   EXPECT_FALSE(Drop({QUrl::fromLocalFile(path)}));
+  // The drag may have come over the window before the dialog.
+  QMimeData data;
+  data.setUrls({QUrl::fromLocalFile(path)});
+  QDropEvent drop(QPoint(4, 4), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(app->Frame(), &drop);
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(Doc().PathName().isEmpty());
   Doc().SetModified(true);
   EXPECT_FALSE(app->Frame()->close()) << "and no question comes on top of it";
   EXPECT_THAT(ended, IsEmpty());
@@ -165,6 +172,13 @@ TEST_F(MainFrameTest, DroppedProjectOfARouteWithoutScreensIsRefused) {
 TEST_F(MainFrameTest, ClosingAnUnchangedProjectEndsWithoutAQuestion) {
   EXPECT_TRUE(app->Frame()->close());
   EXPECT_THAT(ended, ElementsAre(0));
+}
+
+TEST_F(MainFrameTest, AWindowThatClosesBehindTheEndKeepsItsStatus) {
+  app->EndProgram(1);
+  Doc().SetModified(true);
+  EXPECT_TRUE(app->Frame()->close()) << "without a question";
+  EXPECT_THAT(ended, ElementsAre(1));
 }
 
 TEST_F(MainFrameTest, ClosingAModifiedProjectAsksAndCancelKeepsTheWindow) {

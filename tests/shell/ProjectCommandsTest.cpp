@@ -85,10 +85,15 @@ TEST_F(ProjectCommandsTest, FileThatIsNotThereLeavesTheProjectAlone) {
   StartNew(TopChoice::ResponseRoute);
   const QString path = SavedProject(QStringLiteral("a.trml"), false);
   OpenFile(path);
+  Press(FlowStep::RespAdjustSpectrum);
+  Doc().SetModified(true);
   const QString missing = folder.Path(QStringLiteral("none.trml"));
+  ExpectSaveQuestion(QStringLiteral("a.trml"), PromptAnswer::No);
   prompt.ExpectMessage(Failure(missing));
   OpenFile(missing);
   EXPECT_EQ(Doc().PathName(), path);
+  EXPECT_TRUE(Doc().IsModified()) << "what was not saved is still there";
+  EXPECT_EQ(app->Procedure().ActiveScreen(), ScreenId::RespAdjustSpectrum);
 }
 
 TEST_F(ProjectCommandsTest, FailedRecentFileLeavesTheList) {
@@ -127,14 +132,29 @@ TEST_F(ProjectCommandsTest, ProjectOfARouteWithoutScreensIsRefusedBeforeAnything
   EXPECT_EQ(Title(), unnamedTitle);
 }
 
-TEST_F(ProjectCommandsTest, CutFileOfARouteWithoutScreensIsRefusedToo) {
+TEST_F(ProjectCommandsTest, CutFileOfARouteWithoutScreensIsABrokenFileAndChangesNothing) {
   StartNew(TopChoice::ResponseRoute);
+  OpenFile(SavedProject(QStringLiteral("a.trml"), false));
+  const test::DocumentState before(Doc());
   const QByteArray whole = test::ReadAll(SavedProject(QStringLiteral("指針.trml"), true));
-  const QString path = folder.Write(QStringLiteral("cut.trml"), whole.left(20));
-  prompt.ExpectMessage(
-      QStringLiteral("「指針に沿って解析波形を作成」のプロジェクトは、この版では開けません。\n") + path);
+  // What is no project at all may begin like one of that route.
+  for (const QByteArray& content : {whole.left(20), QByteArray("%PDF-1.7\n1 0 obj\n")}) {
+    const QString path = folder.Write(QStringLiteral("broken.trml"), content);
+    prompt.ExpectMessage(Failure(path));
+    OpenFile(path);
+    prompt.CheckUsedUp();
+    EXPECT_THAT(test::DocumentState(Doc()).DifferencesTo(before), IsEmpty());
+  }
+}
+
+TEST_F(ProjectCommandsTest, RecentFileThatHasBecomeSomethingElseLeavesTheList) {
+  StartNew(TopChoice::ResponseRoute);
+  const QString path = SavedProject(QStringLiteral("a.trml"), false);
   OpenFile(path);
-  EXPECT_FALSE(Doc().guidelineRoute);
+  folder.Write(QStringLiteral("a.trml"), "%PDF-1.7\n1 0 obj\n");
+  prompt.ExpectMessage(Failure(path));
+  OpenRecent(0);
+  EXPECT_THAT(RecentTexts(), IsEmpty());
 }
 
 TEST_F(ProjectCommandsTest, GuidelineProjectOpensWhereItsScreensAre) {
@@ -239,6 +259,8 @@ TEST_F(ProjectCommandsTest, TopScreenThatCannotBeShownFailsTheNew) {
   prompt.ExpectMessage(QStringLiteral("トップ画面を表示させることができませんでした。"));
   Menu()->newProject->trigger();
   EXPECT_THAT(ended, IsEmpty());
+  EXPECT_THAT(TakeLog(), ElementsAre("top, response route", "box", "refresh 59662"))
+      << "the screen shows the emptied project";
 }
 
 TEST_F(ProjectCommandsTest, ModifiedProjectIsAskedAboutBeforeTheTopScreen) {
@@ -343,6 +365,10 @@ TEST_F(PendingEntryTest, AnotherProjectAsksAboutIt) {
   ExpectSaveQuestion(QStringLiteral("a.trml"), PromptAnswer::Cancel);
   OpenRecent(0);
   EXPECT_EQ(Doc().site.siteName, u"dam2");
+  QTest::keyClicks(field, QStringLiteral("3"));
+  ExpectSaveQuestion(QStringLiteral("a.trml"), PromptAnswer::Cancel);
+  Q_EMIT app->Frame()->FileDropped(Doc().PathName());
+  EXPECT_EQ(Doc().site.siteName, u"dam23");
 }
 
 TEST_F(PendingEntryTest, RefusedOneStopsTheCommand) {

@@ -521,6 +521,7 @@ TEST_F(OrigSeismicWaveScreen, TheHelpButtonTellsWhatTheScreenIsFor) {
 }
 
 TEST_F(OrigSeismicWaveScreen, TheTabKeyFollowsTheReadingOrder) {
+  EXPECT_EQ(screen.nextInFocusChain(), &Combo());
   Combo().setFocus();
   std::vector<std::string> order;
   for (int i = 0; i < 9; ++i) {

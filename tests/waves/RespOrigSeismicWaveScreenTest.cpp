@@ -407,6 +407,22 @@ TEST_F(RespOrigSeismicWaveScreen, TheHelpButtonTellsOfTheRegistration) {
   driver.Press("helpButton");
 }
 
+TEST_F(RespOrigSeismicWaveScreen, TheSameWaveShownAgainStaysWhereItWasRead) {
+  Wave().acc = RecordLike(500, 1);
+  screen.Refresh();
+  CSpread7& grid = driver.Grid("sampleGrid");
+  grid.SelectCell(400, 2);
+  grid.scrollTo(grid.currentIndex());
+  const int top = grid.rowAt(0);
+  screen.Refresh();
+  EXPECT_EQ(grid.ActiveRow(), 400);
+  EXPECT_EQ(grid.rowAt(0), top);
+  EXPECT_GT(top, 300);
+  Wave().acc = RecordLike(499, 2);
+  screen.Refresh();
+  EXPECT_EQ(grid.rowAt(0), 0) << "another wave begins at its first sample";
+}
+
 TEST_F(RespOrigSeismicWaveScreen, TheTabKeyFollowsTheReadingOrder) {
   driver.Find<QWidget>("nameEdit").setFocus();
   std::vector<std::string> order;

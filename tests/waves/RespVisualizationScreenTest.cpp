@@ -86,6 +86,20 @@ TEST_F(RespVisualizationScreen, TheWaveIsShown) {
   EXPECT_TRUE(Draws(kAdjustedRgb));
 }
 
+TEST_F(RespVisualizationScreen, CountAndTimeStepAreReadInTheNarrowestWindow) {
+  Wave().acc.resize(1000000);
+  Wave().timeStep = 0.0025;
+  screen.Refresh();
+  screen.window()->resize(screen.window()->minimumSizeHint());
+  Settle();
+  for (const char* name : {"countEdit", "timeStepEdit"}) {
+    const auto& edit = driver.Find<CExpEdit>(name);
+    auto& field = driver.Find<QLineEdit>(name);
+    EXPECT_EQ(field.cursorPositionAt({0, 5}), 0) << name;
+    EXPECT_EQ(field.cursorPositionAt({field.width() - 1, 5}), edit.GetText().size()) << name;
+  }
+}
+
 TEST_F(RespVisualizationScreen, WithoutAnAdjustmentOnlyTheSeedIsShown) {
   Wave().adjusted = false;
   screen.Prepare();
@@ -212,6 +226,7 @@ TEST_F(RespVisualizationScreen, TheSeedExportWritesThreeFilesAndStoresTheSpectru
   EXPECT_TRUE(doc.IsModified());
   EXPECT_EQ(files.saved.at(0).nameFilters, "CSVファイル (*.csv)");
   EXPECT_EQ(files.saved.at(0).suffix, "csv");
+  EXPECT_EQ(files.saved.at(0).proposedName, "W.csv");
 }
 
 TEST_F(RespVisualizationScreen, TheSeedExportUsesAStoredSpectrum) {
@@ -234,6 +249,7 @@ TEST_F(RespVisualizationScreen, TheAdjustedExportUsesTheStoredVectors) {
   EXPECT_EQ(DataLines(folder.Path("adj.csv")), 128);
   EXPECT_TRUE(ReadAll(folder.Path("adj_AccSpec.csv")).endsWith("\n2.5, 88\n"));
   EXPECT_FALSE(Wave().spectrumValid);
+  EXPECT_EQ(files.saved.at(0).proposedName, "W_調整後.csv") << "not that of the seed wave's file";
 }
 
 TEST_F(RespVisualizationScreen, TheAdjustedExportWithoutAResultWritesNoFile) {

@@ -232,6 +232,29 @@ TEST_F(WaveFileTest, AnImportedWaveTakesAFreeNameAndBecomesCurrent) {
   EXPECT_FALSE(waves.GetSpectrumValid("A_2"));
 }
 
+TEST(FileNameOfWave, IsThatOfTheWaveWithWhatNoFileTakesReplaced) {
+  EXPECT_EQ(FileNameOfWave("HSES 2016 N80W 0.005s", ""), QString("HSES 2016 N80W 0.005s.csv"));
+  EXPECT_EQ(FileNameOfWave("波形", "_調整後"), QString("波形_調整後.csv"));
+  EXPECT_EQ(FileNameOfWave(R"(a/b\c:d*e?f"g<h>i|j)", ""), QString("a_b_c_d_e_f_g_h_i_j.csv"));
+  EXPECT_EQ(FileNameOfWave("a\tb\x7F", ""), QString("a_b_.csv"));
+  EXPECT_EQ(FileNameOfWave("  a ", ""), QString("a.csv"));
+  EXPECT_EQ(FileNameOfWave(".hidden", ""), QString("_hidden.csv"));
+}
+
+TEST(FileNameOfWave, IsNoneWhereNothingIsLeft) {
+  EXPECT_EQ(FileNameOfWave("", "_調整後"), QString());
+  EXPECT_EQ(FileNameOfWave(" \t ", ""), QString());
+}
+
+TEST(FileNameOfWave, FitsIntoAFolderWithItsSpectraBesideIt) {
+  const QString name = FileNameOfWave(QString(300, u'長'), "_調整後");
+  EXPECT_TRUE(name.startsWith("長長") && name.endsWith("長_調整後.csv"));
+  EXPECT_LE(name.toUtf8().size() + QByteArray("_AccSpec").size(), 255);
+  const QString waves = QString::fromUtf8("🌊").repeated(100);
+  EXPECT_FALSE(FileNameOfWave("a" + waves, "").toUtf8().contains("?")) << "no half of a character";
+  EXPECT_FALSE(FileNameOfWave("ab" + waves, "").toUtf8().contains("?"));
+}
+
 TEST(SavePath, IsSplitAtTheLastPointOfTheName) {
   const auto expect = [](const QString& path, const QString& base, const QString& extension) {
     EXPECT_EQ(SplitSavePath(path).base, base);
