@@ -136,13 +136,6 @@ TEST_F(MainFrameTest, NothingIsTakenBehindADialog) {
   dialog.setModal(true);
   dialog.show();
   EXPECT_FALSE(Drop({QUrl::fromLocalFile(path)}));
-  // The drag may have come over the window before the dialog.
-  QMimeData data;
-  data.setUrls({QUrl::fromLocalFile(path)});
-  QDropEvent drop(QPoint(4, 4), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-  QCoreApplication::sendEvent(app->Frame(), &drop);
-  QCoreApplication::processEvents();
-  EXPECT_TRUE(Doc().PathName().isEmpty());
   Doc().SetModified(true);
   EXPECT_FALSE(app->Frame()->close()) << "and no question comes on top of it";
   EXPECT_THAT(ended, IsEmpty());
@@ -150,6 +143,19 @@ TEST_F(MainFrameTest, NothingIsTakenBehindADialog) {
   Doc().SetModified(false);
   EXPECT_TRUE(Drop({QUrl::fromLocalFile(path)}));
   EXPECT_TRUE(app->Frame()->close());
+}
+
+TEST_F(MainFrameTest, ADragThatADialogOvertakesIsNotTaken) {
+  QMimeData data;
+  data.setUrls({QUrl::fromLocalFile(SavedProject(QStringLiteral("a.trml"), false))});
+  ASSERT_TRUE(Enters(app->Frame(), data));
+  QDialog dialog(app->Frame());
+  dialog.setModal(true);
+  dialog.show();
+  QDropEvent drop(QPoint(4, 4), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(app->Frame(), &drop);
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(Doc().PathName().isEmpty());
 }
 
 TEST_F(MainFrameTest, SeveralFilesAndAddressesAreNotTaken) {

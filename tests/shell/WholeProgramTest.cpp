@@ -460,7 +460,7 @@ TEST_F(WholeProgramTest, MenusOpenByTheirLetters) {
 }
 
 TEST_F(WholeProgramTest, EveryDialogIsLeftByEscapeAndItsCloseBoxWithoutAChange) {
-  const auto leave = [this](const char* dialog, const std::function<void()>& open) {
+  const auto leave = [](const char* dialog, const std::function<void()>& open) {
     for (const bool byKey : {true, false}) {
       bool seen = false;
       test::WhenModal(QLatin1String(dialog), [&](QWidget* window) {
