@@ -189,7 +189,14 @@ class Program:
                 return node.get_role_name(), node.get_name(), self.point(node)
         return None
 
+    def has_active_window(self):
+        """By the window manager's account."""
+        told = subprocess.run(["xdotool", "getactivewindow", "getwindowpid"], env=self.desktop.env,
+                              capture_output=True, text=True)
+        return told.stdout.strip() == str(self.process.pid)
+
     def keys(self, *names):
+        self.until(self.has_active_window, "an active window")
         self.xdotool("key", "--delay", 30, *names)
 
     def type(self, text):
@@ -255,9 +262,24 @@ class Program:
                 return node.get_name()
         return ""
 
+    def close_window(self):
+        """Asks the window manager to close the active window, until the program has ended or asks something. A key is
+        pressed again where nothing came of it: the manager overlooks one now and then as windows come and go."""
+        for _ in range(10):
+            self.keys("alt+F4")
+            try:
+                wait_until(lambda: self.process.poll() is not None or self.has_box(), "close", 2)
+                return
+            except NotReached:
+                continue
+
     def wait_for_end(self):
         """Exit status of the process."""
-        return self.process.wait(PATIENCE)
+        try:
+            return self.process.wait(PATIENCE)
+        except subprocess.TimeoutExpired:
+            self.screenshot(f"failed_{self.process.pid}")
+            raise NotReached(f"the program did not end\nshown: {self.shown()}") from None
 
     def screenshot(self, name):
         """Kept beside the build when the folder for it is named."""

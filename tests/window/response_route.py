@@ -93,7 +93,7 @@ class Route(unittest.TestCase):
         program.until(lambda: program.title().startswith(path.name), "the file's name in the title")
 
     def close(self, program, answer=None):
-        program.keys("alt+F4")
+        program.close_window()
         if answer:
             program.until(program.has_box, "question about unsaved work")
             program.press(answer)
@@ -156,7 +156,7 @@ class Route(unittest.TestCase):
         self.assertIsNone(program.look(RUNNING))
         self.assertEqual(self.export(program, EXPORT_ADJUSTED, "again.csv"), expected)
         program.keys("ctrl+s")
-        program.keys("alt+F4")
+        program.close_window()
         self.assertEqual(program.wait_for_end(), 0)
         self.assertEqual(project.read_bytes(), saved)
 
