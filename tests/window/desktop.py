@@ -46,7 +46,6 @@ class Desktop:
             path.mkdir(mode=0o700)
             self.env[name] = str(path)
         self.env.update(LC_ALL="C.UTF-8", TZ="UTC", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", NO_AT_BRIDGE="0")
-        # A bus's name of a socket is kept short by the system, and folders of tests are long.
         try:
             self._start_display()
             self._start_bus()
