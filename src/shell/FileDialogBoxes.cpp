@@ -80,7 +80,7 @@ QString FileDialogBoxes::Ask(QFileDialog& dialog, const FileQuestion& question) 
   dialog.setDirectory(StartFolder());
   if (!question.proposedName.isEmpty()) dialog.selectFile(question.proposedName);
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
-  const QString path = dialog.selectedFiles().front();
+  QString path = dialog.selectedFiles().front();
   m_lastFolder = QFileInfo(path).absolutePath();
   return path;
 }

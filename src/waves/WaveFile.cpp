@@ -172,7 +172,7 @@ void ExportWave(const SavePath& path, const QString& name, double timeStep, cons
 
 QString AddImportedWave(CSeismicWaveSet& waves, const QString& name, double timeStep,
                         const std::vector<double>& acc) {
-  const QString freeName = waves.FreeName(name);
+  QString freeName = waves.FreeName(name);
   waves.Add(freeName);
   waves.SetTimeStep(freeName, timeStep);
   waves.SetAcc(freeName, acc);

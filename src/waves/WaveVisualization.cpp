@@ -39,7 +39,7 @@ QString AdjustedName() {
 QIcon KeyOf(std::int32_t bgr) {
   QPixmap patch(4 * kKeySize, 4 * kKeySize);
   patch.fill(ColorFromBgr(bgr));
-  return QIcon(patch);
+  return {patch};
 }
 
 CExpEdit* ReadOnlyEdit(const char* objectName, QWidget* parent) {
