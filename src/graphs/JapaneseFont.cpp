@@ -13,7 +13,7 @@ void InstallJapaneseFonts() {
 }
 
 QFont ScreenFont() {
-  return QFont(QStringLiteral("MS Gothic"), 9);
+  return {QStringLiteral("MS Gothic"), 9};
 }
 
 }  // namespace tremlo
