@@ -41,7 +41,7 @@ class WholeProgramTest : public test::ShellTest {
       return TopChoice::ResponseRoute;
     };
     doors.endProgram = [this](int status) { ended.push_back(status); };
-    app = std::make_unique<decltype(app)::element_type>(settings, ProgramScreens(), doors);
+    app = std::make_unique<CMorvaneApp>(settings, ProgramScreens(), doors);
     ExpectOffline();
     ASSERT_EQ(Start(), std::nullopt);
     ASSERT_TRUE(QTest::qWaitForWindowActive(app->Frame()));
