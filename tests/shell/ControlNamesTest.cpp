@@ -62,12 +62,7 @@ QSet<QWidget*> TabStops(const QWidget& window) {
 class ControlNamesTest : public test::ShellTest {
  protected:
   void SetUp() override {
-    ProgramDoors doors;
-    doors.prompt = &prompt;
-    doors.files = &files;
-    doors.askRoute = [](bool, QWidget*) { return TopChoice::ResponseRoute; };
-    doors.endProgram = [](int) {};
-    app = std::make_unique<CMorvaneApp>(settings, ProgramScreens(), doors);
+    MakeWithOwnScreens([] { return TopChoice::ResponseRoute; });
     ExpectOffline();
     ASSERT_EQ(Start(), std::nullopt);
   }

@@ -97,11 +97,17 @@ ShellTest::ShellTest() {
 
 ShellTest::~ShellTest() = default;
 
-void ShellTest::Make(bool withGuidelineRoute) {
+ProgramDoors ShellTest::DoorsWith(std::function<TopChoice(bool, QWidget*)> askRoute) {
   ProgramDoors doors;
   doors.prompt = &prompt;
   doors.files = &files;
-  doors.askRoute = [this](bool offered, QWidget*) {
+  doors.askRoute = std::move(askRoute);
+  doors.endProgram = [this](int status) { ended.push_back(status); };
+  return doors;
+}
+
+void ShellTest::Make(bool withGuidelineRoute) {
+  const ProgramDoors doors = DoorsWith([this](bool offered, QWidget*) {
     log.append(offered ? QStringLiteral("top, both routes") : QStringLiteral("top, response route"));
     if (choices.empty()) {
       ADD_FAILURE() << "An unexpected top screen";
@@ -110,11 +116,16 @@ void ShellTest::Make(bool withGuidelineRoute) {
     const TopChoice choice = choices.front();
     choices.pop_front();
     return choice;
-  };
-  doors.endProgram = [this](int status) { ended.push_back(status); };
+  });
   ScreenTable screens = LoggingScreens(log, withGuidelineRoute);
   screens.runs.calculateFaultSpectra = [this](const ScreenParts&) { return faultSpectraWork; };
   app = std::make_unique<CMorvaneApp>(settings, std::move(screens), doors);
+}
+
+void ShellTest::MakeWithOwnScreens(std::function<TopChoice()> askRoute) {
+  const ProgramDoors doors =
+      DoorsWith([askRoute = std::move(askRoute)](bool, QWidget*) { return askRoute(); });
+  app = std::make_unique<CMorvaneApp>(settings, ProgramScreens(), doors);
 }
 
 void ShellTest::ExpectOffline() {

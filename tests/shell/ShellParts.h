@@ -70,6 +70,8 @@ class ShellTest : public testing::Test {
 
   /// The program with those screens; it has not started.
   void Make(bool withGuidelineRoute);
+  /// The same with its own screens, as far as they are there, and with that answer of the top screen.
+  void MakeWithOwnScreens(std::function<TopChoice()> askRoute);
   /// Expects both messages of the probes.
   void ExpectOffline();
   std::optional<int> Start(const QStringList& files = {});
@@ -85,6 +87,8 @@ class ShellTest : public testing::Test {
   MainMenu* Menu() { return app->Frame()->Menu(); }
   CMorvaneDoc& Doc() { return app->Document(); }
   QStringList RecentTexts();
+
+  ProgramDoors DoorsWith(std::function<TopChoice(bool, QWidget*)> askRoute);
 
   TestFolder folder;
   QStringList log;

@@ -33,15 +33,10 @@ constexpr double kInf = std::numeric_limits<double>::infinity();
 class WholeProgramTest : public test::ShellTest {
  protected:
   void SetUp() override {
-    ProgramDoors doors;
-    doors.prompt = &prompt;
-    doors.files = &files;
-    doors.askRoute = [this](bool, QWidget*) {
+    MakeWithOwnScreens([this] {
       titleBehindTop = app->Frame() ? Title() : QString();
       return TopChoice::ResponseRoute;
-    };
-    doors.endProgram = [this](int status) { ended.push_back(status); };
-    app = std::make_unique<CMorvaneApp>(settings, ProgramScreens(), doors);
+    });
     ExpectOffline();
     ASSERT_EQ(Start(), std::nullopt);
     ASSERT_TRUE(QTest::qWaitForWindowActive(app->Frame()));
