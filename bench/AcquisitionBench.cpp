@@ -2,8 +2,8 @@
 // that asks for the same 51 addresses over one kept connection and writes and reads the same file. To stay
 // below a ratio of 2.
 
-#include "location/Prompt.h"
-#include "sources/FaultAcquisition.h"
+#include "core/ask/Prompt.h"
+#include "core/sources/FaultAcquisition.h"
 #include "support/LocalService.h"
 
 #include <QDir>

@@ -1,11 +1,11 @@
 // The whole adjustment with the sweep in its widest variant and over the plain loop, the ratio of one
 // measurement to one pass, and the transform.
 
-#include "waves/AmplitudeAdjust.h"
-#include "waves/FourierSpectrum.h"
-#include "waves/OscillatorSweep.h"
-#include "waves/ResponseSpectrum.h"
-#include "waves/WaveFile.h"
+#include "core/waves/WaveFile.h"
+#include "numeric/waves/AmplitudeAdjust.h"
+#include "numeric/waves/FourierSpectrum.h"
+#include "numeric/waves/OscillatorSweep.h"
+#include "numeric/waves/ResponseSpectrum.h"
 
 #include <algorithm>
 #include <benchmark/benchmark.h>

@@ -3,9 +3,9 @@
 // gained.
 
 #include "EventLoopWatch.h"
-#include "graphs/JapaneseFont.h"
-#include "graphs/NumberRows.h"
-#include "graphs/Spread7.h"
+#include "core/graphs/NumberRows.h"
+#include "window/graphs/JapaneseFont.h"
+#include "window/graphs/Spread7.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -1,7 +1,7 @@
 // Both distances of one large plane, 300 km by 100 km: 15,201 grid points. To stay below 100 microseconds.
 
-#include "location/Coordinates.h"
-#include "sources/FaultDistances.h"
+#include "core/location/Coordinates.h"
+#include "numeric/sources/FaultDistances.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,8 +1,8 @@
 // Painting a graph of 65,536 points, the worst case of one wave and the usual one of a spectrum.
 
-#include "graphs/DrawFreqAccSpec.h"
-#include "graphs/DrawTimeAccGal.h"
-#include "graphs/JapaneseFont.h"
+#include "window/graphs/DrawFreqAccSpec.h"
+#include "window/graphs/DrawTimeAccGal.h"
+#include "window/graphs/JapaneseFont.h"
 
 #include <QApplication>
 #include <QImage>

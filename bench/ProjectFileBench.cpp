@@ -1,7 +1,7 @@
 // A large project, written to and read from memory. The measure is the plain copy of as many bytes into fresh
 // memory, taken in turn with each run: both shares of the machine change alike.
 
-#include "project/ProjectFile.h"
+#include "core/project/ProjectFile.h"
 
 #include <QTemporaryDir>
 

@@ -1,9 +1,9 @@
 // How far the method's own coefficient moves the response spectrum of each sample record from that of the
 // exact piecewise-linear solution, by period in time steps. Prints the table of docs/numerics.md.
 
+#include "core/waves/WaveFile.h"
+#include "numeric/waves/ResponseSpectrum.h"
 #include "support/IndependentSpectrum.h"
-#include "waves/ResponseSpectrum.h"
-#include "waves/WaveFile.h"
 
 #include <QDir>
 

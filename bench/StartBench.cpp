@@ -5,11 +5,11 @@
 #include "BenchPlatform.h"
 #include "LongWave.h"
 #include "ProgramFolder.h"
-#include "project/ProjectFile.h"
-#include "shell/DlgTop.h"
-#include "shell/MorvaneApp.h"
+#include "core/project/ProjectFile.h"
 #include "support/LocalService.h"
 #include "support/TestHome.h"
+#include "window/shell/DlgTop.h"
+#include "window/shell/MorvaneApp.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

@@ -1,6 +1,6 @@
 // The response sweep in each variant against the plain loop, with the results compared bit by bit.
 
-#include "waves/OscillatorSweep.h"
+#include "numeric/waves/OscillatorSweep.h"
 
 #include <benchmark/benchmark.h>
 #include <cstdint>

@@ -1,6 +1,6 @@
 // Reading and writing a wave of 1,000,000 lines, with the peak memory of the process.
 
-#include "waves/WaveFile.h"
+#include "core/waves/WaveFile.h"
 
 #include <QTemporaryDir>
 

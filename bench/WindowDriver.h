@@ -2,7 +2,7 @@
 
 #include "EventLoopWatch.h"
 #include "ProgramFolder.h"
-#include "shell/MorvaneApp.h"
+#include "window/shell/MorvaneApp.h"
 
 #include <functional>
 #include <string>

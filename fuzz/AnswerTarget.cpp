@@ -1,6 +1,6 @@
+#include "core/location/HazardAnswer.h"
 #include "fuzz/FuzzTargets.h"
 #include "fuzz/Rules.h"
-#include "location/HazardAnswer.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
+#include "core/project/ProjectFile.h"
 #include "fuzz/FuzzTargets.h"
 #include "fuzz/Rules.h"
-#include "project/ProjectFile.h"
 
 #include <numeric>
 #include <string>

@@ -1,6 +1,6 @@
+#include "core/sources/SystemTables.h"
 #include "fuzz/FuzzTargets.h"
 #include "fuzz/Rules.h"
-#include "sources/SystemTables.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
+#include "core/files/Cp932Text.h"
+#include "core/waves/WaveFile.h"
 #include "fuzz/FuzzTargets.h"
 #include "fuzz/Rules.h"
-#include "waves/Cp932Text.h"
-#include "waves/WaveFile.h"
 
 #include <cmath>
 #include <limits>

@@ -1,6 +1,6 @@
+#include "core/location/ZoneMap.h"
 #include "fuzz/FuzzTargets.h"
 #include "fuzz/Rules.h"
-#include "location/ZoneMap.h"
 
 #include <QList>
 

@@ -1,7 +1,7 @@
 #include "Arguments.h"
 
 #include "Command.h"
-#include "waves/TextScan.h"
+#include "core/files/TextScan.h"
 
 #include <QCoreApplication>
 

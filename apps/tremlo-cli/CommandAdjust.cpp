@@ -2,9 +2,9 @@
 #include "Command.h"
 #include "Output.h"
 #include "WaveInput.h"
-#include "waves/AdjustRun.h"
-#include "waves/ResponseSpectrum.h"
-#include "waves/WaveFile.h"
+#include "core/waves/AdjustRun.h"
+#include "core/waves/WaveFile.h"
+#include "numeric/waves/ResponseSpectrum.h"
 
 #include <algorithm>
 #include <cmath>

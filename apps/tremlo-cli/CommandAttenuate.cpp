@@ -2,7 +2,7 @@
 #include "Command.h"
 #include "Output.h"
 #include "TablesInput.h"
-#include "sources/DamSpectra.h"
+#include "core/sources/DamSpectra.h"
 
 #include <algorithm>
 #include <array>

@@ -1,9 +1,9 @@
 #include "Arguments.h"
 #include "Command.h"
 #include "Output.h"
-#include "location/Coordinates.h"
-#include "location/PlaneZone.h"
-#include "sources/FaultConversion.h"
+#include "core/location/Coordinates.h"
+#include "core/location/PlaneZone.h"
+#include "core/sources/FaultConversion.h"
 
 #include <array>
 #include <cmath>

@@ -3,11 +3,11 @@
 #include "Output.h"
 #include "RecordJson.h"
 #include "TablesInput.h"
-#include "location/FaultSearchRequest.h"
-#include "location/HazardTables.h"
-#include "location/PlaneZone.h"
-#include "sources/FaultAcquisition.h"
-#include "sources/FaultConversion.h"
+#include "core/location/FaultSearchRequest.h"
+#include "core/location/HazardTables.h"
+#include "core/location/PlaneZone.h"
+#include "core/sources/FaultAcquisition.h"
+#include "core/sources/FaultConversion.h"
 
 #include <QFileInfo>
 #include <QTemporaryDir>

@@ -2,8 +2,8 @@
 #include "Command.h"
 #include "Output.h"
 #include "WaveInput.h"
-#include "waves/FourierSpectrum.h"
-#include "waves/WaveFile.h"
+#include "core/waves/WaveFile.h"
+#include "numeric/waves/FourierSpectrum.h"
 
 namespace tremlo::cli {
 

@@ -3,7 +3,7 @@
 #include "Output.h"
 #include "RecordJson.h"
 #include "TablesInput.h"
-#include "project/ProjectFile.h"
+#include "core/project/ProjectFile.h"
 
 namespace tremlo::cli {
 

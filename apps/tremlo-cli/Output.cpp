@@ -1,7 +1,7 @@
 #include "Output.h"
 
 #include "Command.h"
-#include "sources/SystemTables.h"
+#include "core/sources/SystemTables.h"
 
 #include <QCoreApplication>
 #include <QStringList>

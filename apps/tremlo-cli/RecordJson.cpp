@@ -1,6 +1,6 @@
 #include "RecordJson.h"
 
-#include "project/ProjectFields.h"
+#include "core/project/ProjectFields.h"
 
 namespace tremlo::cli {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "JsonWriter.h"
-#include "project/MorvaneDoc.h"
+#include "core/project/MorvaneDoc.h"
 
 namespace tremlo::cli {
 

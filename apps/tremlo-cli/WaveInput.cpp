@@ -1,7 +1,7 @@
 #include "WaveInput.h"
 
 #include "Output.h"
-#include "waves/WaveFile.h"
+#include "core/waves/WaveFile.h"
 
 #include <cmath>
 

@@ -1,4 +1,4 @@
-#include "shell/MorvaneApp.h"
+#include "window/shell/MorvaneApp.h"
 
 #include <QApplication>
 

@@ -1,7 +1,7 @@
+#include "core/waves/WaveFile.h"
+#include "numeric/waves/AmplitudeAdjust.h"
 #include "support/CliRun.h"
 #include "support/TestFolder.h"
-#include "waves/AmplitudeAdjust.h"
-#include "waves/WaveFile.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

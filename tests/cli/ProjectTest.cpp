@@ -1,4 +1,4 @@
-#include "project/ProjectFile.h"
+#include "core/project/ProjectFile.h"
 #include "support/CliRun.h"
 #include "support/SmallProject.h"
 #include "support/TestFolder.h"

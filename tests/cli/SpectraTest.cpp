@@ -1,9 +1,9 @@
+#include "core/files/Cp932Text.h"
+#include "core/waves/WaveFile.h"
+#include "numeric/waves/FourierSpectrum.h"
+#include "numeric/waves/ResponseSpectrum.h"
 #include "support/CliRun.h"
 #include "support/TestFolder.h"
-#include "waves/Cp932Text.h"
-#include "waves/FourierSpectrum.h"
-#include "waves/ResponseSpectrum.h"
-#include "waves/WaveFile.h"
 
 #include <QJsonArray>
 

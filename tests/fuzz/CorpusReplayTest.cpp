@@ -1,5 +1,5 @@
+#include "core/project/ProjectFile.h"
 #include "fuzz/FuzzTargets.h"
-#include "project/ProjectFile.h"
 #include "support/TestFolder.h"
 
 #include <QDir>

@@ -1,4 +1,4 @@
-#include "waves/TextScan.h"
+#include "core/files/TextScan.h"
 
 #include <gtest/gtest.h>
 #include <limits>

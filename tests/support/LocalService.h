@@ -1,6 +1,6 @@
 #pragma once
 
-#include "location/ServiceSettings.h"
+#include "core/location/ServiceSettings.h"
 
 #include <QProcess>
 #include <QString>

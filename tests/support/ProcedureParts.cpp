@@ -1,6 +1,6 @@
 #include "support/ProcedureParts.h"
 
-#include "project/BaseSpectrum.h"
+#include "core/project/BaseSpectrum.h"
 
 #include <gtest/gtest.h>
 #include <limits>

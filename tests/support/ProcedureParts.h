@@ -1,6 +1,6 @@
 #pragma once
 
-#include "project/ChangeRules.h"
+#include "core/project/ChangeRules.h"
 #include "support/ScriptedPrompt.h"
 
 #include <map>

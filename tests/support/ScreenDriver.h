@@ -1,8 +1,8 @@
 #pragma once
 
-#include "graphs/ExpEdit.h"
-#include "graphs/JapaneseFont.h"
-#include "graphs/Spread7.h"
+#include "window/graphs/ExpEdit.h"
+#include "window/graphs/JapaneseFont.h"
+#include "window/graphs/Spread7.h"
 
 #include <QAbstractButton>
 #include <QApplication>

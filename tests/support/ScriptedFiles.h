@@ -1,6 +1,6 @@
 #pragma once
 
-#include "graphs/FileDialogs.h"
+#include "core/ask/FileDialogs.h"
 
 #include <QStringList>
 

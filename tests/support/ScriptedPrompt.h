@@ -1,6 +1,6 @@
 #pragma once
 
-#include "location/Prompt.h"
+#include "core/ask/Prompt.h"
 
 #include <QStringList>
 

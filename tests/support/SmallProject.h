@@ -1,6 +1,6 @@
 #pragma once
 
-#include "project/MorvaneDoc.h"
+#include "core/project/MorvaneDoc.h"
 
 #include <string>
 

@@ -1,0 +1,199 @@
+#include "core/project/ChangeRules.h"
+
+#include "core/project/BaseSpectrum.h"
+#include "core/project/ChangeQuestions.h"
+
+#include <algorithm>
+
+namespace tremlo {
+
+namespace {
+
+bool AnyAdjusted(const CSeismicWaveSet& waves) {
+  return std::any_of(waves.Records().begin(), waves.Records().end(),
+                     [](const CSeismicWave& wave) { return wave.adjusted; });
+}
+
+bool IsAdjusted(const CSeismicWaveSet& waves, const QString& name) {
+  return std::any_of(waves.Records().begin(), waves.Records().end(),
+                     [&](const CSeismicWave& wave) { return wave.adjusted && wave.name == name; });
+}
+
+std::optional<std::size_t> FirstAdopted(const CSeismicWaveSet& waves) {
+  const auto found = std::find_if(waves.Records().begin(), waves.Records().end(),
+                                  [](const CSeismicWave& wave) { return wave.adopted; });
+  if (found == waves.Records().end()) return std::nullopt;
+  return static_cast<std::size_t>(found - waves.Records().begin());
+}
+
+/// The base counts as a lower limit by its name among the rows, whatever else may bear that name.
+bool LowerLimitIsBase(const CMorvaneDoc& doc) {
+  return !doc.baseSpectrumName.isEmpty() && doc.lowerSpectra.Contains(doc.baseSpectrumName);
+}
+
+}  // namespace
+
+bool ChangeRules::BeginSiteChange() {
+  if (m_doc.faults.empty()) return true;
+  if (!m_prompt.Ask(SiteChangeQuestion())) return false;
+  m_doc.ClearFaultsAndAfter();
+  m_procedure.RefreshFaultScreens();
+  return true;
+}
+
+bool ChangeRules::BeginApiParameters() {
+  if (m_doc.faults.empty()) return true;
+  if (!m_prompt.Ask(ApiParametersQuestion(m_doc.apiParameters))) return false;
+  const bool planeIsBase = AnyPlaneIsBase(m_doc);
+  if (planeIsBase && !AskBaseChange()) return false;
+  m_doc.ClearFaults();
+  m_procedure.RefreshFaultScreens();
+  if (planeIsBase) m_doc.ClearBaseSpectrumAndAdjustment();
+  m_procedure.RefreshActiveScreen();
+  return true;
+}
+
+bool ChangeRules::BeginAcquisition(bool zoneKnown) {
+  if (!AnyPlaneIsBase(m_doc)) return true;
+  if (!AskBaseChange()) return false;
+  if (zoneKnown) m_doc.ClearBaseSpectrumAndAdjustment();
+  return true;
+}
+
+bool ChangeRules::BeginAdjustSettings() {
+  if (!AnyAdjusted(m_doc.seedWaves)) return true;
+  if (!m_prompt.Ask(AdjustSettingsQuestion())) return false;
+  m_doc.ClearResults();
+  m_procedure.RefreshActiveScreen();
+  return true;
+}
+
+bool ChangeRules::SetGroundClass(std::size_t fault, std::size_t plane, const QString& groundClass) {
+  if (fault >= m_doc.faults.size() || plane >= m_doc.faults[fault].groundClass.size()) return false;
+  FaultInfo& record = m_doc.faults[fault];
+  if (record.groundClass[plane] == groundClass) return true;
+  if (!ClearBaseIf(IsBasePlane(record, plane))) return false;
+  record.groundClass[plane] = groundClass;
+  m_doc.SetModified(true);
+  return true;
+}
+
+bool ChangeRules::SetAttenuationMethod(const QString& method) {
+  if (m_doc.attenuationMethod == method) return true;
+  if (!ClearBaseIf(AnyPlaneIsBase(m_doc))) return false;
+  m_doc.attenuationMethod = method;
+  m_doc.SetModified(true);
+  return true;
+}
+
+bool ChangeRules::SetPlaneUse(std::size_t fault, std::size_t plane, bool use) {
+  if (fault >= m_doc.faults.size() || plane >= m_doc.faults[fault].attenUse.size()) return false;
+  FaultInfo& record = m_doc.faults[fault];
+  if (!use && !ClearBaseIf(IsBasePlane(record, plane))) return false;
+  record.attenUse[plane] = use;
+  m_doc.SetModified(true);
+  return true;
+}
+
+bool ChangeRules::SetAllPlanesUse(bool use) {
+  if (!use && !ClearBaseIf(AnyPlaneIsBase(m_doc))) return false;
+  for (FaultInfo& fault : m_doc.faults) std::fill(fault.attenUse.begin(), fault.attenUse.end(), use);
+  m_doc.SetModified(true);
+  return true;
+}
+
+bool ChangeRules::ChangeWaveData(const QString& waveName, const std::function<void()>& apply) {
+  const QString name = waveName;  // the argument may live in the record that `apply` rewrites
+  if (IsBaseWave(m_doc, name)) {
+    if (!AskBaseChange()) return false;
+    if (AnyAdjusted(m_doc.seedWaves) && !m_prompt.Ask(AdjustedWavesQuestion())) return false;
+    m_doc.ClearBaseSpectrumAndAdjustment();
+  } else if (IsAdjusted(m_doc.seedWaves, name)) {
+    if (!m_prompt.Ask(AdjustedWaveDataQuestion())) return false;
+    m_doc.ClearAdjustment();
+  }
+  apply();
+  m_doc.seedWaves.SetSpectrumValid(name, false);
+  m_doc.SetModified(true);
+  return true;
+}
+
+bool ChangeRules::DeleteWave(const QString& name) {
+  const QString gone = name;  // the argument may live in the record that is about to go
+  if (!ClearBaseIf(IsBaseWave(m_doc, gone))) return false;
+  if (!m_prompt.Ask(DeleteWaveQuestion(gone))) return false;
+  m_doc.seedWaves.Remove(gone);
+  const bool adoptedGone = m_doc.seedAdoptedName == gone || !FirstAdopted(m_doc.seedWaves);
+  if (m_doc.seedAdopted && adoptedGone) m_doc.ClearAdjustment();
+  if (!m_doc.seedWaves.IsEmpty()) m_doc.seedWaves.SelectCurrent(m_doc.seedWaves.At(0).name);
+  m_doc.SetModified(true);
+  return true;
+}
+
+void ChangeRules::RenameWave(std::size_t index, const QString& newName) {
+  // Of two records that bear a mark the first counts, for the target of a run as for the adopted wave.
+  if (MarkedBase(m_doc) == BaseItem{BaseSource::Wave, index, 0}) m_doc.baseSpectrumName = newName;
+  if (m_doc.seedAdopted && FirstAdopted(m_doc.seedWaves) == index) m_doc.seedAdoptedName = newName;
+  m_doc.seedWaves.At(index).name = newName;
+  m_doc.SetModified(true);
+}
+
+bool ChangeRules::SetNeighbourUse(const QString& name, bool use) {
+  if (!use && !ClearBaseIf(IsBaseWave(m_doc, name))) return false;
+  m_doc.seedWaves.SetSiteUse(name, use);
+  m_doc.SetModified(true);
+  return true;
+}
+
+bool ChangeRules::SetAllNeighbourUse(bool use) {
+  const std::vector<QString> names = m_doc.seedWaves.Names();
+  const bool baseAmongThem =
+      std::any_of(names.begin(), names.end(), [&](const QString& name) { return IsBaseWave(m_doc, name); });
+  if (!use && !ClearBaseIf(baseAmongThem)) return false;
+  for (const QString& name : names) m_doc.seedWaves.SetSiteUse(name, use);
+  m_doc.SetModified(true);
+  return true;
+}
+
+ChoiceOutcome ChangeRules::SelectLowerSpectrum(std::size_t row) {
+  if (LowerLimitIsBase(m_doc)) {
+    if (m_doc.lowerSpectra.At(row).name == m_doc.baseSpectrumName) return ChoiceOutcome::Kept;
+    if (!AskBaseChange()) return ChoiceOutcome::Declined;
+    m_doc.ClearBaseSpectrumAndAdjustment();
+  }
+  for (std::size_t i = 0; i < m_doc.lowerSpectra.Count(); ++i)
+    m_doc.lowerSpectra.At(i).lowerSelected = i == row;
+  m_doc.SetModified(true);
+  return ChoiceOutcome::Applied;
+}
+
+ChoiceOutcome ChangeRules::ChooseBaseSpectrum(const QString& label) {
+  const bool seedAdopted = m_doc.seedAdopted;
+  if (seedAdopted) {
+    if (label == m_doc.baseSpectrumName) return ChoiceOutcome::Kept;
+    if (!AskBaseChange()) return ChoiceOutcome::Declined;
+  }
+  SetBase(m_doc, label);
+  if (seedAdopted) m_doc.ClearAdjustment();
+  return ChoiceOutcome::Applied;
+}
+
+void ChangeRules::AdoptWave(std::size_t index) {
+  for (std::size_t i = 0; i < m_doc.seedWaves.Count(); ++i) m_doc.seedWaves.At(i).adopted = i == index;
+  m_doc.seedAdopted = true;
+  m_doc.seedAdoptedName = m_doc.seedWaves.At(index).name;
+  m_doc.SetModified(true);
+}
+
+bool ChangeRules::AskBaseChange() {
+  return m_prompt.Ask(BaseChangeQuestion(m_doc.baseSpectrumName));
+}
+
+bool ChangeRules::ClearBaseIf(bool isBase) {
+  if (!isBase) return true;
+  if (!AskBaseChange()) return false;
+  m_doc.ClearBaseSpectrumAndAdjustment();
+  return true;
+}
+
+}  // namespace tremlo

@@ -1,0 +1,170 @@
+#include "core/sources/FaultAcquisition.h"
+
+#include "core/files/NumberText.h"
+#include "core/files/TextScan.h"
+#include "core/location/Coordinates.h"
+#include "core/location/HazardService.h"
+#include "core/location/PlaneZone.h"
+#include "core/sources/FaultConversion.h"
+#include "core/sources/MainFaultSearch.h"
+
+namespace tremlo {
+
+namespace {
+
+struct SiteKm {
+  double east = 0.0;
+  double north = 0.0;
+};
+
+SiteKm ProjectSite(const FaultAcquisitionInput& input) {
+  constexpr double kMetresPerKm = 1000.0;
+  const PlanePoint site = ToPlaneRectangular(input.zone, input.latitude, input.longitude);
+  return {site.easting / kMetresPerKm, site.northing / kMetresPerKm};
+}
+
+/// The requests of one acquisition.
+class Asking {
+ public:
+  Asking(const FaultAcquisitionInput& input, const ServiceSettings& settings, Prompt& prompt,
+         std::vector<FaultInfo>& faults, const AcquisitionProgress& progress)
+      : m_input(input),
+        m_prompt(prompt),
+        m_faults(faults),
+        m_progress(progress),
+        m_service(settings, prompt),
+        m_request(input.parameters, input.latitude, input.longitude) {
+    m_result.changed = true;
+  }
+
+  void AskRanking();
+  void AskRange(const SiteKm& site);
+  const FaultAcquisitionResult& Result() const { return m_result; }
+
+ private:
+  ServiceOutcome FetchModel(FaultInfo& fault, bool& erase, std::size_t index, std::size_t count);
+  void Remove(std::size_t place);
+  void Note(ServiceOutcome outcome);
+
+  const FaultAcquisitionInput& m_input;
+  Prompt& m_prompt;
+  std::vector<FaultInfo>& m_faults;
+  const AcquisitionProgress& m_progress;
+  HazardService m_service;
+  FaultSearchRequest m_request;
+  FaultAcquisitionResult m_result;
+};
+
+void Asking::AskRanking() {
+  const ServiceOutcome search = m_service.SearchMeshFaults(m_request, m_faults);
+  Note(search);
+  const std::size_t count = search == ServiceOutcome::Done ? m_faults.size() : 0;
+  std::size_t place = 0;
+  for (std::size_t i = 0; i < count; ++i) {
+    bool erase = false;
+    if (FetchModel(m_faults[place], erase, i, count) == ServiceOutcome::TypeFault) break;
+    if (erase || RectangleCount(m_faults[place]) == 0) {
+      Remove(place);
+    } else {
+      ++place;
+    }
+  }
+  m_faults.resize(place);  // those that were not asked for have no planes either
+}
+
+void Asking::AskRange(const SiteKm& site) {
+  const std::vector<MainFaultGroup> groups =
+      FindMainFaults(m_input.mainFaultRows, m_input.zone, site.east, site.north, m_input.searchRangeKm);
+  if (groups.empty()) {
+    m_prompt.Tell(QStringLiteral("指定された現場位置の主要断層データはありません。"), PromptIcon::Stop);
+    m_result.outcome = ServiceOutcome::NothingFound;
+  }
+  const QString none = QStringLiteral("-");
+  for (std::size_t i = 0; i < groups.size(); ++i) {
+    FaultInfo fault;
+    fault.rank = QString::number(m_faults.size() + 1);
+    fault.ltecode = groups[i].code;
+    fault.ltename = groups[i].name;
+    fault.magnitude = fault.ijma = fault.i45_ps = fault.i50_ps = fault.i55_ps = fault.i60_ps = none;
+    fault.avract = fault.newact = fault.t30p = fault.t50p = fault.magu = none;
+    bool erase = false;
+    const ServiceOutcome outcome = FetchModel(fault, erase, i, groups.size());
+    if (!erase) m_faults.push_back(std::move(fault));
+    if (outcome == ServiceOutcome::TypeFault) break;
+  }
+}
+
+ServiceOutcome Asking::FetchModel(FaultInfo& fault, bool& erase, std::size_t index, std::size_t count) {
+  if (m_progress) m_progress(static_cast<int>(index + 1), static_cast<int>(count));
+  const ServiceOutcome outcome = m_service.FetchActivityModel(m_request, fault.ltecode, fault, erase);
+  if (outcome != ServiceOutcome::NothingFound) Note(outcome);
+  return outcome;
+}
+
+void Asking::Remove(std::size_t place) {
+  m_faults.erase(m_faults.begin() + static_cast<std::ptrdiff_t>(place));
+  for (std::size_t i = place; i < m_faults.size(); ++i) m_faults[i].rank = QString::number(i + 1);
+}
+
+void Asking::Note(ServiceOutcome outcome) {
+  if (outcome == ServiceOutcome::Done || m_result.outcome != ServiceOutcome::Done) return;
+  m_result.outcome = outcome;
+  m_result.url = m_service.LastUrl();
+  m_result.message = m_service.LastMessage();
+}
+
+void ToPercent(QString& probability) {
+  if (probability != u"-") probability = FixedText(TextToDouble(probability) * 100.0, 1);
+}
+
+/// What the screens start with for each plane.
+void StartPlanes(FaultInfo& fault) {
+  const std::size_t planes = RectangleCount(fault);
+  fault.attenColor.assign(planes, 0);
+  fault.shortBaseColor.assign(planes, 0);
+  fault.equivBaseColor.assign(planes, 0);
+  fault.shortArea.assign(planes, 0.0);
+  fault.equivArea.assign(planes, 0.0);
+  fault.shortBaseSelected.assign(planes, false);
+  fault.equivBaseSelected.assign(planes, false);
+  fault.attenShow.assign(planes, true);
+  fault.attenUse.assign(planes, true);
+  fault.shortBaseShow.assign(planes, true);
+  fault.equivBaseShow.assign(planes, true);
+  fault.adjustShow.assign(planes, true);
+  fault.adjustShowEquiv.assign(planes, true);
+}
+
+void Complete(FaultInfo& fault, const FaultAcquisitionInput& input, const SiteKm& site) {
+  const bool ranking = input.mode != kAcquireRange;
+  const QString magnitude = ranking ? fault.magnitude : fault.magu;
+  ConvertMagnitude(fault, magnitude);
+  if (ranking)
+    for (QString* probability : {&fault.i45_ps, &fault.i50_ps, &fault.i55_ps, &fault.i60_ps})
+      ToPercent(*probability);
+  ComputeFaultDistances(fault, input.zone, site.east, site.north);
+  StartPlanes(fault);
+}
+
+}  // namespace
+
+FaultAcquisitionResult AcquireFaults(const FaultAcquisitionInput& input, const ServiceSettings& settings,
+                                     Prompt& prompt, std::vector<FaultInfo>& faults,
+                                     const AcquisitionProgress& progress) {
+  if (input.zone < 1 || input.zone > static_cast<int>(kPlaneZoneCount)) {
+    prompt.Tell(QString::fromUtf16(kUnknownZoneText), PromptIcon::Stop);
+    return {false, ServiceOutcome::BadParameter, {}, {}};
+  }
+  const SiteKm site = ProjectSite(input);
+  faults.clear();
+  Asking asking(input, settings, prompt, faults, progress);
+  if (input.mode == kAcquireRange) {
+    asking.AskRange(site);
+  } else {
+    asking.AskRanking();
+  }
+  for (FaultInfo& fault : faults) Complete(fault, input, site);
+  return asking.Result();
+}
+
+}  // namespace tremlo

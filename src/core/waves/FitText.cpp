@@ -1,0 +1,28 @@
+#include "core/waves/FitText.h"
+
+#include <cmath>
+
+namespace tremlo {
+
+namespace {
+
+QString ExtremeText(const QString& label, double size, double period) {
+  if (!(period > 0.0)) return {};
+  return QStringLiteral("　%1 %2（周期 %3 秒）")
+      .arg(label, PercentText(size), QString::number(period, 'g', 4));
+}
+
+}  // namespace
+
+QString PercentText(double fraction) {
+  if (!std::isfinite(fraction)) return QStringLiteral("－");
+  return QString::number(fraction * 100.0, 'f', 2) + QStringLiteral(" %");
+}
+
+QString FitText(const FitFigures& fit) {
+  return QStringLiteral("偏差（RMS） ") + PercentText(fit.deviation) +
+         ExtremeText(QStringLiteral("目標を上回る最大"), fit.overshoot, fit.overshootPeriod) +
+         ExtremeText(QStringLiteral("目標を下回る最大"), fit.undershoot, fit.undershootPeriod);
+}
+
+}  // namespace tremlo

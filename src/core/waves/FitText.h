@@ -1,0 +1,16 @@
+#pragma once
+
+#include "numeric/waves/AmplitudeAdjust.h"
+
+#include <QString>
+
+namespace tremlo {
+
+/// A share in per cent with two decimals ("4.98 %"); "－" when it is no finite number.
+QString PercentText(double fraction);
+
+/// How an adjusted wave fits its target, in one line: the deviation, and the largest excess over and
+/// shortfall below the target with their periods, each if there is one.
+QString FitText(const FitFigures& fit);
+
+}  // namespace tremlo

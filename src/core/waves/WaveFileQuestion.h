@@ -1,0 +1,22 @@
+#pragma once
+
+#include "core/ask/FileDialogs.h"
+
+namespace tremlo {
+
+/// The questions for a wave or spectrum file to read, and for one to write.
+inline FileQuestion WaveFileToRead(const QString& title) {
+  return {.title = title,
+          .nameFilters = QStringLiteral("CSVファイル (*.csv);;All Files (*.*)"),
+          .suffix = QStringLiteral("csv"),
+          .proposedName = {}};
+}
+
+inline FileQuestion WaveFileToWrite(const QString& title, const QString& proposedName) {
+  return {.title = title,
+          .nameFilters = QStringLiteral("CSVファイル (*.csv)"),
+          .suffix = QStringLiteral("csv"),
+          .proposedName = proposedName};
+}
+
+}  // namespace tremlo

@@ -1,0 +1,45 @@
+#include "window/graphs/DarkPaletteStyle.h"
+
+#include <QPainter>
+#include <QStyleOption>
+
+namespace tremlo {
+
+namespace {
+
+bool IsDark(const QPalette& palette) {
+  return palette.color(QPalette::WindowText).lightness() > palette.color(QPalette::Window).lightness();
+}
+
+QColor Between(const QColor& a, const QColor& b) {
+  return {(a.red() + b.red()) / 2, (a.green() + b.green()) / 2, (a.blue() + b.blue()) / 2};
+}
+
+}  // namespace
+
+void DarkPaletteStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                                     const QWidget* widget) const {
+  QProxyStyle::drawPrimitive(element, option, painter, widget);
+  if (element != PE_IndicatorCheckBox || !IsDark(option->palette)) return;
+  const QPalette& palette = option->palette;
+  painter->save();
+  painter->setPen(Between(palette.color(QPalette::Window), palette.color(QPalette::WindowText)));
+  painter->setBrush(Qt::NoBrush);
+  painter->drawRect(QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5));
+  painter->restore();
+}
+
+void DarkPaletteStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                                   const QWidget* widget) const {
+  const auto* const button = qstyleoption_cast<const QStyleOptionButton*>(option);
+  if (element != CE_PushButton || !button || !(button->state & State_On) || !IsDark(button->palette)) {
+    QProxyStyle::drawControl(element, option, painter, widget);
+    return;
+  }
+  QStyleOptionButton down = *button;
+  down.palette.setBrush(QPalette::Button, button->palette.highlight());
+  down.palette.setBrush(QPalette::ButtonText, button->palette.highlightedText());
+  QProxyStyle::drawControl(element, &down, painter, widget);
+}
+
+}  // namespace tremlo

@@ -1,0 +1,44 @@
+#include "window/graphs/RunBehindDialog.h"
+
+#include <QCoreApplication>
+
+#include <atomic>
+#include <memory>
+#include <system_error>
+#include <thread>
+
+namespace tremlo {
+
+namespace {
+
+/// Whatever goes wrong in a calculation, memory above all, is a calculation that failed.
+bool Succeeds(const std::function<bool()>& work) noexcept {
+  try {
+    return work();
+  } catch (...) {
+    return false;
+  }
+}
+
+}  // namespace
+
+bool RunBehindDialog(RunDialog& dialog, const std::function<bool()>& work, std::chrono::milliseconds pause) {
+  std::atomic<unsigned char> result{0};
+  // Made before the thread: at its end there may be no memory left to tell of the end.
+  auto end = std::make_unique<RunEndEvent>(dialog.EndMessage(), 1);
+  std::thread worker;
+  try {
+    worker = std::thread([&] {
+      result = Succeeds(work) ? 1 : 0;
+      std::this_thread::sleep_for(pause);
+      QCoreApplication::postEvent(&dialog, end.release());
+    });
+  } catch (const std::system_error&) {
+    return false;
+  }
+  dialog.exec();
+  worker.join();
+  return result != 0;
+}
+
+}  // namespace tremlo

@@ -1,0 +1,528 @@
+#include "window/graphs/Spread7.h"
+
+#include "core/graphs/CellNumber.h"
+#include "core/graphs/ColorText.h"
+#include "core/graphs/GridActions.h"
+#include "core/graphs/GridTable.h"
+#include "window/graphs/BgrColor.h"
+#include "window/graphs/EntryGate.h"
+#include "window/graphs/GridDelegate.h"
+#include "window/graphs/GridModel.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QColorDialog>
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPainter>
+#include <QScopedValueRollback>
+
+#include <algorithm>
+
+namespace tremlo {
+
+namespace {
+
+constexpr int kRowPadding = 8;
+
+std::optional<std::int32_t> ChooseColorInDialog(QWidget* parent, std::int32_t color) {
+  const QColor chosen = QColorDialog::getColor(ColorFromBgr(color), parent, QStringLiteral("色の設定"),
+                                               QColorDialog::DontUseNativeDialog);
+  if (!chosen.isValid()) return {};
+  return BgrFromColor(chosen);
+}
+
+}  // namespace
+
+CSpread7::CSpread7(QWidget* parent)
+    : QTableView(parent),
+      m_table(std::make_shared<GridTable>()),
+      m_model(new GridModel(
+          m_table,
+          [this](int row, int column, const QString& text) {
+            Post([=, this] { return ApplyEdit(row, column, text); });
+            return true;
+          },
+          this)),
+      m_delegate(new GridDelegate(m_model, this)),
+      m_gate(new EntryGate(this, [this] { return FinishEdit(); })),
+      m_menu(new QMenu(QStringLiteral("値編集"), this)),
+      m_chooseColor(ChooseColorInDialog) {
+  setModel(m_model);
+  setItemDelegate(m_delegate);
+  m_menu->setObjectName(QStringLiteral("menu"));
+  m_menu->setAccessibleName(m_menu->title());
+  if (auto* const corner = findChild<QAbstractButton*>()) {
+    corner->setObjectName(QStringLiteral("selectAllButton"));
+    corner->setAccessibleName(QStringLiteral("すべて選択"));
+  }
+  setSelectionMode(ContiguousSelection);
+  setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
+  setTabKeyNavigation(false);
+  setWordWrap(false);
+  setHorizontalScrollMode(ScrollPerPixel);
+  // Heights are given, never measured: a list may have as many rows as a wave has samples.
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowPadding);
+  verticalHeader()->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("0000")) + kRowPadding);
+  verticalHeader()->setHighlightSections(false);
+  horizontalHeader()->setHighlightSections(false);
+  connect(this, &QTableView::clicked, this, [this](const QModelIndex& index) {
+    if (QApplication::keyboardModifiers() == Qt::NoModifier) PressCell(index);
+  });
+}
+
+CSpread7::~CSpread7() = default;
+
+void CSpread7::AddCommand(const QString& text, const QKeySequence& key, Command command) {
+  QAction* const action = m_menu->addAction(text);
+  action->setShortcut(key);
+  // Of the grid alone: in an open cell editor the same keys are the editor's.
+  action->setShortcutContext(Qt::WidgetShortcut);
+  connect(action, &QAction::triggered, this, command);
+  addAction(action);
+}
+
+void CSpread7::SetMenu(Menu menu) {
+  qDeleteAll(m_menu->actions());
+  if (menu == Menu::FullEdit) {
+    AddCommand(QStringLiteral("挿入\tINS"), Qt::Key_Insert, &CSpread7::InsertRow);
+    AddCommand(QStringLiteral("末尾に挿入\tCtrl+INS"), Qt::CTRL | Qt::Key_Insert, &CSpread7::AppendRow);
+    AddCommand(QStringLiteral("削除\tDEL"), Qt::Key_Delete, &CSpread7::RemoveRows);
+    m_menu->addSeparator();
+  }
+  if (menu == Menu::FullEdit || menu == Menu::TextGrid)
+    AddCommand(QStringLiteral("切り取り\tCtrl+X"), Qt::CTRL | Qt::Key_X, &CSpread7::Cut);
+  if (menu != Menu::None) AddCommand(QStringLiteral("コピー\tCtrl+C"), Qt::CTRL | Qt::Key_C, &CSpread7::Copy);
+  if (menu != Menu::None && menu != Menu::ReadOnly)
+    AddCommand(QStringLiteral("貼り付け\tCtrl+V"), Qt::CTRL | Qt::Key_V, &CSpread7::Paste);
+}
+
+void CSpread7::SetData(std::shared_ptr<GridData> shown) {
+  const QScopedValueRollback quiet(m_quiet, true);
+  m_model->SetData(shown ? std::move(shown) : m_table);
+}
+
+GridData& CSpread7::Data() const {
+  return m_model->Data();
+}
+
+void CSpread7::Refresh() {
+  const QScopedValueRollback quiet(m_quiet, true);
+  m_model->Refresh();
+}
+
+int CSpread7::RowCount() const {
+  return Data().RowCount();
+}
+
+int CSpread7::ColumnCount() const {
+  return Data().ColumnCount();
+}
+
+void CSpread7::SetSize(int rows, int columns) {
+  m_table->SetSize(rows, columns);
+  Refresh();
+}
+
+void CSpread7::SetColumnFormat(int column, const CellFormat& format) {
+  m_table->SetColumnFormat(column, format);
+  viewport()->update();
+}
+
+void CSpread7::SetCellFormat(int row, int column, const CellFormat& format) {
+  m_table->SetCellFormat(row, column, format);
+  m_model->TellCells({row, column, row, column});
+}
+
+void CSpread7::ChangeFormats(const GridBlock& block, const std::function<void(CellFormat&)>& change) {
+  const GridBlock cells = WithoutWholes(block);
+  for (int row = cells.top; row <= cells.bottom; ++row)
+    for (int column = cells.left; column <= cells.right; ++column) {
+      CellFormat format = m_table->Format(row, column);
+      change(format);
+      SetCellFormat(row, column, format);
+    }
+}
+
+void CSpread7::SetBackColor(const GridBlock& block, std::optional<std::int32_t> bgr) {
+  ChangeFormats(block, [&](CellFormat& format) { format.backColor = bgr; });
+}
+
+void CSpread7::SetTextColor(const GridBlock& block, std::optional<std::int32_t> bgr) {
+  ChangeFormats(block, [&](CellFormat& format) { format.textColor = bgr; });
+}
+
+void CSpread7::SetGreyAreaColor(std::int32_t bgr) {
+  m_greyArea = bgr;
+  viewport()->update();
+}
+
+void CSpread7::SetSelectionColor(std::int32_t bgr) {
+  QPalette colors = palette();
+  colors.setColor(QPalette::Highlight, ColorFromBgr(bgr));
+  colors.setColor(QPalette::HighlightedText, ReadableOn(ColorFromBgr(bgr)));
+  setPalette(colors);
+}
+
+void CSpread7::SetColumnWidth(int column, int width) {
+  if (column >= 1)
+    setColumnWidth(column - 1, width);
+  else
+    verticalHeader()->setFixedWidth(width);
+}
+
+void CSpread7::SetSpan(int row, int column, int rows, int columns) {
+  setSpan(row - 1, column - 1, rows, columns);
+}
+
+QString CSpread7::GetCellText(int row, int column) const {
+  return Data().Text(row, column);
+}
+
+void CSpread7::SetCellText(int row, int column, const QString& text) {
+  Data().SetText(row, column, text);
+  if (row >= 1 && column >= 1)
+    m_model->TellCells({row, column, row, column});
+  else if (row == 0 && column >= 1 && column <= m_model->columnCount())
+    Q_EMIT m_model->headerDataChanged(Qt::Horizontal, column - 1, column - 1);
+  else if (column == 0 && row >= 1 && row <= m_model->rowCount())
+    Q_EMIT m_model->headerDataChanged(Qt::Vertical, row - 1, row - 1);
+}
+
+double CSpread7::GetCellNumber(int row, int column) const {
+  return NumberOfText(GetCellText(row, column));
+}
+
+double CSpread7::GetCellNumberOr(int row, int column, double fallback) const {
+  return NumberOfText(GetCellText(row, column), fallback);
+}
+
+void CSpread7::SetCellNumber(int row, int column, double value, int decimals) {
+  SetCellText(row, column, NumberToText(value, decimals));
+}
+
+void CSpread7::SetCellInt(int row, int column, std::int32_t value) {
+  SetCellText(row, column, IntegerToText(value));
+}
+
+bool CSpread7::GetCheck(int row) const {
+  for (int column = 1; column <= ColumnCount(); ++column)
+    if (Data().Format(row, column).type == CellType::Check) return GetCheck(row, column);
+  return false;
+}
+
+bool CSpread7::GetCheck(int row, int column) const {
+  return IsCheckedText(GetCellText(row, column));
+}
+
+void CSpread7::SetCheck(int row, int column, bool checked) {
+  SetCellText(row, column, checked ? QStringLiteral("1") : QStringLiteral("0"));
+}
+
+std::int32_t CSpread7::GetCellColor(int row, int column) const {
+  return TextToColor(GetCellText(row, column)).value_or(0);
+}
+
+void CSpread7::SetCellColor(int row, int column, std::int32_t bgr) {
+  SetCellText(row, column, ColorToText(bgr));
+}
+
+QModelIndex CSpread7::IndexOf(int row, int column) const {
+  return m_model->index(row - 1, column - 1);
+}
+
+void CSpread7::SelectCell(int row, int column) {
+  const QScopedValueRollback quiet(m_quiet, true);
+  setCurrentIndex(IndexOf(row, column));
+}
+
+GridBlock CSpread7::WithoutWholes(const GridBlock& block) const {
+  const bool columns = block.top < 0;
+  const bool rows = block.left < 0;
+  return {columns ? 1 : block.top, rows ? 1 : block.left, columns ? RowCount() : block.bottom,
+          rows ? ColumnCount() : block.right};
+}
+
+void CSpread7::SelectBlock(const GridBlock& block) {
+  const GridBlock cells = WithoutWholes(block);
+  if (cells.IsEmpty()) return;
+  SelectCell(cells.top, cells.left);
+  selectionModel()->select({IndexOf(cells.top, cells.left), IndexOf(cells.bottom, cells.right)},
+                           QItemSelectionModel::ClearAndSelect);
+}
+
+int CSpread7::ActiveRow() const {
+  return currentIndex().row() + 1;
+}
+
+int CSpread7::ActiveColumn() const {
+  return currentIndex().column() + 1;
+}
+
+GridBlock CSpread7::SelectedCells() const {
+  GridBlock cells{ActiveRow(), ActiveColumn(), ActiveRow(), ActiveColumn()};
+  const QItemSelection selection = selectionModel()->selection();
+  for (qsizetype i = 0; i < selection.size(); ++i) {
+    const QItemSelectionRange& range = selection[i];
+    const GridBlock part{range.top() + 1, range.left() + 1, range.bottom() + 1, range.right() + 1};
+    cells = i == 0 ? part
+                   : GridBlock{std::min(cells.top, part.top), std::min(cells.left, part.left),
+                               std::max(cells.bottom, part.bottom), std::max(cells.right, part.right)};
+  }
+  return cells;
+}
+
+GridBlock CSpread7::GetSelectedBlock() const {
+  GridBlock block = SelectedCells();
+  const bool wholeColumns = RowCount() > 1 && block.top == 1 && block.bottom == RowCount();
+  const bool wholeRows = ColumnCount() > 1 && block.left == 1 && block.right == ColumnCount();
+  if (wholeColumns) block.top = block.bottom = -1;
+  if (wholeRows) block.left = block.right = -1;
+  return block;
+}
+
+void CSpread7::SetEditMode(bool on) {
+  if (on)
+    QTableView::edit(currentIndex());
+  else if (QWidget* const editor = m_delegate->Editor())
+    closeEditor(editor, QAbstractItemDelegate::RevertModelCache);
+}
+
+bool CSpread7::FinishEdit() {
+  if (QWidget* const editor = m_delegate->Editor()) {
+    commitData(editor);
+    closeEditor(editor, QAbstractItemDelegate::NoHint);
+  }
+  return RunPosted();
+}
+
+void CSpread7::Post(std::function<bool()> task) {
+  m_posted.push_back(std::move(task));
+  QMetaObject::invokeMethod(this, &CSpread7::RunPosted, Qt::QueuedConnection);
+}
+
+bool CSpread7::RunPosted() {
+  bool accepted = true;
+  while (!m_posted.empty()) {
+    const std::function<bool()> task = std::move(m_posted.front());
+    m_posted.pop_front();
+    if (!task()) accepted = false;
+  }
+  return accepted;
+}
+
+bool CSpread7::ApplyEdit(int row, int column, const QString& text) {
+  const auto accepted = AcceptedText(Data(), row, column, text);
+  if (!accepted || *accepted == GetCellText(row, column)) return true;
+  const GridChange change{GridChange::Action::Edit, {row, column, row, column}};
+  if (!Allows(change)) return false;
+  SetCellText(row, column, *accepted);
+  Q_EMIT Changed(change);
+  return true;
+}
+
+bool CSpread7::PressCell(const QModelIndex& index) {
+  const CellFormat format = m_model->Format(index);
+  if (!index.isValid() || format.locked) return false;
+  const int row = index.row() + 1;
+  const int column = index.column() + 1;
+  switch (format.type) {
+    case CellType::Check:
+      if (ApplyEdit(row, column, GetCheck(row, column) ? QStringLiteral("0") : QStringLiteral("1")))
+        Q_EMIT CellClicked(row, column);
+      return true;
+    case CellType::Color:
+      PressColorCell(row, column);
+      return true;
+    case CellType::List:
+      if (state() != EditingState) QTableView::edit(index);
+      return true;
+    default:
+      return false;
+  }
+}
+
+void CSpread7::PressColorCell(int row, int column) {
+  if (const auto chosen = m_chooseColor(window(), GetCellColor(row, column)))
+    ApplyEdit(row, column, ColorToText(*chosen));
+}
+
+void CSpread7::ShowRow(int row, int column) {
+  SelectCell(std::min(row, RowCount()), column);
+  scrollTo(currentIndex());
+}
+
+void CSpread7::InsertRow() {
+  if (!Data().Grows()) return;
+  const GridBlock selected = SelectedCells();
+  const int row = selected.IsEmpty() ? RowCount() + 1 : selected.top;
+  const GridChange change{GridChange::Action::InsertRow, {row, 1, row, ColumnCount()}};
+  if (!Allows(change)) return;
+  const QScopedValueRollback quiet(m_quiet, true);
+  m_model->InsertGridRows(row, 1);
+  ShowRow(row, selected.IsEmpty() ? FirstOpenColumn(Data()) : selected.left);
+  Q_EMIT Changed(change);
+}
+
+void CSpread7::AppendRow() {
+  if (!Data().Grows()) return;
+  const int row = RowCount() + 1;
+  const GridChange change{GridChange::Action::AppendRow, {row, 1, row, ColumnCount()}};
+  if (!Allows(change)) return;
+  const QScopedValueRollback quiet(m_quiet, true);
+  m_model->InsertGridRows(row, 1);
+  ShowRow(row, FirstOpenColumn(Data()));
+  Q_EMIT Changed(change);
+}
+
+void CSpread7::RemoveRows() {
+  const GridBlock selected = SelectedCells();
+  if (!Data().Grows() || selected.IsEmpty()) return;
+  const GridChange change{GridChange::Action::RemoveRows, {selected.top, 1, selected.bottom, ColumnCount()}};
+  if (!Allows(change)) return;
+  const QScopedValueRollback quiet(m_quiet, true);
+  m_model->RemoveGridRows(selected.top, selected.RowCount());
+  ShowRow(selected.top, selected.left);
+  Q_EMIT Changed(change);
+}
+
+void CSpread7::Cut() {
+  const GridBlock block = SelectedCells();
+  if (!HasClearableCell(Data(), block)) return;
+  const GridChange change{GridChange::Action::Cut, block};
+  if (!Allows(change)) return;
+  QApplication::clipboard()->setText(FormatGridText(CopyCells(Data(), block)));
+  ClearBlock(block);
+  Q_EMIT Changed(change);
+}
+
+void CSpread7::Copy() {
+  const GridBlock block = SelectedCells();
+  if (!block.IsEmpty()) QApplication::clipboard()->setText(FormatGridText(CopyCells(Data(), block)));
+}
+
+void CSpread7::Paste() {
+  const GridBlock selected = SelectedCells();
+  const int row = selected.IsEmpty() ? RowCount() + 1 : selected.top;
+  const int column = selected.IsEmpty() ? FirstOpenColumn(Data()) : selected.left;
+  const bool numbers = Data().Format(row, column).type == CellType::Number;
+  const GridText lines = ParseGridText(QApplication::clipboard()->text(),
+                                       numbers ? FieldSeparator::TabOrComma : FieldSeparator::Tab);
+  const GridBlock block = PasteBlock(Data(), row, column, lines);
+  if (block.IsEmpty()) return;
+  const GridChange change{GridChange::Action::Paste, block};
+  if (!Allows(change)) return;
+  const QScopedValueRollback quiet(m_quiet, true);
+  m_model->InsertGridRows(RowCount() + 1, block.bottom - RowCount());
+  PasteCells(Data(), block, lines);
+  m_model->TellCells(block);
+  SelectBlock(block);
+  Q_EMIT Changed(change);
+}
+
+void CSpread7::ClearBlock(const GridBlock& block) {
+  const GridBlock cells = WithoutWholes(block);
+  ClearCells(Data(), cells);
+  m_model->TellCells(cells);
+}
+
+void CSpread7::paintEvent(QPaintEvent* event) {
+  const QColor beyond = m_greyArea ? ColorFromBgr(*m_greyArea) : palette().color(QPalette::Window);
+  QPainter(viewport()).fillRect(event->rect(), beyond);
+  QTableView::paintEvent(event);
+}
+
+void CSpread7::keyPressEvent(QKeyEvent* event) {
+  const bool press =
+      event->key() == Qt::Key_Space || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+  if (press && plain && state() != EditingState && PressCell(currentIndex())) return;
+  QTableView::keyPressEvent(event);
+}
+
+void CSpread7::keyboardSearch(const QString& /*search*/) {}
+
+void CSpread7::inputMethodEvent(QInputMethodEvent* event) {
+  const bool edited = m_delegate->Editor();
+  QTableView::inputMethodEvent(event);
+  // For text that comes without having been composed Qt opens the editor, but keeps the text from it.
+  auto* const line = qobject_cast<QLineEdit*>(m_delegate->Editor());
+  if (!edited && line && event->preeditString().isEmpty() && line->text() == currentIndex().data().toString())
+    QCoreApplication::sendEvent(line, event);
+}
+
+void CSpread7::contextMenuEvent(QContextMenuEvent* event) {
+  const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+  const QModelIndex cell = byKey ? currentIndex() : indexAt(event->pos());
+  Q_EMIT RightClicked(cell.row() + 1, cell.column() + 1);
+  if (m_menu->isEmpty()) return;
+  m_menu->popup(byKey ? viewport()->mapToGlobal(visualRect(cell).bottomLeft()) : event->globalPos());
+}
+
+void CSpread7::focusInEvent(QFocusEvent* event) {
+  QTableView::focusInEvent(event);
+  if (event->reason() != Qt::PopupFocusReason && !m_closingEditor) Q_EMIT FocusCame();
+}
+
+void CSpread7::focusOutEvent(QFocusEvent* event) {
+  QTableView::focusOutEvent(event);
+  const QWidget* const next = QApplication::focusWidget();
+  const bool toEditor = next && isAncestorOf(next);
+  if (event->reason() != Qt::PopupFocusReason && !toEditor) LeaveGrid(currentIndex());
+}
+
+void CSpread7::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  QTableView::currentChanged(current, previous);
+  if (!m_quiet) PostCellLeft(previous);
+}
+
+bool CSpread7::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
+  const bool edits = QTableView::edit(index, trigger, event);
+  m_gate->SetOpen(m_delegate->Editor());
+  return edits;
+}
+
+void CSpread7::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
+  const QScopedValueRollback closing(m_closingEditor, true);
+  const QModelIndex cell = currentIndex();
+  QTableView::closeEditor(editor, hint);
+  m_gate->SetOpen(m_delegate->Editor());
+  // Enter goes on to the cell below, as lists of numbers are typed.
+  if (hint == QAbstractItemDelegate::SubmitModelCache && cell.row() + 1 < m_model->rowCount())
+    setCurrentIndex(cell.siblingAtRow(cell.row() + 1));
+  if (!hasFocus() && state() != EditingState) LeaveGrid(cell);
+}
+
+/// What was typed must be in the data before the button that took the focus acts on them.
+void CSpread7::LeaveGrid(const QModelIndex& cell) {
+  PostCellLeft(cell);
+  m_gate->RunBeforePress([this] { RunPosted(); });
+}
+
+QItemSelectionModel::SelectionFlags CSpread7::selectionCommand(const QModelIndex& index,
+                                                               const QEvent* event) const {
+  constexpr Qt::KeyboardModifiers kToTheEdge = Qt::ShiftModifier | Qt::ControlModifier;
+  // Ctrl is still down behind Ctrl+INS, and would add the new row to the selection.
+  if (m_quiet && !event) return QItemSelectionModel::ClearAndSelect;
+  if (!event || event->type() != QEvent::KeyPress) return QTableView::selectionCommand(index, event);
+  const auto* const key = static_cast<const QKeyEvent*>(event);
+  if ((key->modifiers() & kToTheEdge) != kToTheEdge) return QTableView::selectionCommand(index, event);
+  // Moving to an edge with Ctrl would drop the selection that Shift extends.
+  const QKeyEvent extending(key->type(), key->key(), key->modifiers() & ~Qt::ControlModifier);
+  return QTableView::selectionCommand(index, &extending);
+}
+
+void CSpread7::PostCellLeft(const QModelIndex& index) {
+  if (!index.isValid()) return;
+  Post([this, row = index.row() + 1, column = index.column() + 1] {
+    Q_EMIT CellLeft(row, column);
+    return true;
+  });
+}
+
+}  // namespace tremlo

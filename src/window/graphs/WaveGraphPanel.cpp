@@ -1,0 +1,114 @@
+#include "window/graphs/WaveGraphPanel.h"
+
+#include "core/graphs/GraphTexts.h"
+#include "window/graphs/GraphEditDialog.h"
+#include "window/graphs/GraphView.h"
+#include "window/graphs/NamedControl.h"
+
+#include <QButtonGroup>
+#include <QCoreApplication>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QStatusTipEvent>
+#include <QVBoxLayout>
+
+namespace tremlo {
+
+namespace {
+
+const char* ButtonName(GraphKind kind) {
+  if (kind == GraphKind::Time) return "timeButton";
+  return kind == GraphKind::Spectrum ? "specButton" : "fourierButton";
+}
+
+QString ButtonText(GraphKind kind) {
+  if (kind == GraphKind::Time) return QStringLiteral("時間－加速度");
+  return kind == GraphKind::Spectrum ? QStringLiteral("周期－加速度応答スペクトル")
+                                     : QStringLiteral("フーリエスペクトル");
+}
+
+}  // namespace
+
+WaveGraphPanel::WaveGraphPanel(const std::vector<GraphKind>& kinds, Source source, Settings settings,
+                               QWidget* parent)
+    : QWidget(parent),
+      m_source(std::move(source)),
+      m_settings(std::move(settings)),
+      m_kind(kinds.front()),
+      m_kindButtons(new QButtonGroup(this)) {
+  auto* const layout = new QVBoxLayout(this);
+  layout->setContentsMargins({});
+  if (kinds.size() > 1) AddKindButtons(kinds);
+
+  m_caption = new QLabel(QStringLiteral("グラフ（時間－加速度）"), this);
+  m_caption->setObjectName(QStringLiteral("caption"));
+  layout->addWidget(m_caption);
+
+  m_graph = Named(new GraphView(this), "graph", QStringLiteral("グラフ"));
+  m_graph->SetSource([this] { return m_source(m_kind); });
+  connect(m_graph, &GraphView::PointedAt, this, [this](const QString& values) {
+    QStatusTipEvent tip(values);
+    QCoreApplication::sendEvent(this, &tip);
+  });
+  layout->addWidget(m_graph, 1);
+
+  auto* const row = new QHBoxLayout;
+  row->addStretch();
+  m_copyButton = NamedButton<QPushButton>("copyButton", QStringLiteral("画像コピー"), this);
+  m_copyButton->setToolTip(QStringLiteral("グラフの画像コピー"));
+  m_copyButton->setAccessibleName(m_copyButton->toolTip());
+  connect(m_copyButton, &QAbstractButton::clicked, m_graph, &GraphView::CopyPicture);
+  row->addWidget(m_copyButton);
+  m_settingsButton = NamedButton<QPushButton>("settingsButton", QStringLiteral("描画設定"), this);
+  connect(m_settingsButton, &QAbstractButton::clicked, this, &WaveGraphPanel::OpenSettings);
+  row->addWidget(m_settingsButton);
+  layout->addLayout(row);
+}
+
+void WaveGraphPanel::AddKindButtons(const std::vector<GraphKind>& kinds) {
+  auto* const row = new QHBoxLayout;
+  for (const GraphKind kind : kinds) {
+    auto* const button = NamedButton<QPushButton>(ButtonName(kind), ButtonText(kind), this);
+    button->setCheckable(true);
+    button->setChecked(kind == m_kind);
+    m_kindButtons->addButton(button, static_cast<int>(kind));
+    row->addWidget(button);
+  }
+  row->addStretch();
+  connect(m_kindButtons, &QButtonGroup::idClicked, this,
+          [this](int id) { ShowKind(static_cast<GraphKind>(id)); });
+  static_cast<QVBoxLayout*>(layout())->addLayout(row);
+}
+
+void WaveGraphPanel::ShowKind(GraphKind kind) {
+  m_kind = kind;
+  if (QAbstractButton* const button = m_kindButtons->button(static_cast<int>(kind))) button->setChecked(true);
+  Refresh();
+}
+
+void WaveGraphPanel::Refresh() {
+  m_caption->setText(TextsOf(m_kind).caption);
+  m_graph->Refresh();
+}
+
+std::vector<QWidget*> WaveGraphPanel::Controls() const {
+  const QList<QAbstractButton*> buttons = m_kindButtons->buttons();
+  std::vector<QWidget*> controls(buttons.begin(), buttons.end());
+  controls.insert(controls.end(), {m_graph, m_copyButton, m_settingsButton});
+  return controls;
+}
+
+void WaveGraphPanel::OpenSettings() {
+  const std::unique_ptr<GraphEditDialog> dialog = m_settings.make(window());
+  if (!dialog) return;
+  connect(dialog.get(), &GraphEditDialog::Apply, this, [this] {
+    m_settings.changed();
+    Refresh();
+  });
+  connect(dialog.get(), &GraphEditDialog::ResetRange, this, m_settings.resetRange);
+  if (m_settings.resetColors)
+    connect(dialog.get(), &GraphEditDialog::ResetColors, this, m_settings.resetColors);
+  dialog->exec();
+}
+
+}  // namespace tremlo

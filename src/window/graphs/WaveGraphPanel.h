@@ -1,0 +1,60 @@
+#pragma once
+
+#include "window/graphs/DrawGraph.h"
+
+#include <QWidget>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+class QAbstractButton;
+class QButtonGroup;
+class QLabel;
+
+namespace tremlo {
+
+class GraphEditDialog;
+class GraphView;
+
+/// The graph of a screen with its caption, the buttons that choose its kind, and those for its picture and
+/// its settings. The values under the pointer go to the status bar.
+class WaveGraphPanel : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// Makes the graph of a kind when it has to be painted; an empty pointer shows an empty area.
+  using Source = std::function<std::unique_ptr<CDrawGraph>(GraphKind kind)>;
+  /// Called with a dialog that is about to open.
+  struct Settings {
+    std::function<std::unique_ptr<GraphEditDialog>(QWidget* parent)> make;  ///< null: nothing to set
+    std::function<void()> changed;
+    std::function<void()> resetRange;
+    std::function<void()> resetColors;
+  };
+
+  /// Shows the first kind at first. There are no buttons for a single kind.
+  WaveGraphPanel(const std::vector<GraphKind>& kinds, Source source, Settings settings, QWidget* parent);
+
+  GraphKind Kind() const { return m_kind; }
+  void ShowKind(GraphKind kind);
+  /// The data, the settings or the colours have changed.
+  void Refresh();
+  /// The controls in reading order.
+  std::vector<QWidget*> Controls() const;
+
+ private:
+  void AddKindButtons(const std::vector<GraphKind>& kinds);
+  void OpenSettings();
+
+  Source m_source;
+  Settings m_settings;
+  GraphKind m_kind;
+  QButtonGroup* m_kindButtons;
+  QLabel* m_caption;
+  GraphView* m_graph;
+  QAbstractButton* m_copyButton;
+  QAbstractButton* m_settingsButton;
+};
+
+}  // namespace tremlo

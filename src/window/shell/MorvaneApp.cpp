@@ -1,0 +1,280 @@
+#include "window/shell/MorvaneApp.h"
+
+#include "core/shell/TitleText.h"
+#include "core/shell/UpdateCheck.h"
+#include "window/graphs/DarkPaletteStyle.h"
+#include "window/graphs/JapaneseFont.h"
+#include "window/graphs/PendingEntry.h"
+#include "window/graphs/WaitCursor.h"
+#include "window/shell/AboutDlg.h"
+#include "window/shell/DlgSplash.h"
+#include "window/shell/DlgTop.h"
+#include "window/shell/Pictures.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDesktopServices>
+#include <QDir>
+#include <QFileInfo>
+#include <QIcon>
+#include <QLibraryInfo>
+#include <QUrl>
+
+#include <array>
+
+namespace tremlo {
+
+namespace {
+
+const QString kTopNotShown = QStringLiteral("トップ画面を表示させることができませんでした。");
+
+/// In the order in which the screens are made.
+constexpr std::array kScreenOrder = {
+    ScreenId::Field,
+    ScreenId::FlowCheck,
+    ScreenId::Flowchart1,
+    ScreenId::Flowchart2,
+    ScreenId::OrigSeismicWave,
+    ScreenId::DamsiteWave,
+    ScreenId::MakeSeismicWave1,
+    ScreenId::MakeSeismicWave2,
+    ScreenId::LowerSpectrum,
+    ScreenId::BaseSpectrum,
+    ScreenId::AdjustSeismicWave,
+    ScreenId::Visualization,
+    ScreenId::Flowchart3,
+    ScreenId::RespOrigSeismicWave,
+    ScreenId::RespAdjustSpectrum,
+    ScreenId::RespVisualization,
+};
+
+}  // namespace
+
+CMorvaneApp::CMorvaneApp(ProgramSettings settings, ScreenTable screens, ProgramDoors doors)
+    : m_settings(std::move(settings)),
+      m_table(std::move(screens)),
+      m_doors(std::move(doors)),
+      m_prompt(m_doors.prompt ? *m_doors.prompt : m_boxes),
+      m_doc(m_settings.programFolder),
+      m_fileBoxes(m_doc),
+      m_files(m_doors.files ? *m_doors.files : m_fileBoxes) {
+  m_settings.services.answerFolder = m_settings.programFolder;
+  if (!m_doors.askRoute) m_doors.askRoute = CDlgTop::Ask;
+  if (!m_doors.endProgram) m_doors.endProgram = [](int status) { QCoreApplication::exit(status); };
+  InstallJapaneseFonts();
+  QApplication::setStyle(new DarkPaletteStyle);
+  LoadPictures();
+  QApplication::setWindowIcon(QIcon(QStringLiteral(":/shell/tremlo.svg")));
+  // The program ends when its window has closed, not when the splash has.
+  QApplication::setQuitOnLastWindowClosed(false);
+  if (m_qtTexts.load(QStringLiteral("qtbase_ja"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    QCoreApplication::installTranslator(&m_qtTexts);
+}
+
+CMorvaneApp::~CMorvaneApp() = default;
+
+std::optional<int> CMorvaneApp::Start(const QStringList& arguments) {
+  if (!ReadyToStart()) return m_ended.value_or(0);
+  const bool fileGiven = arguments.size() > 1;
+  std::optional<TopChoice> choice;
+  if (!fileGiven) {
+    choice = AskRoute();
+    if (choice == TopChoice::NotShown) m_prompt.Tell(kTopNotShown);
+    if (choice == TopChoice::NotShown || choice == TopChoice::Cancelled) return 0;
+  }
+  MakeFrame();
+  const bool ready = fileGiven ? m_projects->StartWithFile(arguments[1]) : m_projects->StartNew();
+  if (!ready) return m_ended.value_or(0);
+  RebuildTitle();
+  if (choice) m_doc.guidelineRoute = choice == TopChoice::GuidelineRoute;
+  MakeScreens();
+  Follow(m_procedure->ShowProject());
+  if (m_ended) return m_ended;
+  ProjectChanged();
+  m_frame->ShowCentred();
+  return std::nullopt;
+}
+
+bool CMorvaneApp::ReadyToStart() {
+  if (!m_instance.Take()) {
+    m_prompt.Tell(QStringLiteral("既に起動されています。"), PromptIcon::Stop);
+    return false;
+  }
+  CDlgSplash(m_settings.splashMs).exec();
+  StartUpdateCheck(false);
+  // The probes keep their answers in the program's folder: without it there are none.
+  if (m_settings.programFolder.isEmpty()) {
+    m_prompt.Tell(QStringLiteral("EXEファイルのパスを取得できませんでした。"), PromptIcon::Stop);
+    return false;
+  }
+  Probe();
+  const std::optional<TableFailure> failure = CheckTableFolders(m_settings.programFolder);
+  if (!failure) return true;
+  m_prompt.Tell(failure->text, PromptIcon::None);
+  EndProgram(failure->exitStatus);
+  return false;
+}
+
+void CMorvaneApp::MakeFrame() {
+  m_frame = std::make_unique<CMainFrame>();
+  m_procedure.emplace(m_doc, m_prompt, *m_frame, *m_frame->Pane());
+  m_rules.emplace(m_doc, m_prompt, *m_procedure);
+  m_projects.emplace(ProjectCommandParts{m_doc, m_prompt, m_files, *m_procedure, m_recent, *this});
+  m_parts.emplace(ScreenParts{m_doc, m_prompt, m_files, *m_procedure, *m_rules, m_online, m_settings.services,
+                              [this](SwitchOutcome outcome) { Follow(outcome); }});
+  m_frame->SetRuns([this] { m_table.runs.computeMissingSpectra(*m_parts); },
+                   [this] { return m_table.runs.calculateFaultSpectra(*m_parts); },
+                   [this] { return m_table.runs.runRespAdjustment(*m_parts); });
+  ConnectFrame();
+  ConnectFileMenu();
+  ConnectSettingsMenu();
+  ConnectHelpMenu();
+}
+
+void CMorvaneApp::MakeScreens() {
+  for (const ScreenId id : kScreenOrder)
+    if (const auto make = m_table.screens.find(id); make != m_table.screens.end())
+      m_frame->AddScreen(id, make->second(*m_parts));
+}
+
+void CMorvaneApp::ConnectFrame() {
+  CMainFrame* frame = m_frame.get();
+  frame->SetCloseQuestion(
+      [this] { return m_ended || (FinishPendingEntry() && m_projects->MayLeaveProject()); });
+  QObject::connect(frame, &CMainFrame::Closed, frame, [this] {
+    if (!m_ended) EndProgram(0);
+  });
+  QObject::connect(frame, &CMainFrame::FileDropped, frame, [this](const QString& path) {
+    if (FinishPendingEntry()) m_projects->OpenDropped(path);
+  });
+  QObject::connect(frame->Pane(), &CPaneFlow::StepPressed, frame,
+                   [this](FlowStep step) { Follow(m_procedure->PressStep(step)); });
+}
+
+void CMorvaneApp::Connect(QAction* entry, std::function<void()> command) {
+  QObject::connect(entry, &QAction::triggered, m_frame.get(), [this, command = std::move(command)] {
+    // A menu leaves the focus where it is: what stands in an open entry has not been taken yet.
+    if (FinishPendingEntry())
+      command();
+    else
+      UpdateMenu();
+  });
+}
+
+void CMorvaneApp::ConnectFileMenu() {
+  CMainFrame* frame = m_frame.get();
+  MainMenu* menu = frame->Menu();
+  Connect(menu->newProject, [this] { m_projects->New(); });
+  Connect(menu->openProject, [this] { m_projects->Open(); });
+  Connect(menu->saveProject, [this] { m_projects->Save(); });
+  Connect(menu->saveProjectAs, [this] { m_projects->SaveAs(); });
+  QObject::connect(menu->exitProgram, &QAction::triggered, frame, [frame] { frame->close(); });
+  // The list is rebuilt by the command: its entries must not go while one of them is being carried out.
+  QObject::connect(
+      menu, &MainMenu::RecentChosen, frame,
+      [this](const QString& path) {
+        if (FinishPendingEntry()) m_projects->OpenRecent(path);
+      },
+      Qt::QueuedConnection);
+}
+
+void CMorvaneApp::ConnectSettingsMenu() {
+  MainMenu* menu = m_frame->Menu();
+  Connect(menu->apiParameters, [this] {
+    if (m_rules->BeginApiParameters()) m_table.editApiParameters(*m_parts);
+  });
+  Connect(menu->adjustSettings, [this] {
+    if (m_rules->BeginAdjustSettings()) m_table.editAdjustSettings(*m_parts);
+  });
+  Connect(menu->clearMapCache, [this] { ClearMapImages(); });
+  Connect(menu->online, [this] { ToggleOnline(); });
+}
+
+void CMorvaneApp::ConnectHelpMenu() {
+  CMainFrame* frame = m_frame.get();
+  MainMenu* menu = frame->Menu();
+  QObject::connect(menu->manual, &QAction::triggered, frame, [this] { OpenManual(); });
+  QObject::connect(menu->supportPage, &QAction::triggered, frame,
+                   [this] { OpenPage(m_settings.supportPage); });
+  QObject::connect(menu->portalPage, &QAction::triggered, frame, [this] { OpenPage(m_settings.portalPage); });
+  QObject::connect(menu->updateCheck, &QAction::triggered, frame, [] { StartUpdateCheck(true); });
+  QObject::connect(menu->about, &QAction::triggered, frame,
+                   [this] { CAboutDlg(SampleTableFolders(m_settings.programFolder), m_frame.get()).exec(); });
+}
+
+void CMorvaneApp::EndProgram(int status) {
+  m_instance.Release();
+  m_ended = status;
+  m_doors.endProgram(status);
+}
+
+void CMorvaneApp::Probe() {
+  const WaitCursor wait;
+  m_online.Probe(m_settings.services, m_prompt);
+}
+
+void CMorvaneApp::ToggleOnline() {
+  {
+    const WaitCursor wait;
+    m_online.Toggle(m_settings.services, m_prompt);
+  }
+  RebuildTitle();
+  UpdateMenu();
+  m_procedure->RefreshActiveScreen();
+  m_frame->update();
+}
+
+void CMorvaneApp::ClearMapImages() {
+  if (!m_prompt.Ask(QString::fromUtf16(kClearMapCacheQuestion))) return;
+  if (!ClearMapCache(m_settings.programFolder))
+    m_prompt.Tell(QStringLiteral("地図画像キャッシュを削除できませんでした。"));
+}
+
+void CMorvaneApp::OpenManual() {
+  const QString path = QDir(m_settings.programFolder).filePath(QStringLiteral("SystemData/manual.pdf"));
+  const QString shown = QDir::toNativeSeparators(path);
+  if (!QFileInfo(path).isFile()) {
+    m_prompt.Tell(QStringLiteral("取り扱い説明書がありません。次の場所に置いてください。\n") + shown);
+  } else if (!QDesktopServices::openUrl(QUrl::fromLocalFile(path))) {
+    m_prompt.Tell(QStringLiteral("取り扱い説明書を開くプログラムがありません。\n") + shown);
+  }
+}
+
+void CMorvaneApp::OpenPage(const QString& address) {
+  if (address.isEmpty()) {
+    m_prompt.Tell(QStringLiteral("ページの宛先が設定されていません。"), PromptIcon::Information);
+  } else if (!QDesktopServices::openUrl(QUrl(address))) {
+    m_prompt.Tell(QStringLiteral("ブラウザーを起動できませんでした。\n") + address);
+  }
+}
+
+void CMorvaneApp::RebuildTitle() {
+  m_frame->SetTitle(WindowTitle(m_doc.PathName(), m_online.CaptionMark()));
+}
+
+void CMorvaneApp::UpdateMenu() {
+  MainMenu* menu = m_frame->Menu();
+  menu->apiParameters->setEnabled(m_doc.guidelineRoute && m_table.editApiParameters);
+  menu->adjustSettings->setEnabled(m_table.editAdjustSettings != nullptr);
+  menu->clearMapCache->setEnabled(m_doc.guidelineRoute);
+  menu->online->setEnabled(m_doc.guidelineRoute);
+  menu->online->setChecked(m_online.IsOnline());
+  menu->ShowRecent(m_recent.Paths());
+}
+
+void CMorvaneApp::Follow(SwitchOutcome outcome) {
+  if (outcome == SwitchOutcome::EndProgram) EndProgram(1);
+}
+
+TopChoice CMorvaneApp::AskRoute() {
+  return m_doors.askRoute(HasRoute(true), m_frame.get());
+}
+
+void CMorvaneApp::ProjectChanged() {
+  RebuildTitle();
+  UpdateMenu();
+  // Every new project and every open reads the tables again.
+  m_frame->ShowSampleFolders(SampleTableFolders(m_settings.programFolder));
+}
+
+}  // namespace tremlo

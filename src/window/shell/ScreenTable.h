@@ -1,0 +1,49 @@
+#pragma once
+
+#include "core/ask/FileDialogs.h"
+#include "core/location/OnlineMode.h"
+#include "core/project/ChangeRules.h"
+#include "window/graphs/Screen.h"
+
+#include <functional>
+#include <map>
+
+namespace tremlo {
+
+/// What screens and dialogs may use; each takes what it needs. All of it outlives them.
+struct ScreenParts {
+  CMorvaneDoc& doc;
+  Prompt& prompt;
+  FileDialogs& files;
+  WorkProcedure& procedure;
+  ChangeRules& rules;
+  const OnlineMode& online;
+  const ServiceSettings& services;
+  /// To be called with the outcome of every switch that a screen itself asks for: one of them ends the
+  /// program.
+  std::function<void(SwitchOutcome)> follow;
+};
+
+/// The calculations of the gates, which screens share. Each reports as ScreenHost says.
+struct ScreenRuns {
+  std::function<void(const ScreenParts&)> computeMissingSpectra;
+  std::function<bool(const ScreenParts&)> calculateFaultSpectra;
+  std::function<bool(const ScreenParts&)> runRespAdjustment;
+};
+
+/// All screens of the program, with the dialogs of the menu "設定(&E)".
+struct ScreenTable {
+  std::map<ScreenId, std::function<Screen*(const ScreenParts&)>> screens;
+  ScreenRuns runs;
+  /// Show a modal dialog. An entry of the menu without its dialog is disabled.
+  std::function<void(const ScreenParts&)> editApiParameters;
+  std::function<void(const ScreenParts&)> editAdjustSettings;
+
+  /// Whether every screen of the route is there.
+  bool HasRoute(bool guidelineRoute) const;
+};
+
+/// The screens that the program has.
+ScreenTable ProgramScreens();
+
+}  // namespace tremlo

@@ -1,0 +1,85 @@
+#include "core/shell/RecentFiles.h"
+#include "support/TestFolder.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <gmock/gmock.h>
+
+namespace tremlo {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class RecentFilesTest : public testing::Test {
+ protected:
+  RecentFilesTest() {
+    for (const QString& path : recent.Paths()) recent.Remove(path);
+  }
+  static QString P(int number) { return QStringLiteral("/あ, ;%/%1 b.trml").arg(number); }
+  RecentFiles recent;
+};
+
+TEST_F(RecentFilesTest, NewestComesFirst) {
+  recent.Add(P(1));
+  recent.Add(P(2));
+  EXPECT_THAT(recent.Paths(), ElementsAre(P(2), P(1)));
+}
+
+TEST_F(RecentFilesTest, PathStandsOnce) {
+  recent.Add(P(1));
+  recent.Add(P(2));
+  recent.Add(P(1));
+  EXPECT_THAT(recent.Paths(), ElementsAre(P(1), P(2)));
+}
+
+TEST_F(RecentFilesTest, EleventhPushesTheOldestOut) {
+  for (int i = 1; i <= 11; ++i) recent.Add(P(i));
+  EXPECT_EQ(recent.Paths().size(), 10);
+  EXPECT_EQ(recent.Paths().front(), P(11));
+  EXPECT_EQ(recent.Paths().back(), P(2));
+}
+
+TEST_F(RecentFilesTest, RelativePathIsKeptAbsolute) {
+  recent.Add(QStringLiteral("x.trml"));
+  EXPECT_THAT(recent.Paths(), ElementsAre(QDir::current().filePath(QStringLiteral("x.trml"))));
+}
+
+TEST_F(RecentFilesTest, NextRunFindsTheList) {
+  recent.Add(P(1));
+  recent.Add(P(2));
+  EXPECT_THAT(RecentFiles().Paths(), ElementsAre(P(2), P(1)));
+}
+
+TEST_F(RecentFilesTest, NextRunFindsASinglePathWhole) {
+  recent.Add(P(1));
+  EXPECT_THAT(RecentFiles().Paths(), ElementsAre(P(1)));
+}
+
+TEST_F(RecentFilesTest, RemovedPathIsGone) {
+  recent.Add(P(1));
+  recent.Remove(P(1));
+  recent.Remove(P(2));
+  EXPECT_THAT(RecentFiles().Paths(), IsEmpty());
+}
+
+TEST_F(RecentFilesTest, NothingElseIsKept) {
+  recent.Add(P(1));
+  QSettings settings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Tremlo"),
+                     QStringLiteral("Tremlo"));
+  EXPECT_THAT(settings.allKeys(), ElementsAre("recentFiles"));
+}
+
+TEST_F(RecentFilesTest, LongListWrittenByHandIsCut) {
+  QSettings settings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Tremlo"),
+                     QStringLiteral("Tremlo"));
+  QStringList many{QString(), P(1), P(1)};
+  for (int i = 2; i < 30; ++i) many << P(i);
+  settings.setValue(QStringLiteral("recentFiles"), many);
+  settings.sync();
+  EXPECT_EQ(RecentFiles().Paths(), many.mid(2, 10));
+}
+
+}  // namespace
+}  // namespace tremlo

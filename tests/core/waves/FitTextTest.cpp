@@ -1,0 +1,39 @@
+#include "core/waves/FitText.h"
+#include "support/TestFolder.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+
+namespace tremlo {
+namespace {
+
+TEST(FitText, ASharePerCentHasTwoDecimals) {
+  EXPECT_EQ(PercentText(0.05), QStringLiteral("5.00 %"));
+  EXPECT_EQ(PercentText(0.123456), QStringLiteral("12.35 %"));
+  EXPECT_EQ(PercentText(0.0), QStringLiteral("0.00 %"));
+}
+
+TEST(FitText, AShareThatIsNoNumberIsADash) {
+  EXPECT_EQ(PercentText(std::nan("")), QStringLiteral("－"));
+  EXPECT_EQ(PercentText(HUGE_VAL), QStringLiteral("－"));
+}
+
+TEST(FitText, FiguresStandWithTheirPeriods) {
+  EXPECT_EQ(FitText({.pass = 3,
+                     .deviation = 0.0498,
+                     .overshoot = 0.12,
+                     .overshootPeriod = 0.35128,
+                     .undershoot = 0.071,
+                     .undershootPeriod = 2.0}),
+            QStringLiteral("偏差（RMS） 4.98 %　目標を上回る最大 12.00 %（周期 0.3513 秒）　"
+                           "目標を下回る最大 7.10 %（周期 2 秒）"));
+}
+
+TEST(FitText, WhatThereIsNotIsNotTold) {
+  EXPECT_EQ(FitText({.deviation = 0.01, .undershoot = 0.02, .undershootPeriod = 0.5}),
+            QStringLiteral("偏差（RMS） 1.00 %　目標を下回る最大 2.00 %（周期 0.5 秒）"));
+  EXPECT_EQ(FitText({.deviation = std::nan("")}), QStringLiteral("偏差（RMS） －"));
+}
+
+}  // namespace
+}  // namespace tremlo
