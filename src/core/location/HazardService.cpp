@@ -58,7 +58,7 @@ bool HazardService::FetchToFile(const QString& url) {
       Show(QStringLiteral("J-SHISからの断層データを書き込むファイルを開けませんでした。(") + url + u')',
            PromptIcon::Stop);
       return false;
-    case HttpResult::CertificateWanted:
+    case HttpResult::BrokenOff:
     case HttpResult::Failed:
       return false;
   }

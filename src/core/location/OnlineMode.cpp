@@ -29,8 +29,7 @@ bool ProbeService(const ServiceSettings& settings, const QString& url, const QSt
 
 bool ProbeUrl(const ServiceSettings& settings, const QString& url) {
   HttpClient client(settings.hazard, settings.certificateFile);
-  const HttpResult first = client.Get(url, [](std::string_view) { return true; });
-  if (first != HttpResult::Done && first != HttpResult::CertificateWanted) return false;
+  if (client.Get(url, [](std::string_view) { return true; }) != HttpResult::Done) return false;
   const QString path = QDir(settings.answerFolder).filePath(QStringLiteral("RecvTemp"));
   return client.GetToFile(url, path) == HttpResult::Done;
 }
