@@ -2,10 +2,14 @@
 
 #include "core/location/FaultSearchRequest.h"
 #include "core/location/HttpClient.h"
+#include "core/location/TileCache.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 #include <chrono>
+#include <filesystem>
+#include <system_error>
 #include <thread>
 
 namespace tremlo {
@@ -60,8 +64,10 @@ QString OnlineMode::CaptionMark() const {
 }
 
 bool ClearMapCache(const QString& programFolder) {
-  QDir cache(QDir(programFolder).filePath(QStringLiteral("_cache")));
-  return !cache.exists() || cache.removeRecursively();
+  // Follows no link, be it the folder itself: a link is removed, its target left.
+  std::error_code error;
+  std::filesystem::remove_all(QFileInfo(TileCacheFolder(programFolder)).filesystemFilePath(), error);
+  return !error;
 }
 
 }  // namespace tremlo

@@ -41,8 +41,8 @@ inline constexpr char16_t kClearMapCacheQuestion[] =
     u"ら再度取得"
     u"します。";
 
-/// Deletes the folder `_cache` of `programFolder` with all it holds. True when it is gone, also when there
-/// was none.
+/// Deletes the folder `_cache` of `programFolder` with all it holds. Links are removed, the folder's own
+/// included, and what they lead to is left. True when it is gone, also when there was none.
 bool ClearMapCache(const QString& programFolder);
 
 }  // namespace tremlo
