@@ -30,6 +30,7 @@ a fault's code, and HOW one of the methods "answer_..." below, with its argument
 """
 
 import argparse
+import gzip
 import json
 import os
 import pathlib
@@ -293,6 +294,13 @@ class Exchange(socketserver.StreamRequestHandler):
         if not size:
             return self.endless(line)
         self.wfile.write(line * (int(size) // len(line)) + b"\r\n")
+        return True
+
+    def answer_bomb(self, size):
+        """So many zeros, packed for the way into a thousandth of that, whether the client asked for it or not."""
+        packed = gzip.compress(bytes(int(size)))
+        self.wfile.write(self.head("Transfer-Encoding: gzip, chunked", length=-1))
+        self.wfile.write(f"{len(packed):x}\r\n".encode() + packed + b"\r\n0\r\n\r\n")
         return True
 
     def answer_extension(self, _):

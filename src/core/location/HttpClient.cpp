@@ -1,7 +1,10 @@
 #include "core/location/HttpClient.h"
 
+#include <QByteArray>
 #include <QFile>
+#include <QList>
 
+#include <algorithm>
 #include <chrono>
 #include <condition_variable>
 #include <curl/curl.h>
@@ -37,6 +40,18 @@ bool IsServiceAddress(const QByteArray& url) {
   curl_free(scheme);
   curl_url_cleanup(parts);
   return known;
+}
+
+/// Whether a line of the head says that the body was packed for the way. The library unpacks such a body even
+/// though none was asked for, to a thousand times its size and through several layers.
+bool SaysPacked(std::string_view line) {
+  const QByteArray text = QByteArray(line.data(), static_cast<qsizetype>(line.size())).toLower();
+  constexpr char kName[] = "transfer-encoding:";
+  if (!text.startsWith(kName)) return false;
+  const QList<QByteArray> codings = text.mid(sizeof(kName) - 1).split(',');
+  return std::any_of(codings.begin(), codings.end(), [](const QByteArray& coding) {
+    return coding.trimmed() != "chunked" && coding.trimmed() != "identity";
+  });
 }
 
 void Pause(int milliseconds, const std::stop_token& stop) {
@@ -162,11 +177,12 @@ std::size_t HttpClient::Session::OnBody(char* data, std::size_t size, std::size_
   return session->Take({data, bytes}) ? bytes : CURL_WRITEFUNC_ERROR;
 }
 
-std::size_t HttpClient::Session::OnHeadLine(char*, std::size_t size, std::size_t count, void* self) {
+std::size_t HttpClient::Session::OnHeadLine(char* data, std::size_t size, std::size_t count, void* self) {
   auto* session = static_cast<Session*>(self);
   const std::size_t bytes = size * count;
   session->headBytes += static_cast<std::int64_t>(bytes);
-  return session->headBytes <= kMostHeadBytes ? bytes : CURL_WRITEFUNC_ERROR;
+  const bool taken = session->headBytes <= kMostHeadBytes && !SaysPacked({data, bytes});
+  return taken ? bytes : CURL_WRITEFUNC_ERROR;
 }
 
 int HttpClient::Session::OnTrace(CURL*, curl_infotype kind, char*, std::size_t size, void* self) {

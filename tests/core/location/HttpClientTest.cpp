@@ -252,6 +252,12 @@ TEST_F(HttpClientTest, BodyOfARedirectCountsTowardsTheLimit) {
   EXPECT_EQ(Fetch(kHttp, "ranking=redirect-huge"), HttpResult::Failed);
 }
 
+TEST_F(HttpClientTest, AnswerThatWasPackedForTheWayUnaskedFails) {
+  LeaveOlderAnswer();
+  EXPECT_EQ(Fetch(kHttp, "ranking=bomb:200000000"), HttpResult::Failed);
+  EXPECT_EQ(Answer(), "older");
+}
+
 TEST_F(HttpClientTest, HeadsAndTrailersCountTowardsTheLimit) {
   for (const char* wishes : {"ranking=heads:90000", "ranking=trailers:90000"}) {
     options.maxAnswerBytes = 100000;
