@@ -147,7 +147,8 @@ QStringList SourceLines(const QString& sentence, const std::vector<SourceName>& 
 
 /// What the service has no planes of, and what the rules leave out.
 QStringList LeftOutLines(const FaultAcquisitionResult& result) {
-  return SourceLines(QStringLiteral("%1 個の断層は地震活動モデルに断層面がありません。"), result.withoutPlanes) +
+  return SourceLines(QStringLiteral("%1 個の断層は地震活動モデルに断層面がありません。"),
+                     result.withoutPlanes) +
          SourceLines(QStringLiteral("%1 個の断層は矩形の断層面で表されないため除きました。"), result.leftOut);
 }
 

@@ -163,8 +163,8 @@ TEST_F(FaultsCommandTest, SummaryNamesSourceMapVersionsAndSamples) {
   const QString text = QString::fromUtf8(result.out);
   for (const char16_t* part :
        {u"断層：8 個", u"試験用の未登録断層（F099999）", u"相模トラフ沿いのＭ８クラスの地震（ASG05）",
-        u"1 森本・富樫断層帯（F005701）M 7.21", u"最短距離 9.0158 km", u"J-SHIS",
-        u"被害地検索 2019年版", u"地震活動モデル 2021年版", u"見本の表を使用中"})
+        u"1 森本・富樫断層帯（F005701）M 7.21", u"最短距離 9.0158 km", u"J-SHIS", u"被害地検索 2019年版",
+        u"地震活動モデル 2021年版", u"見本の表を使用中"})
     EXPECT_TRUE(text.contains(QStringView(part))) << QString::fromUtf16(part).toStdString();
 }
 
@@ -226,19 +226,19 @@ TEST_F(FaultsCommandTest, WhatIsThereIsPrintedWhenSingleModelsFail) {
   EXPECT_EQ(faults[1].toObject()[u"ltecode"].toString(), u"F005601");
   EXPECT_EQ(faults[1].toObject()[u"rank"].toString(), u"2");
   const QString asked = local.Address("http", "F005501=cut/F004701=garbage");
-  EXPECT_EQ(result.err.toStdString(),
-            kLeftOut + asked.toStdString() +
-                "/map/api/pshm/Y2021/AVR/F005501/fltinfo.geojson?epsg=4612&jp: "
-                "サービスに接続できないか、回答が途絶えました。\n"
-                "2 個の断層の情報を取得できませんでした。\n"
-                "    邑知潟断層帯（F005501）\n"
-                "    跡津川断層帯（F004701）\n");
+  EXPECT_EQ(result.err.toStdString(), kLeftOut + asked.toStdString() +
+                                          "/map/api/pshm/Y2021/AVR/F005501/fltinfo.geojson?epsg=4612&jp: "
+                                          "サービスに接続できないか、回答が途絶えました。\n"
+                                          "2 個の断層の情報を取得できませんでした。\n"
+                                          "    邑知潟断層帯（F005501）\n"
+                                          "    跡津川断層帯（F004701）\n");
 
   const CliResult summary = Run({}, "F005501=cut");
   EXPECT_EQ(summary.status, 2);
   EXPECT_TRUE(summary.out.contains("断層：7 個"));
   EXPECT_TRUE(summary.out.contains(kLeftOut.c_str()));
-  EXPECT_TRUE(summary.err.endsWith("1 個の断層の情報を取得できませんでした。\n    邑知潟断層帯（F005501）\n"));
+  EXPECT_TRUE(
+      summary.err.endsWith("1 個の断層の情報を取得できませんでした。\n    邑知潟断層帯（F005501）\n"));
 }
 
 TEST_F(FaultsCommandTest, WhatIsThereIsPrintedWhenOneModelDoesNotParse) {
@@ -252,7 +252,8 @@ TEST_F(FaultsCommandTest, WhatIsThereIsPrintedWhenOneModelDoesNotParse) {
   EXPECT_EQ(kind.status, 2);
   EXPECT_EQ(Faults(kind).size(), 2);
   EXPECT_TRUE(kind.err.contains("is<object>()"));
-  EXPECT_TRUE(kind.err.contains("9 個の断層の情報を取得できませんでした。\n    砺波平野断層帯（西部）（F005601）\n"));
+  EXPECT_TRUE(
+      kind.err.contains("9 個の断層の情報を取得できませんでした。\n    砺波平野断層帯（西部）（F005601）\n"));
 }
 
 TEST_F(FaultsCommandTest, NoModelAtAllIsAnEmptyListAndStatusTwo) {

@@ -311,7 +311,8 @@ class Exchange(socketserver.StreamRequestHandler):
 
     def answer_redirect_huge(self, size):
         """A redirect to the honest answer whose own body has so many bytes, or hardly an end."""
-        target = "/" + self.path.lstrip("/").replace(f"redirect-huge:{size}/" if size else "redirect-huge/", "honest/", 1)
+        wish = f"redirect-huge:{size}/" if size else "redirect-huge/"
+        target = self.path.replace(wish, "honest/", 1)
         self.status, count = 302, int(size or 2 * LARGEST)
         self.wfile.write(self.head(f"Location: {target}", length=count))
         while count > 0:

@@ -25,8 +25,8 @@ struct AnswerResult {
 
 /// Reads the answer of the mesh search and appends a record per entry, in the order of the answer. A value
 /// that is left out or empty stands as "-", a name as "No Name"; the exceedance probabilities are read only
-/// `withProbabilities`. More than 1,000 sources, or a text of more than 10,000 bytes, are a bad answer. A type
-/// fault keeps the records before it. Any bytes are survived.
+/// `withProbabilities`. More than 1,000 sources, or a text of more than 10,000 bytes, are a bad answer. A
+/// type fault keeps the records before it. Any bytes are survived.
 AnswerResult ParseMeshAnswer(std::string_view text, bool withProbabilities, std::vector<FaultInfo>& faults);
 
 /// Reads the answer of the activity model into `fault`: number of planes, activity texts, the planes with

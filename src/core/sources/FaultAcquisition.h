@@ -44,9 +44,10 @@ struct FaultAcquisitionResult {
 
   /// The sources of the ranking or of the range that have no planes in the list, each in one of these, in the
   /// order of asking. Since a failure of the network is not shown, the first list is how a user learns of it.
-  std::vector<SourceName> unread;         ///< could not be read, or were not asked for any more
-  std::vector<SourceName> withoutPlanes;  ///< the service answered that it has no data or no rectangle of them
-  std::vector<SourceName> leftOut;        ///< by rule: of the Sagami trough, or of another geometry
+  std::vector<SourceName> unread;  ///< could not be read, or were not asked for any more
+  std::vector<SourceName>
+      withoutPlanes;                ///< the service answered that it has no data or no rectangle of them
+  std::vector<SourceName> leftOut;  ///< by rule: of the Sagami trough, or of another geometry
 };
 
 /// Fault k of n is about to be asked for, k from 1.

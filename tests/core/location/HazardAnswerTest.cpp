@@ -337,7 +337,8 @@ TEST(BoundsTest, RankingHoldsAThousandSources) {
   EXPECT_EQ(most.result.outcome, ServiceOutcome::Done);
   EXPECT_THAT(most.faults, SizeIs(1000));
   std::vector<FaultInfo> faults(1);
-  EXPECT_EQ(ParseMeshAnswer(RankingOf(Repeated("{}", 1001)), true, faults).outcome, ServiceOutcome::BadAnswer);
+  EXPECT_EQ(ParseMeshAnswer(RankingOf(Repeated("{}", 1001)), true, faults).outcome,
+            ServiceOutcome::BadAnswer);
   EXPECT_THAT(faults, SizeIs(1)) << "the list is as it was";
 }
 
@@ -358,7 +359,9 @@ TEST(BoundsTest, SourceHasAHundredPlanes) {
 
 TEST(BoundsTest, AnswerHoldsHalfAMillionValues) {
   // The root, the ranking and the other member are values too.
-  const auto answer = [](std::size_t values) { return R"({"Fault":[],"x":[)" + Repeated("0", values) + "]}"; };
+  const auto answer = [](std::size_t values) {
+    return R"({"Fault":[],"x":[)" + Repeated("0", values) + "]}";
+  };
   EXPECT_EQ(ReadMesh(answer(499997)).result.outcome, ServiceOutcome::Done);
   EXPECT_EQ(ReadMesh(answer(499998)).result.outcome, ServiceOutcome::BadAnswer);
 }
@@ -410,7 +413,8 @@ TEST(BoundsTest, AnswerMadeToFillTheMemoryDoesNot) {
       "[" + std::string(16 * kMiB, '1') + "]",
       RankingOf(R"({"ltename":")" + std::string(16 * kMiB, 'x') + R"("})"),
       R"({"seisact_model":{"geom_num":1},"features":[)" +
-          Repeated(R"({"geometry":{"type":"Polygon","coordinates":[]},"properties":{}})", 16 * kMiB / 67) + "]}",
+          Repeated(R"({"geometry":{"type":"Polygon","coordinates":[]},"properties":{}})", 16 * kMiB / 67) +
+          "]}",
       Model("[" + Repeated("[[1,2,3],[],[],[]]", 16 * kMiB / 18) + "]"),
   };
   for (const std::string& answer : answers)

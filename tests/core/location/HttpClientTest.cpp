@@ -115,7 +115,7 @@ TEST_F(HttpClientTest, ConnectionClosedUnannouncedBehindAnAnswerLosesNoRequest) 
          {"ranking=close", "ranking=close:1", "ranking=reset:1", "ranking=close-every:5"}) {
       HttpClient client(options, service.CertificateFile());
       const QString url = service.Address(port, Path(wishes)) + kSearch;
-      for (int i = 0; i < 60; ++i)
+      for (int i = 0; i < 20; ++i)
         EXPECT_EQ(client.GetToFile(url, file), HttpResult::Done) << wishes << ' ' << i;
       EXPECT_EQ(Answer(), Fixture("fltsearch_C.json"));
     }

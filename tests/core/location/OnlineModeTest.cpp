@@ -103,7 +103,8 @@ TEST_F(OnlineModeTest, BadAddressFailsTheProbe) {
 
 TEST_F(OnlineModeTest, CertificatesThatDoNotHoldFailTheProbe) {
   EXPECT_TRUE(Probe("", "https"));
-  for (const char* port : {"https-host", "https-expired", "https-foreign"}) EXPECT_FALSE(Probe("", port)) << port;
+  for (const char* port : {"https-host", "https-expired", "https-foreign"})
+    EXPECT_FALSE(Probe("", port)) << port;
 }
 
 TEST_F(OnlineModeTest, ServerThatInsistsOnAClientsCertificateFailsTheProbe) {

@@ -350,8 +350,9 @@ TEST_F(RankingTest, ParameterOfTheModelsOutOfItsRangeIsToldOnce) {
   const FaultAcquisitionResult result = Acquire();
   EXPECT_EQ(result.outcome, ServiceOutcome::BadParameter);
   EXPECT_EQ(result.url, u"");
-  EXPECT_THAT(messages.shown,
-              ElementsAre(Stop(QStringLiteral("地図バージョン(地震活動モデル)のチェックでエラーとなりました。"))));
+  EXPECT_THAT(
+      messages.shown,
+      ElementsAre(Stop(QStringLiteral("地図バージョン(地震活動モデル)のチェックでエラーとなりました。"))));
   EXPECT_TRUE(faults.empty());
   EXPECT_EQ(result.unread.size(), 10u);
   EXPECT_EQ(result.leftOut.size(), 1u);
@@ -495,7 +496,8 @@ TEST_F(RangeTest, ParameterOutOfItsRangeIsToldOnceAndTheRecordsStay) {
                          Row("F004701", 136.8, 36.6)};
   input.parameters.caseIndex = 2;
   EXPECT_EQ(Acquire().outcome, ServiceOutcome::BadParameter);
-  EXPECT_THAT(messages.shown, ElementsAre(Stop(QStringLiteral("確率ケースのチェックでエラーとなりました。"))));
+  EXPECT_THAT(messages.shown,
+              ElementsAre(Stop(QStringLiteral("確率ケースのチェックでエラーとなりました。"))));
   EXPECT_EQ(Codes(), u"F005701 F005501 F004701");
   EXPECT_THAT(local->Paths(), IsEmpty());
 }
