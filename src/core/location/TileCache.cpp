@@ -1,6 +1,7 @@
 #include "core/location/TileCache.h"
 
 #include "core/files/WholeFile.h"
+#include "core/location/FaultSearchRequest.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -28,7 +29,8 @@ QString TileFilePath(const QString& programFolder, const TileNumber& tile) {
 }
 
 QString TileUrl(const QString& serviceAddress, const TileNumber& tile) {
-  return serviceAddress + QStringLiteral("/xyz/std/%1/%2/%3.png").arg(tile.zoom).arg(tile.x).arg(tile.y);
+  return ServiceUrl(serviceAddress,
+                    QStringLiteral("/xyz/std/%1/%2/%3.png").arg(tile.zoom).arg(tile.x).arg(tile.y));
 }
 
 TileCache::TileCache(QString programFolder, QString serviceAddress, TileDownload download)
@@ -36,15 +38,15 @@ TileCache::TileCache(QString programFolder, QString serviceAddress, TileDownload
       m_serviceAddress(std::move(serviceAddress)),
       m_download(std::move(download)) {}
 
-std::optional<QString> TileCache::Fetch(const TileNumber& tile) const {
+std::optional<QString> TileCache::Fetch(const TileNumber& tile, const std::stop_token& stop) const {
   QString path = TileFilePath(m_programFolder, tile);
-  if (!QFileInfo::exists(path) && !Download(tile, path)) return std::nullopt;
+  if (!QFileInfo::exists(path) && !Download(tile, path, stop)) return std::nullopt;
   return path;
 }
 
-bool TileCache::Download(const TileNumber& tile, const QString& path) const {
+bool TileCache::Download(const TileNumber& tile, const QString& path, const std::stop_token& stop) const {
   QByteArray content;
-  if (!m_download(TileUrl(m_serviceAddress, tile), content)) return false;
+  if (!m_download(TileUrl(m_serviceAddress, tile), content, stop)) return false;
   if (!QDir().mkpath(QFileInfo(path).path())) return false;
   return WriteWholeFile(path,
                         std::string_view(content.constData(), static_cast<std::size_t>(content.size())));

@@ -114,7 +114,7 @@ struct Painting {
   TestFolder folder;
   QStringList asked;
   TileStore<int> store{TileCache(folder.Path(), QString(),
-                                 [this](const QString& url, QByteArray&) {
+                                 [this](const QString& url, QByteArray&, const std::stop_token&) {
                                    asked << url;
                                    return false;
                                  }),

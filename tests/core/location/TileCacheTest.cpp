@@ -29,7 +29,7 @@ struct Service {
   QStringList asked;
 
   TileCache Cache(const QString& folder) {
-    return {folder, kAddress, [this](const QString& url, QByteArray& answer) {
+    return {folder, kAddress, [this](const QString& url, QByteArray& answer, const std::stop_token&) {
               asked << url;
               answer = content;
               return answers;
@@ -58,7 +58,9 @@ TEST(TileFilePath, PercentSignsInTheFolderStay) {
 }
 
 TEST(TileUrl, StandsBehindSchemeAndHost) {
-  EXPECT_EQ(TileUrl(kAddress, kTile), QStringLiteral("https://tiles.example/xyz/std/15/28817/12802.png"));
+  const QString url = QStringLiteral("https://tiles.example/xyz/std/15/28817/12802.png");
+  EXPECT_EQ(TileUrl(kAddress, kTile), url);
+  EXPECT_EQ(TileUrl(kAddress + u'/', kTile), url);
 }
 
 TEST(TileCache, AMissingTileIsDownloadedIntoItsFile) {

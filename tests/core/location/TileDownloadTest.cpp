@@ -7,6 +7,8 @@
 #include <QElapsedTimer>
 
 #include <gtest/gtest.h>
+#include <stop_token>
+#include <thread>
 
 namespace tremlo {
 namespace {
@@ -111,12 +113,12 @@ TEST_F(TileDownloadTest, ABrokenAnswerLeavesARememberedGap) {
 }
 
 TEST_F(TileDownloadTest, ATooLargeAnswerLeavesARememberedGap) {
-  settings.tiles.maxBodyBytes = 100000;
+  settings.tiles.maxAnswerBytes = 100000;
   for (const char* wishes : {"tile=huge:100001", "tile=huge-length"}) {
     Use("http", wishes);
     ExpectRememberedGap(wishes);
   }
-  Use("http", "tile=huge:100000");
+  Use("http", "tile=huge:99900");
   EXPECT_NE(NewMap().Get(kTile), nullptr);
 }
 
@@ -137,6 +139,25 @@ TEST_F(TileDownloadTest, AWrongCertificateLeavesAGapAndNothingIsAsked) {
 TEST_F(TileDownloadTest, AnAddressThatIsNoneLeavesAGap) {
   settings.tileAddress = QStringLiteral("file://") + local.AnswerFolder();
   ExpectRememberedGap("file");
+}
+
+TEST_F(TileDownloadTest, ATileThatWasBrokenOffIsNoGapAndIsAskedForAgain) {
+  settings.tileAddress = local.Address();
+  auto map = NewMap();
+  Use("http", "tile=stall");
+  auto stalled = NewMap();
+  for (int asked = 0; asked < 2; ++asked) {
+    std::stop_source source;
+    std::thread stopper([&] {
+      while (static_cast<int>(local.Requests().size()) == asked) std::this_thread::yield();
+      source.request_stop();
+    });
+    EXPECT_EQ(stalled.Get(kTile, source.get_token()), nullptr);
+    stopper.join();
+    EXPECT_EQ(static_cast<int>(local.Requests().size()), asked + 1);
+    EXPECT_TRUE(folder.Names().isEmpty());
+  }
+  EXPECT_NE(map.Get(kTile), nullptr);
 }
 
 TEST_F(TileDownloadTest, AGapIsFilledForTheNextMap) {
@@ -170,8 +191,9 @@ TEST_F(TileDownloadTest, WhatAFailedAnswerLeftIsNotPartOfTheNext) {
   const TileDownload download = MakeTileDownload(settings);
   QByteArray content;
   const QString path = QStringLiteral("/xyz/std/5/28/12.png");
-  EXPECT_FALSE(download(local.Address(QStringLiteral("http"), QStringLiteral("tile=cut")) + path, content));
-  EXPECT_TRUE(download(local.Address() + path, content));
+  EXPECT_FALSE(
+      download(local.Address(QStringLiteral("http"), QStringLiteral("tile=cut")) + path, content, {}));
+  EXPECT_TRUE(download(local.Address() + path, content, {}));
   EXPECT_EQ(content, Picture());
 }
 

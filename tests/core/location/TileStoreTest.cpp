@@ -23,7 +23,7 @@ struct Map {
   TileStore<QByteArray> store = NewStore();
 
   TileStore<QByteArray> NewStore() {
-    const auto download = [this](const QString&, QByteArray& answer) {
+    const auto download = [this](const QString&, QByteArray& answer, const std::stop_token&) {
       ++requests;
       answer = content;
       return answers;
