@@ -49,7 +49,7 @@ class Undo {
     do {
       m_kept = m_target;
       m_kept += ".old" + std::to_string(number);
-    } while (std::filesystem::exists(m_kept, error) && ++number < 1000);
+    } while (std::filesystem::exists(std::filesystem::symlink_status(m_kept, error)) && ++number < 1000);
     std::filesystem::create_hard_link(m_target, m_kept, error);
     if (!error) return;
     std::filesystem::copy_file(m_target, m_kept, error);
@@ -65,7 +65,7 @@ class Undo {
     if (!m_existed) std::filesystem::remove(m_target, ignored);
     if (m_kept.empty()) return;
     std::filesystem::rename(m_kept, m_target, ignored);
-    m_kept.clear();
+    m_kept.clear();  // where that failed, what is kept is all that is left of the older file
   }
 
  private:
