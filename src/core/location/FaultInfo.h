@@ -61,9 +61,9 @@ struct FaultInfo {
 
 /// The number of planes that a loop over these per-plane vectors of the fault runs to: `geomNum`, or the
 /// length of the shortest vector where that is less; none for a negative `geomNum`.
-template <class... Vectors>
-std::size_t PlaneCount(const FaultInfo& fault, const Vectors&... perPlane) {
-  return std::min({static_cast<std::size_t>(std::max(fault.geomNum, 0)), perPlane.size()...});
+template <class Vector, class... Vectors>
+std::size_t PlaneCount(const FaultInfo& fault, const Vector& perPlane, const Vectors&... more) {
+  return std::min({static_cast<std::size_t>(std::max(fault.geomNum, 0)), perPlane.size(), more.size()...});
 }
 
 }  // namespace tremlo

@@ -14,7 +14,7 @@
 #include <unistd.h>
 #endif
 
-#ifdef __linux__
+#ifdef __GLIBC__
 #include <cerrno>
 #include <dlfcn.h>
 #include <string_view>
@@ -87,7 +87,7 @@ TEST(WholeFile, OneFileOfSeveralThatFailsKeepsAll) {
   EXPECT_EQ(test::ReadAll(folder.Path("second")), QByteArray("2"));
 }
 
-#ifdef __linux__
+#ifdef __GLIBC__
 
 class GroupOfFiles : public testing::Test {
  protected:
