@@ -1,6 +1,5 @@
 #include "window/shell/MorvaneApp.h"
-
-#include <QApplication>
+#include "window/shell/TremloApplication.h"
 
 namespace {
 
@@ -17,6 +16,7 @@ tremlo::ProgramSettings TestSettings() {
   settings.services.probePauseMs = 1;
   settings.splashMs = 1;
   settings.programFolder = Word("TREMLO_TEST_PROGRAM_FOLDER");
+  settings.unfinishedRoute = true;
   return settings;
 }
 
@@ -27,8 +27,8 @@ int main(int argc, char* argv[]) {
     qCritical("TREMLO_TEST_SERVICE and TREMLO_TEST_PROGRAM_FOLDER must be set: no test asks a public host");
     return 2;
   }
-  const QApplication application(argc, argv);
+  const tremlo::TremloApplication application(argc, argv);
   tremlo::CMorvaneApp program(TestSettings(), tremlo::ProgramScreens());
   const std::optional<int> ended = program.Start(QCoreApplication::arguments());
-  return ended ? *ended : QApplication::exec();
+  return ended ? *ended : QCoreApplication::exec();
 }

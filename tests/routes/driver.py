@@ -9,7 +9,7 @@ import subprocess
 import gi
 
 gi.require_version("Atspi", "2.0")
-from gi.repository import Atspi  # noqa: E402
+from gi.repository import Atspi, Gio, GLib  # noqa: E402
 
 from desktop import PATIENCE, NotReached, wait_until
 
@@ -201,6 +201,60 @@ class Program:
 
     def type(self, text):
         self.xdotool("type", "--delay", 5, text)
+
+    # --- acting through the accessibility bus, which knows of no dialog in front
+
+    def everything(self, node=None):
+        """Every control below a node, the entries of closed menus too; a table's cells are left out."""
+        node = node or self.application()
+        yield node
+        if node.get_role() in (ROLE.TABLE, ROLE.TREE, ROLE.LIST):
+            return
+        for i in range(node.get_child_count()):
+            child = node.get_child_at_index(i)
+            if child:
+                yield from self.everything(child)
+
+    def action_of(self, name):
+        """Where on the bus the action of the control of that name is: the shown one, else the entry of a menu."""
+        def found():
+            named = [node for node in self.everything() if node.get_name() == name and node.get_n_actions() > 0]
+            named.sort(key=lambda node: not is_shown(node))
+            return named and (named[0].app.bus_name, named[0].path)
+        return self.until(found, f"action {name}")
+
+    def act(self, *actions):
+        """Carries out the first action of each, all of them in one batch, and returns when the program has been told of
+        the last. What an action leads to may take longer."""
+        bus = self.accessibility_bus()
+        for name, path in actions:
+            bus.call(name, path, "org.a11y.atspi.Action", "DoAction", GLib.Variant("(i)", (0,)), None,
+                     Gio.DBusCallFlags.NONE, -1, None, None)
+        # Messages of one sender arrive in their order, and an action that waits lets the next one in.
+        bus.call_sync(actions[-1][0], "/org/a11y/atspi/accessible/root", "org.freedesktop.DBus.Properties", "Get",
+                      GLib.Variant("(ss)", ("org.a11y.atspi.Accessible", "Name")), None, Gio.DBusCallFlags.NONE, -1, None)
+
+    def accessibility_bus(self):
+        if not hasattr(self, "bus"):
+            session = Gio.DBusConnection.new_for_address_sync(
+                self.desktop.env["DBUS_SESSION_BUS_ADDRESS"],
+                Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION, None, None)
+            address = session.call_sync("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress", None, None,
+                                        Gio.DBusCallFlags.NONE, -1, None).unpack()[0]
+            self.bus = Gio.DBusConnection.new_for_address_sync(
+                address, Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION,
+                None, None)
+        return self.bus
+
+    def dialogs(self):
+        """Names of the dialogs and boxes that are up."""
+        return [node.get_name() for node in self.nodes() if node.get_role() in (ROLE.DIALOG, ROLE.ALERT)]
+
+    def has_window(self, title):
+        """By the X server's account, which is asked faster than the bus."""
+        found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{title}$"], env=self.desktop.env,
+                               capture_output=True, text=True)
+        return bool(found.stdout.strip())
 
     # --- what a person reads and answers
 

@@ -33,7 +33,9 @@ NO_TARGET = "調整用スペクトルのデータがありません。"
 BAD_NAME = "地震波形名の入力エラーです。"
 BAD_STEP = "時間間隔の入力エラーです。"
 NO_FIT = "地震波形調整の計算に失敗しました。"
-UNSAVED = "への変更を保存しますか?"
+UNSAVED = "「{}」は変更されています。保存しますか？"
+NEW, OPEN, SAVE_AS = "新規作成(N)", "開く(O)...", "名前を付けて保存(A)..."
+COMMANDS = (NEW, OPEN, SAVE_AS, "アプリケーションの終了(X)", "波形調整設定", "バージョン情報(A)...", SEED, TARGET, RESULT)
 tools = None  # the words of the command line
 
 
@@ -51,7 +53,7 @@ class Route(unittest.TestCase):
     def start(self, *arguments, **kwargs):
         program = self.launch(*arguments, **kwargs)
         if not arguments:
-            program.find("加速度応答スペクトルへの調整")
+            program.press("加速度応答スペクトルへの調整")
             program.screenshot("top")
             program.press("OK")
         program.find(READ_WAVE)
@@ -340,6 +342,75 @@ class Route(unittest.TestCase):
         self.assertEqual(program.text("波形名"), "another name")
         self.close(program)
 
+    # --- commands at a bad time
+
+    def all_commands(self, program):
+        """The actions of every kind of command, also the first of the recent files."""
+        recent = program.until(
+            lambda: next((node.get_name() for node in program.everything() if ".trml" in node.get_name() and
+                          node.get_role() == ROLE.MENU_ITEM), None), "recent file")
+        return [program.action_of(name) for name in (*COMMANDS, recent)]
+
+    def test_no_command_gets_in_front_of_a_run(self):
+        other = self.project_before_the_run("other.trml", OTHER_RECORD)
+        project = self.project_before_the_run("run.trml")
+        saved = other.read_bytes()
+        program = self.start(other)
+        self.close(program)  # the newest of the recent files
+        program = self.start(project)
+        commands = self.all_commands(program)
+        program.press(RESULT)
+        program.until(lambda: program.has_window(RUNNING), "run")
+        program.act(*commands, *commands)
+        self.assertIn(program.dialogs(), ([RUNNING], []))  # the run may be over by now
+        self.wait_for_result(program)
+        program.screenshot("behind_run")
+        self.assertEqual(program.dialogs(), [])
+        self.assertTrue(program.title().startswith(project.name))
+        self.assertEqual((0, self.export(program, EXPORT_ADJUSTED, "adjusted.csv")), self.adjust_by_command(RECORD))
+        program.keys("ctrl+s")
+        self.close(program)
+        self.assertEqual(other.read_bytes(), saved)
+
+    def test_a_run_is_made_once_however_often_it_is_asked_for(self):
+        project = self.project_before_the_run("run.trml")
+        program = self.start(project)
+        step, new = program.action_of(RESULT), program.action_of(NEW)
+        # A button acts a moment after its press: by then the top screen is up.
+        program.act(step, step, new, step)
+        program.find("加速度応答スペクトルへの調整")
+        program.act(step)
+        program.until(lambda: program.dialogs() == ["Tremlo"], "top screen alone")
+        program.press("加速度応答スペクトルへの調整")
+        program.press("OK")
+        program.until(lambda: program.title().startswith("無題"), "new project")
+        self.assertEqual(program.dialogs(), [])
+        self.assertEqual(program.text("データ数"), "1")
+        self.close(program)
+
+    def test_no_command_gets_in_front_of_a_question_or_a_dialog(self):
+        project = self.project_before_the_run("p.trml")
+        program = self.start(project)
+        commands = self.all_commands(program)
+        program.act(program.action_of(OPEN))
+        program.until(lambda: program.file_dialog("開く"), "file dialog")
+        program.act(*commands)
+        self.assertEqual(program.dialogs(), ["開く"])
+        program.keys("Escape")
+        program.until(lambda: not program.dialogs(), "file dialog closed")
+        self.enter(program, "波形名", "changed")
+        program.act(program.action_of(NEW))
+        program.box(UNSAVED.format(project.name))
+        program.act(*commands)
+        self.assertEqual(program.dialogs(), ["Tremlo"])
+        # The answer and more commands at once.
+        program.act(program.action_of("キャンセル"), *(program.action_of(name) for name in (NEW, OPEN)))
+        program.until(lambda: not program.dialogs(), "question closed")
+        self.assertTrue(program.title().startswith(project.name))
+        self.assertEqual(program.text("波形名"), "changed")
+        self.assertEqual(program.text("データ数"), "8192")
+        self.close(program, "いいえ(N)")
+
     def test_a_second_start_is_refused_and_the_first_goes_on(self):
         first = self.start()
         second = self.launch()
@@ -355,6 +426,28 @@ class Route(unittest.TestCase):
         asked = self.desktop.service_log.read_text()
         self.assertIn("/map/api/fltsearch", asked)
         self.assertIn("/xyz/std/", asked)
+
+    def test_nothing_but_the_recent_list_survives(self):
+        program = self.start()
+        self.read_record(program)
+        self.save_as(program, self.desktop.folder / "p.trml")
+        self.close(program)
+        kept = [path.relative_to(self.desktop.folder) for name in ("HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME")
+                for path in (self.desktop.folder / name).rglob("*") if path.is_file()]
+        self.assertEqual([str(path) for path in kept if "dconf" not in str(path)], ["XDG_CONFIG_HOME/Tremlo/Tremlo.ini"])
+
+    def test_a_wave_that_no_memory_holds_is_told_and_changes_nothing(self):
+        endless = self.desktop.folder / "endless.csv"
+        endless.write_bytes(b"name, 0.01, 1\n" + b"\n" * (60 << 20))
+        room = 1536 << 20
+        program = self.start(preexec=lambda: resource.setrlimit(resource.RLIMIT_AS, (room, room)))
+        self.read_record(program)
+        self.read_wave(program, endless)
+        program.answer("メモリが不足しているため、処理を中止しました。")
+        self.assertTrue(program.text("波形名").startswith("HSES"))
+        self.assertEqual(program.text("データ数"), "8192")
+        self.assertEqual(program.cell("波形データ", 8191, 0), "40.955")
+        self.close(program, "いいえ(N)")
 
 
 def main():

@@ -50,9 +50,11 @@ void RecordingHost::Log(const char* what, ScreenId id) {
   m_log.append(QStringLiteral("%1 %2").arg(QString::fromLatin1(what)).arg(static_cast<int>(id)));
 }
 
-void RecordingHost::ComputeMissingSpectra() {
+bool RecordingHost::ComputeMissingSpectra() {
   m_log.append(QStringLiteral("compute spectra"));
+  if (!missingSpectraWork) return false;
   for (std::size_t i = 0; i < m_doc.seedWaves.Count(); ++i) m_doc.seedWaves.At(i).spectrumValid = true;
+  return true;
 }
 
 bool RecordingHost::CalculateFaultSpectra() {

@@ -4,6 +4,7 @@
 #include "support/ScriptedPrompt.h"
 
 #include <map>
+#include <set>
 
 namespace tremlo::test {
 
@@ -13,15 +14,18 @@ class RecordingHost : public ScreenHost {
  public:
   RecordingHost(CMorvaneDoc& doc, QStringList& log) : m_doc(doc), m_log(log) {}
 
+  bool Has(ScreenId id) const override { return !missing.contains(id); }
   void Prepare(ScreenId id) override { Log("prepare", id); }
   void Show(ScreenId id) override { Log("show", id); }
   void Entered(ScreenId id) override { Log("entered", id); }
   void Left(ScreenId id) override { Log("left", id); }
   void Refresh(ScreenId id) override { Log("refresh", id); }
-  void ComputeMissingSpectra() override;
+  bool ComputeMissingSpectra() override;
   bool CalculateFaultSpectra() override;
   bool RunRespAdjustment() override;
 
+  std::set<ScreenId> missing;  ///< screens that the program has not
+  bool missingSpectraWork = true;
   bool faultSpectraWork = true;
   bool respAdjustmentWorks = true;
 

@@ -35,7 +35,7 @@ bool LowerLimitIsBase(const CMorvaneDoc& doc) {
 
 bool ChangeRules::BeginSiteChange() {
   if (m_doc.faults.empty()) return true;
-  if (!m_prompt.Ask(SiteChangeQuestion())) return false;
+  if (!Ask(SiteChangeQuestion())) return false;
   m_doc.ClearFaultsAndAfter();
   m_procedure.RefreshFaultScreens();
   return true;
@@ -43,7 +43,7 @@ bool ChangeRules::BeginSiteChange() {
 
 bool ChangeRules::BeginApiParameters() {
   if (m_doc.faults.empty()) return true;
-  if (!m_prompt.Ask(ApiParametersQuestion(m_doc.apiParameters))) return false;
+  if (!Ask(ApiParametersQuestion(m_doc.apiParameters))) return false;
   const bool planeIsBase = AnyPlaneIsBase(m_doc);
   if (planeIsBase && !AskBaseChange()) return false;
   m_doc.ClearFaults();
@@ -62,7 +62,7 @@ bool ChangeRules::BeginAcquisition(bool zoneKnown) {
 
 bool ChangeRules::BeginAdjustSettings() {
   if (!AnyAdjusted(m_doc.seedWaves)) return true;
-  if (!m_prompt.Ask(AdjustSettingsQuestion())) return false;
+  if (!Ask(AdjustSettingsQuestion())) return false;
   m_doc.ClearResults();
   m_procedure.RefreshActiveScreen();
   return true;
@@ -70,10 +70,9 @@ bool ChangeRules::BeginAdjustSettings() {
 
 bool ChangeRules::SetGroundClass(std::size_t fault, std::size_t plane, const QString& groundClass) {
   if (fault >= m_doc.faults.size() || plane >= m_doc.faults[fault].groundClass.size()) return false;
-  FaultInfo& record = m_doc.faults[fault];
-  if (record.groundClass[plane] == groundClass) return true;
-  if (!ClearBaseIf(IsBasePlane(record, plane))) return false;
-  record.groundClass[plane] = groundClass;
+  if (m_doc.faults[fault].groundClass[plane] == groundClass) return true;
+  if (!ClearBaseIf(IsBasePlane(m_doc.faults[fault], plane))) return false;
+  m_doc.faults[fault].groundClass[plane] = groundClass;
   m_doc.SetModified(true);
   return true;
 }
@@ -88,9 +87,8 @@ bool ChangeRules::SetAttenuationMethod(const QString& method) {
 
 bool ChangeRules::SetPlaneUse(std::size_t fault, std::size_t plane, bool use) {
   if (fault >= m_doc.faults.size() || plane >= m_doc.faults[fault].attenUse.size()) return false;
-  FaultInfo& record = m_doc.faults[fault];
-  if (!use && !ClearBaseIf(IsBasePlane(record, plane))) return false;
-  record.attenUse[plane] = use;
+  if (!use && !ClearBaseIf(IsBasePlane(m_doc.faults[fault], plane))) return false;
+  m_doc.faults[fault].attenUse[plane] = use;
   m_doc.SetModified(true);
   return true;
 }
@@ -106,10 +104,10 @@ bool ChangeRules::ChangeWaveData(const QString& waveName, const std::function<vo
   const QString name = waveName;  // the argument may live in the record that `apply` rewrites
   if (IsBaseWave(m_doc, name)) {
     if (!AskBaseChange()) return false;
-    if (AnyAdjusted(m_doc.seedWaves) && !m_prompt.Ask(AdjustedWavesQuestion())) return false;
+    if (AnyAdjusted(m_doc.seedWaves) && !Ask(AdjustedWavesQuestion())) return false;
     m_doc.ClearBaseSpectrumAndAdjustment();
   } else if (IsAdjusted(m_doc.seedWaves, name)) {
-    if (!m_prompt.Ask(AdjustedWaveDataQuestion())) return false;
+    if (!Ask(AdjustedWaveDataQuestion())) return false;
     m_doc.ClearAdjustment();
   }
   apply();
@@ -121,7 +119,7 @@ bool ChangeRules::ChangeWaveData(const QString& waveName, const std::function<vo
 bool ChangeRules::DeleteWave(const QString& name) {
   const QString gone = name;  // the argument may live in the record that is about to go
   if (!ClearBaseIf(IsBaseWave(m_doc, gone))) return false;
-  if (!m_prompt.Ask(DeleteWaveQuestion(gone))) return false;
+  if (!Ask(DeleteWaveQuestion(gone))) return false;
   m_doc.seedWaves.Remove(gone);
   const bool adoptedGone = m_doc.seedAdoptedName == gone || !FirstAdopted(m_doc.seedWaves);
   if (m_doc.seedAdopted && adoptedGone) m_doc.ClearAdjustment();
@@ -185,8 +183,13 @@ void ChangeRules::AdoptWave(std::size_t index) {
   m_doc.SetModified(true);
 }
 
+bool ChangeRules::Ask(const QString& question) {
+  const std::uint64_t generation = m_doc.Generation();
+  return m_prompt.Ask(question) && m_doc.Generation() == generation;
+}
+
 bool ChangeRules::AskBaseChange() {
-  return m_prompt.Ask(BaseChangeQuestion(m_doc.baseSpectrumName));
+  return Ask(BaseChangeQuestion(m_doc.baseSpectrumName));
 }
 
 bool ChangeRules::ClearBaseIf(bool isBase) {

@@ -66,6 +66,8 @@ class ChangeRules {
   void AdoptWave(std::size_t index);
 
  private:
+  /// A Yes counts only for the project that was asked about.
+  bool Ask(const QString& question);
   bool AskBaseChange();
   bool ClearBaseIf(bool isBase);
 

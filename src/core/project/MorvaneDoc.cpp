@@ -24,6 +24,7 @@ void FillFlags(std::vector<bool>& flags, bool value) {
 }  // namespace
 
 std::optional<TableFailure> CMorvaneDoc::ResetDocument() {
+  ++m_generation;
   guidelineRoute = false;
   site = SiteRecord{};
   flowQ1Yes = flowQ2Yes = flowCollect = flowFaultSource = flowNeighbourWave = flowFixed = false;

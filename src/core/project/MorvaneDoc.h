@@ -27,6 +27,10 @@ class CMorvaneDoc {
   /// modified mark and `visualShowSpare` keep their values.
   std::optional<TableFailure> ResetDocument();
 
+  /// Another number for each project that the document has held: ResetDocument, and with it an open, raises
+  /// it. What takes its time notes the number, and stores its result only while it is the same.
+  std::uint64_t Generation() const { return m_generation; }
+
   bool IsModified() const { return m_modified; }
   void SetModified(bool modified) { m_modified = modified; }
   const QString& ProgramFolder() const { return m_programFolder; }
@@ -90,6 +94,7 @@ class CMorvaneDoc {
   QString m_programFolder;
   QString m_pathName;
   bool m_modified = false;
+  std::uint64_t m_generation = 0;
 };
 
 }  // namespace tremlo

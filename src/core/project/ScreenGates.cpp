@@ -53,7 +53,7 @@ SwitchOutcome ScreenGates::Pass(ScreenId id) {
 
 SwitchOutcome ScreenGates::PassDamsiteWave() {
   if (m_doc.seedWaves.IsEmpty()) return Refused(QStringLiteral("「波形登録」で波形を登録してください。"));
-  if (AnyWave(m_doc, LacksSpectrum)) m_host.ComputeMissingSpectra();
+  if (AnyWave(m_doc, LacksSpectrum) && !ComputeMissingSpectra()) return SwitchOutcome::Refused;
   return Prepared(ScreenId::DamsiteWave);
 }
 
@@ -63,7 +63,8 @@ SwitchOutcome ScreenGates::PassFaultSpectra() {
 }
 
 SwitchOutcome ScreenGates::PassBaseSpectrum() {
-  if (m_doc.flowNeighbourWave && AnyWave(m_doc, IsNeighbourWithoutSpectrum)) m_host.ComputeMissingSpectra();
+  if (m_doc.flowNeighbourWave && AnyWave(m_doc, IsNeighbourWithoutSpectrum) && !ComputeMissingSpectra())
+    return SwitchOutcome::Refused;
   if (m_doc.flowFaultSource && !m_host.CalculateFaultSpectra()) return SwitchOutcome::EndProgram;
   return Prepared(ScreenId::BaseSpectrum);
 }
@@ -76,7 +77,7 @@ SwitchOutcome ScreenGates::PassAdjustSeismicWave() {
     return Refused(
         QStringLiteral("基準スペクトルが選択されていません。「基準スペクトル設定」で基準スペクトルを"
                        "選択してください。"));
-  if (AnyWave(m_doc, LacksSpectrum)) m_host.ComputeMissingSpectra();
+  if (AnyWave(m_doc, LacksSpectrum) && !ComputeMissingSpectra()) return SwitchOutcome::Refused;
   return Prepared(ScreenId::AdjustSeismicWave);
 }
 
@@ -96,6 +97,12 @@ SwitchOutcome ScreenGates::PassRespVisualization() {
     return SwitchOutcome::Refused;
   }
   return Prepared(ScreenId::RespVisualization);
+}
+
+bool ScreenGates::ComputeMissingSpectra() {
+  if (m_host.ComputeMissingSpectra()) return true;
+  m_prompt.Tell(QStringLiteral("加速度応答スペクトルの計算に失敗しました。"));
+  return false;
 }
 
 SwitchOutcome ScreenGates::Prepared(ScreenId id) {

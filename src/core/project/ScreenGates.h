@@ -23,6 +23,8 @@ class ScreenGates {
   SwitchOutcome PassAdjustSeismicWave();
   SwitchOutcome PassVisualization();
   SwitchOutcome PassRespVisualization();
+  /// False when the missing spectra could not be computed; the user has been told.
+  bool ComputeMissingSpectra();
   SwitchOutcome Prepared(ScreenId id);
   SwitchOutcome Refused(const QString& message);
 

@@ -17,6 +17,9 @@ class ScreenHost {
  public:
   virtual ~ScreenHost() = default;
 
+  /// Whether the program has the screen. Only then the others below are called for it, Refresh apart.
+  virtual bool Has(ScreenId id) const = 0;
+
   /// Fills a screen from the document, because its gate lets it open. What the gate has to compute for it is
   /// in the document by then. Reaches the screen on display too, when its step is pressed again.
   virtual void Prepare(ScreenId id) = 0;
@@ -36,7 +39,8 @@ class ScreenHost {
   virtual void Refresh(ScreenId id) = 0;
 
   /// Computes the response spectra of all seed waves that lack one, on a worker behind its progress dialog.
-  virtual void ComputeMissingSpectra() = 0;
+  /// False, and nothing stored, when that fails. Tells the user nothing.
+  virtual bool ComputeMissingSpectra() = 0;
 
   /// Computes the spectra of all planes afresh. False: the coefficients are unusable, the user has been told,
   /// and the program ends with exit status 1.

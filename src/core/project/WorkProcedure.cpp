@@ -62,6 +62,10 @@ SwitchOutcome WorkProcedure::SwitchScreen(ScreenId id) {
     m_prompt.Tell(QStringLiteral("予期せぬフォームの呼び出しが発生しました。"));
     return SwitchOutcome::EndProgram;
   }
+  if (!m_host.Has(*target)) {
+    m_prompt.Tell(QStringLiteral("この画面は、この版では使用できません。"));
+    return SwitchOutcome::Refused;
+  }
   const SwitchOutcome gate = m_gates.Pass(*target);
   if (gate == SwitchOutcome::Open && m_active != target) Exchange(*target);
   return gate;
@@ -77,7 +81,10 @@ bool WorkProcedure::ConfirmLeaveFlowCheck() {
 
 SwitchOutcome WorkProcedure::ShowRouteStart() {
   m_pane.ShowRoute(m_doc.guidelineRoute);
-  return SwitchScreen(m_doc.guidelineRoute ? ScreenId::Field : ScreenId::RespOrigSeismicWave);
+  if (m_doc.guidelineRoute) return SwitchScreen(ScreenId::Field);
+  const SwitchOutcome outcome = SwitchScreen(ScreenId::RespOrigSeismicWave);
+  if (outcome == SwitchOutcome::Open) MoveHighlight(FlowStep::RespOrigSeismicWave);
+  return outcome;
 }
 
 void WorkProcedure::RefreshScreens() {
@@ -149,7 +156,9 @@ SwitchOutcome WorkProcedure::FixByQuestions(bool faultPath, bool neighbourPath) 
 }
 
 SwitchOutcome WorkProcedure::ChangeProcedure() {
-  if (!m_prompt.Ask(ChangeProcedureQuestion())) return SwitchOutcome::Refused;
+  const std::uint64_t generation = m_doc.Generation();
+  if (!m_prompt.Ask(ChangeProcedureQuestion()) || m_doc.Generation() != generation)
+    return SwitchOutcome::Refused;
   ClearForChangedProcedure();
   RefreshScreens();
   const SwitchOutcome outcome = SwitchScreen(ScreenId::FlowCheck);

@@ -52,7 +52,7 @@ class WorkProcedure {
   SwitchOutcome SwitchScreen(ScreenId id);
   /// Whether the user may leave the screen on display; asks while the click chart is up.
   bool ConfirmLeaveFlowCheck();
-  /// The pane and the first screen of the document's route.
+  /// The pane and the first screen of the document's route; on the response route the highlight with it.
   SwitchOutcome ShowRouteStart();
 
   /// Makes screens read the document again. Those of the route; those of the faults; the one on display.

@@ -106,7 +106,7 @@ ProjectCommands::OpenEnd ProjectCommands::OpenFile(const QString& path) {
   const OpenOutcome outcome = OpenProject(m_parts.doc, absolute);
   if (outcome.tableFailure) {
     EndAfter(*outcome.tableFailure);
-    return OpenEnd::Failed;
+    return OpenEnd::Declined;  // no fault of the file
   }
   const bool opened = outcome.result == OpenResult::kOpened;
   if (!opened) m_parts.prompt.Tell(OpenFailureText(absolute));

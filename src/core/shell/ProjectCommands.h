@@ -55,7 +55,11 @@ class ProjectCommands {
   bool MayLeaveProject();
 
  private:
-  enum class OpenEnd { Opened, Failed, Declined };
+  enum class OpenEnd {
+    Opened,
+    Failed,    ///< the file is none of a project, or is not there
+    Declined,  ///< by the user, by this version, or because the program ends
+  };
 
   OpenEnd OpenFile(const QString& path);
   /// Tells and refuses a project of a route without screens; empty for any other file.

@@ -1,6 +1,7 @@
 #include "window/graphs/ExpEdit.h"
 
 #include "window/graphs/EntryGate.h"
+#include "window/graphs/ModalWindow.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -9,6 +10,7 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QPointer>
+#include <QScopedValueRollback>
 
 namespace tremlo {
 
@@ -28,6 +30,10 @@ bool BringsText(const QKeyEvent& event) {
 CExpEdit::CExpEdit(QWidget* parent)
     : QLineEdit(parent), m_gate(new EntryGate(this, [this] { return !m_dirty || FinishEntry(); })) {
   connect(this, &QLineEdit::textChanged, this, [this] {
+    if (!m_setting && IsBehindModalWindow(this)) {
+      SetText(QString(m_savedText));
+      return;
+    }
     m_dirty = true;
     m_cancelling = false;
   });
@@ -49,6 +55,7 @@ void CExpEdit::SetCancelButton(QWidget* button) {
 }
 
 void CExpEdit::SetText(const QString& text) {
+  const QScopedValueRollback setting(m_setting, true);
   setText(text);
   setCursorPosition(0);  // of a number too long for the field, the end alone would be another number
   m_savedText = text;

@@ -88,6 +88,7 @@ class CExpEdit : public QLineEdit {
   EntryGate* m_gate;
   QString m_savedText;
   Refusal m_refusal;
+  bool m_setting = false;  ///< the program sets the text
   bool m_dirty = false;
   bool m_cancelling = false;  ///< the focus goes to the cancel button, or Esc was pressed last
   bool m_enterPressed = false;

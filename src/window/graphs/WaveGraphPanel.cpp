@@ -12,6 +12,8 @@
 #include <QStatusTipEvent>
 #include <QVBoxLayout>
 
+#include <new>
+
 namespace tremlo {
 
 namespace {
@@ -30,10 +32,11 @@ QString ButtonText(GraphKind kind) {
 }  // namespace
 
 WaveGraphPanel::WaveGraphPanel(const std::vector<GraphKind>& kinds, Source source, Settings settings,
-                               QWidget* parent)
+                               CommandGate& gate, QWidget* parent)
     : QWidget(parent),
       m_source(std::move(source)),
       m_settings(std::move(settings)),
+      m_gate(gate),
       m_kind(kinds.front()),
       m_kindButtons(new QButtonGroup(this)) {
   auto* const layout = new QVBoxLayout(this);
@@ -45,7 +48,7 @@ WaveGraphPanel::WaveGraphPanel(const std::vector<GraphKind>& kinds, Source sourc
   layout->addWidget(m_caption);
 
   m_graph = Named(new GraphView(this), "graph", QStringLiteral("グラフ"));
-  m_graph->SetSource([this] { return m_source(m_kind); });
+  m_graph->SetSource([this] { return MakeGraph(); });
   connect(m_graph, &GraphView::PointedAt, this, [this](const QString& values) {
     QStatusTipEvent tip(values);
     QCoreApplication::sendEvent(this, &tip);
@@ -57,10 +60,12 @@ WaveGraphPanel::WaveGraphPanel(const std::vector<GraphKind>& kinds, Source sourc
   m_copyButton = NamedButton<QPushButton>("copyButton", QStringLiteral("画像コピー"), this);
   m_copyButton->setToolTip(QStringLiteral("グラフの画像コピー"));
   m_copyButton->setAccessibleName(m_copyButton->toolTip());
-  connect(m_copyButton, &QAbstractButton::clicked, m_graph, &GraphView::CopyPicture);
+  connect(m_copyButton, &QAbstractButton::clicked, this,
+          [this] { m_gate.Run([this] { m_graph->CopyPicture(); }); });
   row->addWidget(m_copyButton);
   m_settingsButton = NamedButton<QPushButton>("settingsButton", QStringLiteral("描画設定"), this);
-  connect(m_settingsButton, &QAbstractButton::clicked, this, &WaveGraphPanel::OpenSettings);
+  connect(m_settingsButton, &QAbstractButton::clicked, this,
+          [this] { m_gate.Run([this] { OpenSettings(); }); });
   row->addWidget(m_settingsButton);
   layout->addLayout(row);
 }
@@ -76,8 +81,14 @@ void WaveGraphPanel::AddKindButtons(const std::vector<GraphKind>& kinds) {
   }
   row->addStretch();
   connect(m_kindButtons, &QButtonGroup::idClicked, this,
-          [this](int id) { ShowKind(static_cast<GraphKind>(id)); });
+          [this](int id) { ChooseKind(static_cast<GraphKind>(id)); });
   static_cast<QVBoxLayout*>(layout())->addLayout(row);
+}
+
+/// A kind may have to be computed first, and the spectrum is kept with the wave.
+void WaveGraphPanel::ChooseKind(GraphKind kind) {
+  if (!m_gate.Run([this, kind] { ShowKind(kind); }))
+    m_kindButtons->button(static_cast<int>(m_kind))->setChecked(true);
 }
 
 void WaveGraphPanel::ShowKind(GraphKind kind) {
@@ -91,11 +102,29 @@ void WaveGraphPanel::Refresh() {
   m_graph->Refresh();
 }
 
+void WaveGraphPanel::MakeNow() {
+  m_graph->Picture(devicePixelRatioF());
+  if (m_lacksMemory) throw std::bad_alloc();
+}
+
 std::vector<QWidget*> WaveGraphPanel::Controls() const {
   const QList<QAbstractButton*> buttons = m_kindButtons->buttons();
   std::vector<QWidget*> controls(buttons.begin(), buttons.end());
   controls.insert(controls.end(), {m_graph, m_copyButton, m_settingsButton});
   return controls;
+}
+
+/// Called while the graph is painted, where no box can be shown: too little memory is told in its place.
+std::unique_ptr<CDrawGraph> WaveGraphPanel::MakeGraph() {
+  m_lacksMemory = false;
+  try {
+    return m_source(m_kind);
+  } catch (const std::bad_alloc&) {
+    m_lacksMemory = true;
+    m_caption->setText(TextsOf(m_kind).caption +
+                       QStringLiteral("　メモリが不足しているため表示できません。"));
+    return nullptr;
+  }
 }
 
 void WaveGraphPanel::OpenSettings() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "window/graphs/CommandGate.h"
 #include "window/graphs/DrawGraph.h"
 
 #include <QWidget>
@@ -34,22 +35,29 @@ class WaveGraphPanel : public QWidget {
   };
 
   /// Shows the first kind at first. There are no buttons for a single kind.
-  WaveGraphPanel(const std::vector<GraphKind>& kinds, Source source, Settings settings, QWidget* parent);
+  WaveGraphPanel(const std::vector<GraphKind>& kinds, Source source, Settings settings, CommandGate& gate,
+                 QWidget* parent);
 
   GraphKind Kind() const { return m_kind; }
   void ShowKind(GraphKind kind);
   /// The data, the settings or the colours have changed.
   void Refresh();
+  /// Makes the graph now and not when it is painted. Throws std::bad_alloc where there is no memory for it.
+  void MakeNow();
   /// The controls in reading order.
   std::vector<QWidget*> Controls() const;
 
  private:
   void AddKindButtons(const std::vector<GraphKind>& kinds);
+  void ChooseKind(GraphKind kind);
   void OpenSettings();
+  std::unique_ptr<CDrawGraph> MakeGraph();
 
   Source m_source;
   Settings m_settings;
+  CommandGate& m_gate;
   GraphKind m_kind;
+  bool m_lacksMemory = false;  ///< for the graph that was made last
   QButtonGroup* m_kindButtons;
   QLabel* m_caption;
   GraphView* m_graph;

@@ -104,22 +104,21 @@ void CMainFrame::AddScreen(ScreenId id, Screen* screen) {
   page->setWidgetResizable(true);
   page->setWidget(screen);
   m_clientArea->addWidget(page);
-  m_screens[id] = screen;
-  m_pages[id] = page;
+  m_pages[id] = {screen, page};
 }
 
 Screen* CMainFrame::ScreenOf(ScreenId id) const {
-  const auto found = m_screens.find(id);
-  return found == m_screens.end() ? nullptr : found->second;
+  const auto found = m_pages.find(id);
+  return found == m_pages.end() ? nullptr : found->second.screen;
 }
 
 Screen* CMainFrame::ScreenOnDisplay() const {
   for (const auto& [id, page] : m_pages)
-    if (page == m_clientArea->currentWidget()) return m_screens.at(id);
+    if (page.area == m_clientArea->currentWidget()) return page.screen;
   return nullptr;
 }
 
-void CMainFrame::SetRuns(std::function<void()> missingSpectra, std::function<bool()> faultSpectra,
+void CMainFrame::SetRuns(std::function<bool()> missingSpectra, std::function<bool()> faultSpectra,
                          std::function<bool()> respAdjustment) {
   m_missingSpectra = std::move(missingSpectra);
   m_faultSpectra = std::move(faultSpectra);
@@ -154,9 +153,11 @@ void CMainFrame::Prepare(ScreenId id) {
 }
 
 void CMainFrame::Show(ScreenId id) {
-  m_clientArea->setCurrentWidget(m_pages.at(id));
-  FocusFirstControl(m_screens.at(id));
-  m_pages.at(id)->update();
+  const auto found = m_pages.find(id);
+  if (found == m_pages.end()) return;
+  m_clientArea->setCurrentWidget(found->second.area);
+  FocusFirstControl(found->second.screen);
+  found->second.area->update();
 }
 
 void CMainFrame::Entered(ScreenId id) {
@@ -171,8 +172,8 @@ void CMainFrame::Refresh(ScreenId id) {
   if (Screen* screen = ScreenOf(id)) screen->Refresh();
 }
 
-void CMainFrame::ComputeMissingSpectra() {
-  m_missingSpectra();
+bool CMainFrame::ComputeMissingSpectra() {
+  return m_missingSpectra();
 }
 
 bool CMainFrame::CalculateFaultSpectra() {
@@ -184,13 +185,7 @@ bool CMainFrame::RunRespAdjustment() {
 }
 
 void CMainFrame::closeEvent(QCloseEvent* event) {
-  // The end of a session asks to close also behind a dialog, whose answer or run is still open.
-  if (IsBlocked() || (m_mayClose && !m_mayClose())) {
-    event->ignore();
-    return;
-  }
-  event->accept();
-  Q_EMIT Closed();
+  event->setAccepted(!m_mayClose || m_mayClose());
 }
 
 void CMainFrame::dragEnterEvent(QDragEnterEvent* event) {

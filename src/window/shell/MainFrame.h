@@ -31,9 +31,9 @@ class CMainFrame : public QMainWindow, public ScreenHost {
   Screen* ScreenOf(ScreenId id) const;  ///< null when there is none of that number
   Screen* ScreenOnDisplay() const;      ///< null before the first
   /// The calculations of the gates.
-  void SetRuns(std::function<void()> missingSpectra, std::function<bool()> faultSpectra,
+  void SetRuns(std::function<bool()> missingSpectra, std::function<bool()> faultSpectra,
                std::function<bool()> respAdjustment);
-  /// Asked before the window closes; false keeps it open.
+  /// Asked when the window is to close; false keeps it open.
   void SetCloseQuestion(std::function<bool()> mayClose) { m_mayClose = std::move(mayClose); }
 
   void SetTitle(const QString& title);
@@ -42,18 +42,18 @@ class CMainFrame : public QMainWindow, public ScreenHost {
   /// 1200 by 800 in the middle of the monitor; maximised on a smaller one.
   void ShowCentred();
 
+  bool Has(ScreenId id) const override { return ScreenOf(id) != nullptr; }
   void Prepare(ScreenId id) override;
   void Show(ScreenId id) override;
   void Entered(ScreenId id) override;
   void Left(ScreenId id) override;
   void Refresh(ScreenId id) override;
-  void ComputeMissingSpectra() override;
+  bool ComputeMissingSpectra() override;
   bool CalculateFaultSpectra() override;
   bool RunRespAdjustment() override;
 
  Q_SIGNALS:
   void FileDropped(const QString& path);
-  void Closed();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -68,9 +68,13 @@ class CMainFrame : public QMainWindow, public ScreenHost {
   CPaneFlow* m_flowPane;
   QStackedWidget* m_clientArea;
   QLabel* m_samplePane = nullptr;
-  std::map<ScreenId, Screen*> m_screens;
-  std::map<ScreenId, QScrollArea*> m_pages;
-  std::function<void()> m_missingSpectra;
+  /// A screen, and the page of the client area that scrolls it.
+  struct Page {
+    Screen* screen = nullptr;
+    QScrollArea* area = nullptr;
+  };
+  std::map<ScreenId, Page> m_pages;
+  std::function<bool()> m_missingSpectra;
   std::function<bool()> m_faultSpectra;
   std::function<bool()> m_respAdjustment;
   std::function<bool()> m_mayClose;

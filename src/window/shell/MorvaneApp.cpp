@@ -4,7 +4,6 @@
 #include "core/shell/UpdateCheck.h"
 #include "window/graphs/DarkPaletteStyle.h"
 #include "window/graphs/JapaneseFont.h"
-#include "window/graphs/PendingEntry.h"
 #include "window/graphs/WaitCursor.h"
 #include "window/shell/AboutDlg.h"
 #include "window/shell/DlgSplash.h"
@@ -18,6 +17,8 @@
 #include <QFileInfo>
 #include <QIcon>
 #include <QLibraryInfo>
+#include <QSettings>
+#include <QTemporaryDir>
 #include <QUrl>
 
 #include <array>
@@ -27,6 +28,12 @@ namespace tremlo {
 namespace {
 
 const QString kTopNotShown = QStringLiteral("トップ画面を表示させることができませんでした。");
+
+/// Qt's dialogs would keep the user's folders, sizes and colours in a file of their own, and take over those
+/// of other programs. Below a file there is no place for another.
+void MakeDialogsForget() {
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QCoreApplication::applicationFilePath());
+}
 
 /// In the order in which the screens are made.
 constexpr std::array kScreenOrder = {
@@ -55,12 +62,14 @@ CMorvaneApp::CMorvaneApp(ProgramSettings settings, ScreenTable screens, ProgramD
       m_table(std::move(screens)),
       m_doors(std::move(doors)),
       m_prompt(m_doors.prompt ? *m_doors.prompt : m_boxes),
+      m_gate(m_prompt),
       m_doc(m_settings.programFolder),
       m_fileBoxes(m_doc),
       m_files(m_doors.files ? *m_doors.files : m_fileBoxes) {
   m_settings.services.answerFolder = m_settings.programFolder;
   if (!m_doors.askRoute) m_doors.askRoute = CDlgTop::Ask;
   if (!m_doors.endProgram) m_doors.endProgram = [](int status) { QCoreApplication::exit(status); };
+  MakeDialogsForget();
   InstallJapaneseFonts();
   QApplication::setStyle(new DarkPaletteStyle);
   LoadPictures();
@@ -102,12 +111,16 @@ bool CMorvaneApp::ReadyToStart() {
   }
   CDlgSplash(m_settings.splashMs).exec();
   StartUpdateCheck(false);
-  // The probes keep their answers in the program's folder: without it there are none.
   if (m_settings.programFolder.isEmpty()) {
+    // The probes come first, and have no other place for their answers.
+    const QTemporaryDir folder;
+    ServiceSettings services = m_settings.services;
+    services.answerFolder = folder.path();
+    Probe(services);
     m_prompt.Tell(QStringLiteral("EXEファイルのパスを取得できませんでした。"), PromptIcon::Stop);
     return false;
   }
-  Probe();
+  Probe(m_settings.services);
   const std::optional<TableFailure> failure = CheckTableFolders(m_settings.programFolder);
   if (!failure) return true;
   m_prompt.Tell(failure->text, PromptIcon::None);
@@ -121,8 +134,9 @@ void CMorvaneApp::MakeFrame() {
   m_rules.emplace(m_doc, m_prompt, *m_procedure);
   m_projects.emplace(ProjectCommandParts{m_doc, m_prompt, m_files, *m_procedure, m_recent, *this});
   m_parts.emplace(ScreenParts{m_doc, m_prompt, m_files, *m_procedure, *m_rules, m_online, m_settings.services,
-                              [this](SwitchOutcome outcome) { Follow(outcome); }});
-  m_frame->SetRuns([this] { m_table.runs.computeMissingSpectra(*m_parts); },
+                              m_gate, [this](SwitchOutcome outcome) { Follow(outcome); }});
+  m_gate.SetScreenOnDisplay([this] { return m_ended ? nullptr : m_frame->ScreenOnDisplay(); });
+  m_frame->SetRuns([this] { return m_table.runs.computeMissingSpectra(*m_parts); },
                    [this] { return m_table.runs.calculateFaultSpectra(*m_parts); },
                    [this] { return m_table.runs.runRespAdjustment(*m_parts); });
   ConnectFrame();
@@ -139,26 +153,29 @@ void CMorvaneApp::MakeScreens() {
 
 void CMorvaneApp::ConnectFrame() {
   CMainFrame* frame = m_frame.get();
-  frame->SetCloseQuestion(
-      [this] { return m_ended || (FinishPendingEntry() && m_projects->MayLeaveProject()); });
-  QObject::connect(frame, &CMainFrame::Closed, frame, [this] {
-    if (!m_ended) EndProgram(0);
-  });
-  QObject::connect(frame, &CMainFrame::FileDropped, frame, [this](const QString& path) {
-    if (FinishPendingEntry()) m_projects->OpenDropped(path);
-  });
+  frame->SetCloseQuestion([this] { return MayClose(); });
+  QObject::connect(frame, &CMainFrame::FileDropped, frame,
+                   [this](const QString& path) { Run([&] { m_projects->OpenDropped(path); }); });
   QObject::connect(frame->Pane(), &CPaneFlow::StepPressed, frame,
-                   [this](FlowStep step) { Follow(m_procedure->PressStep(step)); });
+                   [this](FlowStep step) { Run([&] { Follow(m_procedure->PressStep(step)); }); });
+}
+
+bool CMorvaneApp::MayClose() {
+  // The end of a session asks to close also behind a dialog, whose answer or run is still open.
+  Run([this] {
+    if (m_projects->MayLeaveProject()) EndProgram(0);
+  });
+  return m_ended.has_value();
 }
 
 void CMorvaneApp::Connect(QAction* entry, std::function<void()> command) {
-  QObject::connect(entry, &QAction::triggered, m_frame.get(), [this, command = std::move(command)] {
-    // A menu leaves the focus where it is: what stands in an open entry has not been taken yet.
-    if (FinishPendingEntry())
-      command();
-    else
-      UpdateMenu();
-  });
+  QObject::connect(entry, &QAction::triggered, m_frame.get(),
+                   [this, command = std::move(command)] { Run(command); });
+}
+
+void CMorvaneApp::Run(const std::function<void()>& command) {
+  // An entry that is ticked has turned its mark over by itself.
+  if (!m_gate.Run(command)) m_frame->Menu()->online->setChecked(m_online.IsOnline());
 }
 
 void CMorvaneApp::ConnectFileMenu() {
@@ -172,10 +189,7 @@ void CMorvaneApp::ConnectFileMenu() {
   // The list is rebuilt by the command: its entries must not go while one of them is being carried out.
   QObject::connect(
       menu, &MainMenu::RecentChosen, frame,
-      [this](const QString& path) {
-        if (FinishPendingEntry()) m_projects->OpenRecent(path);
-      },
-      Qt::QueuedConnection);
+      [this](const QString& path) { Run([&] { m_projects->OpenRecent(path); }); }, Qt::QueuedConnection);
 }
 
 void CMorvaneApp::ConnectSettingsMenu() {
@@ -191,26 +205,25 @@ void CMorvaneApp::ConnectSettingsMenu() {
 }
 
 void CMorvaneApp::ConnectHelpMenu() {
-  CMainFrame* frame = m_frame.get();
-  MainMenu* menu = frame->Menu();
-  QObject::connect(menu->manual, &QAction::triggered, frame, [this] { OpenManual(); });
-  QObject::connect(menu->supportPage, &QAction::triggered, frame,
-                   [this] { OpenPage(m_settings.supportPage); });
-  QObject::connect(menu->portalPage, &QAction::triggered, frame, [this] { OpenPage(m_settings.portalPage); });
-  QObject::connect(menu->updateCheck, &QAction::triggered, frame, [] { StartUpdateCheck(true); });
-  QObject::connect(menu->about, &QAction::triggered, frame,
-                   [this] { CAboutDlg(SampleTableFolders(m_settings.programFolder), m_frame.get()).exec(); });
+  MainMenu* menu = m_frame->Menu();
+  Connect(menu->manual, [this] { OpenManual(); });
+  Connect(menu->supportPage, [this] { OpenPage(m_settings.supportPage); });
+  Connect(menu->portalPage, [this] { OpenPage(m_settings.portalPage); });
+  Connect(menu->updateCheck, [] { StartUpdateCheck(true); });
+  Connect(menu->about,
+          [this] { CAboutDlg(SampleTableFolders(m_settings.programFolder), m_frame.get()).exec(); });
 }
 
 void CMorvaneApp::EndProgram(int status) {
   m_instance.Release();
+  m_gate.Close();
   m_ended = status;
   m_doors.endProgram(status);
 }
 
-void CMorvaneApp::Probe() {
+void CMorvaneApp::Probe(const ServiceSettings& services) {
   const WaitCursor wait;
-  m_online.Probe(m_settings.services, m_prompt);
+  m_online.Probe(services, m_prompt);
 }
 
 void CMorvaneApp::ToggleOnline() {

@@ -46,15 +46,17 @@ class CMorvaneApp : private ProjectShell {
 
  private:
   bool ReadyToStart();
+  bool MayClose();
   void MakeFrame();
   void MakeScreens();
   void ConnectFrame();
   void ConnectFileMenu();
   void ConnectSettingsMenu();
   void ConnectHelpMenu();
-  /// Has an entry of the menu carry out a command that works on the project.
+  /// Has an entry of the menu carry out a command.
   void Connect(QAction* entry, std::function<void()> command);
-  void Probe();
+  void Run(const std::function<void()>& command);
+  void Probe(const ServiceSettings& services);
   void ToggleOnline();
   void ClearMapImages();
   void OpenManual();
@@ -64,7 +66,9 @@ class CMorvaneApp : private ProjectShell {
   void Follow(SwitchOutcome outcome);
 
   TopChoice AskRoute() override;
-  bool HasRoute(bool guidelineRoute) const override { return m_table.HasRoute(guidelineRoute); }
+  bool HasRoute(bool guidelineRoute) const override {
+    return m_settings.unfinishedRoute || m_table.HasRoute(guidelineRoute);
+  }
   void ProjectChanged() override;
 
   ProgramSettings m_settings;
@@ -73,6 +77,7 @@ class CMorvaneApp : private ProjectShell {
   QTranslator m_qtTexts;
   MessageBoxPrompt m_boxes;
   Prompt& m_prompt;
+  CommandGate m_gate;
   InstanceLock m_instance;
   RecentFiles m_recent;
   OnlineMode m_online;

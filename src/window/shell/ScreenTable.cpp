@@ -1,6 +1,5 @@
 #include "window/shell/ScreenTable.h"
 
-#include "core/project/ResponseRoute.h"
 #include "core/sources/DamSpectra.h"
 #include "core/waves/FitText.h"
 #include "window/graphs/FrontWindow.h"
@@ -29,9 +28,8 @@ bool CalculateFaultSpectra(const ScreenParts& parts) {
   return true;
 }
 
-void ComputeSpectra(const ScreenParts& parts) {
-  ComputeMissingSpectra(parts.doc.seedWaves, FrontWindow());
-  parts.doc.SetModified(true);
+bool ComputeSpectra(const ScreenParts& parts) {
+  return ComputeMissingSpectra(parts.doc, FrontWindow());
 }
 
 void EditAdjustSettings(const ScreenParts& parts) {
@@ -42,18 +40,17 @@ void EditAdjustSettings(const ScreenParts& parts) {
 void AddResponseRoute(ScreenTable& table) {
   const auto visualization = std::make_shared<QPointer<CFrmRespVisualization>>();
   table.screens[ScreenId::RespOrigSeismicWave] = [](const ScreenParts& parts) {
-    return new CFrmRespOrigSeismicWave(parts.doc, parts.prompt, parts.files);
+    return new CFrmRespOrigSeismicWave(parts.doc, parts.prompt, parts.files, parts.gate);
   };
   table.screens[ScreenId::RespAdjustSpectrum] = [](const ScreenParts& parts) {
-    return new CFrmRespAdjustSpectrum(parts.doc, parts.prompt, parts.files);
+    return new CFrmRespAdjustSpectrum(parts.doc, parts.prompt, parts.files, parts.gate);
   };
   table.screens[ScreenId::RespVisualization] = [visualization](const ScreenParts& parts) {
-    *visualization = new CFrmRespVisualization(parts.doc, parts.files);
+    *visualization = new CFrmRespVisualization(parts.doc, parts.files, parts.gate);
     return visualization->data();
   };
   table.runs.runRespAdjustment = [visualization](const ScreenParts& parts) {
-    const AdjustResult result = AdjustBehindDialog(RespAdjustInput(parts.doc), FrontWindow());
-    StoreRespAdjustment(parts.doc, result);
+    const AdjustResult result = RunRespAdjustment(parts.doc, FrontWindow());
     if (result.converged && *visualization) (*visualization)->ShowFit(FitText(result.fit));
     return result.converged;
   };

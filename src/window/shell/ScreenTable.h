@@ -3,6 +3,7 @@
 #include "core/ask/FileDialogs.h"
 #include "core/location/OnlineMode.h"
 #include "core/project/ChangeRules.h"
+#include "window/graphs/CommandGate.h"
 #include "window/graphs/Screen.h"
 
 #include <functional>
@@ -19,6 +20,7 @@ struct ScreenParts {
   ChangeRules& rules;
   const OnlineMode& online;
   const ServiceSettings& services;
+  CommandGate& gate;
   /// To be called with the outcome of every switch that a screen itself asks for: one of them ends the
   /// program.
   std::function<void(SwitchOutcome)> follow;
@@ -26,7 +28,7 @@ struct ScreenParts {
 
 /// The calculations of the gates, which screens share. Each reports as ScreenHost says.
 struct ScreenRuns {
-  std::function<void(const ScreenParts&)> computeMissingSpectra;
+  std::function<bool(const ScreenParts&)> computeMissingSpectra;
   std::function<bool(const ScreenParts&)> calculateFaultSpectra;
   std::function<bool(const ScreenParts&)> runRespAdjustment;
 };

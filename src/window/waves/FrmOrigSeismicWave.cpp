@@ -56,14 +56,14 @@ class NameCombo : public QComboBox {
 }  // namespace
 
 CFrmOrigSeismicWave::CFrmOrigSeismicWave(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files,
-                                         ChangeRules& rules, QWidget* parent)
-    : WaveRegistration(doc, prompt, files, parent), m_rules(rules) {
+                                         ChangeRules& rules, CommandGate& gate, QWidget* parent)
+    : WaveRegistration(doc, prompt, files, gate, parent), m_rules(rules) {
   setAccessibleName(QStringLiteral("波形登録"));
   MakeNameCombo();
   m_addButton = NamedButton<QPushButton>("addButton", QStringLiteral("追加"), this);
-  connect(m_addButton, &QAbstractButton::clicked, this, &CFrmOrigSeismicWave::AddWave);
+  connect(m_addButton, &QAbstractButton::clicked, this, [this] { m_gate.Run([this] { AddWave(); }); });
   m_deleteButton = NamedButton<QPushButton>("deleteButton", QStringLiteral("削除"), this);
-  connect(m_deleteButton, &QAbstractButton::clicked, this, &CFrmOrigSeismicWave::DeleteWave);
+  connect(m_deleteButton, &QAbstractButton::clicked, this, [this] { m_gate.Run([this] { DeleteWave(); }); });
   LayOut();
   Refresh();
 }
@@ -78,7 +78,7 @@ void CFrmOrigSeismicWave::MakeNameCombo() {
   m_nameCombo = new NameCombo(m_nameEdit, this);
   m_nameCombo->setObjectName(QStringLiteral("nameCombo"));
   m_nameCombo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  connect(m_nameCombo, &QComboBox::activated, this, &CFrmOrigSeismicWave::SelectWave);
+  connect(m_nameCombo, &QComboBox::activated, this, &CFrmOrigSeismicWave::ChooseWave);
 }
 
 void CFrmOrigSeismicWave::LayOut() {
@@ -124,13 +124,27 @@ void CFrmOrigSeismicWave::AddWave() {
   if (dialog.exec() == QDialog::Accepted) Register(dialog.Name(), kNewTimeStep, {0.0});
 }
 
-/// The wave comes last, whatever name it gets, in one colour for each of its curves.
+/// The wave comes last, whatever name it gets, in one colour for each of its curves. Where there is no memory
+/// for it, or to show it, it is not registered.
 void CFrmOrigSeismicWave::Register(const QString& name, double timeStep, const std::vector<double>& acc) {
-  AddImportedWave(m_doc.seedWaves, name, timeStep, acc);
-  CSeismicWave& wave = m_doc.seedWaves.At(m_doc.seedWaves.Count() - 1);
-  wave.siteColor = wave.baseColor = wave.adjustColor = FreeColor();
-  m_doc.SetModified(true);
-  Refresh();
+  CSeismicWaveSet& waves = m_doc.seedWaves;
+  const std::size_t count = waves.Count();
+  const bool modified = m_doc.IsModified();
+  const QString current = waves.CurrentName();
+  try {
+    AddImportedWave(waves, name, timeStep, acc);
+    CSeismicWave& wave = waves.At(count);
+    wave.siteColor = wave.baseColor = wave.adjustColor = FreeColor();
+    m_doc.SetModified(true);
+    Refresh();
+    MakeGraphNow();
+  } catch (...) {
+    waves.Resize(count);
+    waves.SelectCurrent(current);
+    m_doc.SetModified(modified);
+    Refresh();
+    throw;
+  }
 }
 
 /// For the last wave the colour of its place, or the next that no other wave was given: waves before it may
@@ -148,6 +162,11 @@ std::int32_t CFrmOrigSeismicWave::FreeColor() const {
 
 void CFrmOrigSeismicWave::DeleteWave() {
   if (Wave() && m_rules.DeleteWave(m_name)) Refresh();
+}
+
+void CFrmOrigSeismicWave::ChooseWave(int index) {
+  if (!m_gate.Run([this, index] { SelectWave(index); }))
+    m_nameCombo->setCurrentIndex(m_nameCombo->findText(m_name));
 }
 
 void CFrmOrigSeismicWave::SelectWave(int index) {

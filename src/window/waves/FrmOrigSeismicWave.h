@@ -13,7 +13,7 @@ class CFrmOrigSeismicWave : public WaveRegistration {
   Q_OBJECT
  public:
   CFrmOrigSeismicWave(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files, ChangeRules& rules,
-                      QWidget* parent = nullptr);
+                      CommandGate& gate, QWidget* parent = nullptr);
 
   void Entered() override { Refresh(); }
   void Refresh() override;
@@ -29,6 +29,7 @@ class CFrmOrigSeismicWave : public WaveRegistration {
   void LayOut();
   void AddWave();
   void DeleteWave();
+  void ChooseWave(int index);
   void SelectWave(int index);
   void Rename();
   void ShowName();

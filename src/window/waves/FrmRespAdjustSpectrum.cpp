@@ -6,6 +6,7 @@
 #include "core/waves/WaveFileQuestion.h"
 #include "window/graphs/DlgGraphEditBaseSpec.h"
 #include "window/graphs/DrawFreqAccSpec.h"
+#include "window/graphs/ModalWindow.h"
 #include "window/graphs/NamedControl.h"
 #include "window/graphs/RefuseEmpty.h"
 #include "window/graphs/Spread7.h"
@@ -15,6 +16,8 @@
 #include <QHeaderView>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace tremlo {
 
@@ -26,8 +29,8 @@ constexpr int kGridWidth = 290;
 }  // namespace
 
 CFrmRespAdjustSpectrum::CFrmRespAdjustSpectrum(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files,
-                                               QWidget* parent)
-    : Screen(parent), m_doc(doc), m_prompt(prompt), m_files(files) {
+                                               CommandGate& gate, QWidget* parent)
+    : Screen(parent), m_doc(doc), m_prompt(prompt), m_files(files), m_gate(gate) {
   setAccessibleName(QStringLiteral("調整用スペクトル設定"));
   MakeControls();
   MakeGraphPanel();
@@ -43,7 +46,7 @@ void CFrmRespAdjustSpectrum::MakeControls() {
   connect(m_nameEdit, &CExpEdit::Abandoned, this, &CFrmRespAdjustSpectrum::ShowName);
 
   m_readButton = NamedButton<QPushButton>("readButton", QStringLiteral("加速度応答スペクトル読込"), this);
-  connect(m_readButton, &QAbstractButton::clicked, this, &CFrmRespAdjustSpectrum::ReadFile);
+  connect(m_readButton, &QAbstractButton::clicked, this, [this] { m_gate.Run([this] { ReadFile(); }); });
 
   const auto column = [this](std::vector<double> CSeismicWave::*member) {
     return [this, member] {
@@ -59,6 +62,7 @@ void CFrmRespAdjustSpectrum::MakeControls() {
   m_spectrumGrid->SetColumnWidth(1, kPeriodWidth);
   m_spectrumGrid->setFixedWidth(kGridWidth);
   m_spectrumGrid->horizontalHeader()->setStretchLastSection(true);
+  m_spectrumGrid->SetGuard([this](const GridChange& change) { return MayChange(change); });
   connect(m_spectrumGrid, &CSpread7::Changed, this, [this] {
     ChangeRespSpectrum(m_doc, [] {});
     ShowData();
@@ -73,7 +77,7 @@ void CFrmRespAdjustSpectrum::MakeGraphPanel() {
   settings.changed = [this] { m_doc.SetModified(true); };
   settings.resetRange = [this] { m_doc.graphBase = CSeismicWave(); };
   m_graphPanel = new WaveGraphPanel(
-      {GraphKind::Spectrum}, [this](GraphKind) { return MakeGraph(); }, settings, this);
+      {GraphKind::Spectrum}, [this](GraphKind) { return MakeGraph(); }, settings, m_gate, this);
 }
 
 void CFrmRespAdjustSpectrum::LayOut() {
@@ -115,6 +119,16 @@ void CFrmRespAdjustSpectrum::ShowData() {
   m_graphPanel->Refresh();
 }
 
+bool CFrmRespAdjustSpectrum::MayChange(const GridChange& change) {
+  CSeismicWave* const target = Target();
+  if (!target || IsBehindModalWindow(m_spectrumGrid)) return false;
+  // Where there is no memory for the values it shows before anything has changed.
+  const auto rows = static_cast<std::size_t>(std::max(change.block.bottom, 0));
+  target->periods.reserve(rows);
+  target->accSpec.reserve(rows);
+  return true;
+}
+
 void CFrmRespAdjustSpectrum::ReadFile() {
   const QString path = m_files.AskOpenPath(WaveFileToRead(m_readButton->text()));
   if (path.isEmpty()) return;
@@ -124,14 +138,26 @@ void CFrmRespAdjustSpectrum::ReadFile() {
     m_prompt.Tell(*failure);
     return;
   }
-  EnsureRespSpectrum(m_doc);
-  ChangeRespSpectrum(m_doc, [&] {
-    CSeismicWave& target = m_doc.respSpectra.At(0);
-    target.name = name;
-    target.periods = std::move(periods);
-    target.accSpec = std::move(values);
-  });
-  Refresh();
+  const bool modified = m_doc.IsModified();
+  const CSeismicWaveSet spectra = m_doc.respSpectra;
+  const CSeismicWaveSet waves = m_doc.seedWaves;
+  try {
+    EnsureRespSpectrum(m_doc);
+    ChangeRespSpectrum(m_doc, [&] {
+      CSeismicWave& target = m_doc.respSpectra.At(0);
+      target.name = name;
+      target.periods = std::move(periods);
+      target.accSpec = std::move(values);
+    });
+    Refresh();
+    m_graphPanel->MakeNow();
+  } catch (...) {  // there is no memory to show it
+    m_doc.respSpectra = spectra;
+    m_doc.seedWaves = waves;
+    m_doc.SetModified(modified);
+    Refresh();
+    throw;
+  }
 }
 
 void CFrmRespAdjustSpectrum::Rename() {

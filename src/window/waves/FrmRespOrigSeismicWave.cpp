@@ -10,8 +10,8 @@
 namespace tremlo {
 
 CFrmRespOrigSeismicWave::CFrmRespOrigSeismicWave(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files,
-                                                 QWidget* parent)
-    : WaveRegistration(doc, prompt, files, parent), m_nameEdit(new CExpEdit(this)) {
+                                                 CommandGate& gate, QWidget* parent)
+    : WaveRegistration(doc, prompt, files, gate, parent), m_nameEdit(new CExpEdit(this)) {
   setAccessibleName(QStringLiteral("原種波形設定"));
   m_nameEdit->setObjectName(QStringLiteral("nameEdit"));
   RefuseEmpty(*m_nameEdit, m_prompt, QStringLiteral("地震波形名の入力エラーです。"));
@@ -44,14 +44,24 @@ bool CFrmRespOrigSeismicWave::ChangeWave(const std::function<void()>& apply) {
 }
 
 void CFrmRespOrigSeismicWave::TakeFile(const QString& name, double timeStep, std::vector<double> acc) {
-  EnsureRespWave(m_doc);
-  ChangeRespWave(m_doc, [&] {
-    CSeismicWave& wave = m_doc.seedWaves.At(0);
-    wave.name = name;
-    wave.timeStep = timeStep;
-    wave.acc = std::move(acc);
-  });
-  Refresh();
+  const bool modified = m_doc.IsModified();
+  const CSeismicWaveSet before = m_doc.seedWaves;
+  try {
+    EnsureRespWave(m_doc);
+    ChangeRespWave(m_doc, [&] {
+      CSeismicWave& wave = m_doc.seedWaves.At(0);
+      wave.name = name;
+      wave.timeStep = timeStep;
+      wave.acc = std::move(acc);
+    });
+    Refresh();
+    MakeGraphNow();
+  } catch (...) {  // there is no memory to show it
+    m_doc.seedWaves = before;
+    m_doc.SetModified(modified);
+    Refresh();
+    throw;
+  }
 }
 
 void CFrmRespOrigSeismicWave::Rename() {

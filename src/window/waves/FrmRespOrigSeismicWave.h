@@ -9,7 +9,8 @@ namespace tremlo {
 class CFrmRespOrigSeismicWave : public WaveRegistration {
   Q_OBJECT
  public:
-  CFrmRespOrigSeismicWave(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files, QWidget* parent = nullptr);
+  CFrmRespOrigSeismicWave(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files, CommandGate& gate,
+                          QWidget* parent = nullptr);
 
   void Entered() override { Refresh(); }
   void Refresh() override;

@@ -9,9 +9,10 @@
 
 namespace tremlo {
 
-CFrmRespVisualization::CFrmRespVisualization(CMorvaneDoc& doc, FileDialogs& files, QWidget* parent)
-    : WaveVisualization(doc, files, {QStringLiteral("原種波形の出力"), QStringLiteral("調整後波形の出力")},
-                        parent),
+CFrmRespVisualization::CFrmRespVisualization(CMorvaneDoc& doc, FileDialogs& files, CommandGate& gate,
+                                             QWidget* parent)
+    : WaveVisualization(doc, files, gate,
+                        {QStringLiteral("原種波形の出力"), QStringLiteral("調整後波形の出力")}, parent),
       m_nameCombo(new QComboBox(this)),
       m_fitLabel(new QLabel(this)) {
   m_nameCombo->setObjectName(QStringLiteral("nameCombo"));

@@ -12,7 +12,7 @@ namespace tremlo {
 class CFrmRespVisualization : public WaveVisualization {
   Q_OBJECT
  public:
-  CFrmRespVisualization(CMorvaneDoc& doc, FileDialogs& files, QWidget* parent = nullptr);
+  CFrmRespVisualization(CMorvaneDoc& doc, FileDialogs& files, CommandGate& gate, QWidget* parent = nullptr);
 
   void Prepare() override;
   void Refresh() override;

@@ -13,6 +13,7 @@
 #include "window/graphs/DrawFourier.h"
 #include "window/graphs/DrawFreqAccSpec.h"
 #include "window/graphs/DrawTimeAccGal.h"
+#include "window/graphs/ModalWindow.h"
 #include "window/graphs/NamedControl.h"
 #include "window/graphs/RefuseEmpty.h"
 #include "window/graphs/Spread7.h"
@@ -61,8 +62,9 @@ CellFormat LockedNumber() {
 
 }  // namespace
 
-WaveRegistration::WaveRegistration(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files, QWidget* parent)
-    : Screen(parent), m_doc(doc), m_prompt(prompt), m_files(files) {
+WaveRegistration::WaveRegistration(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files, CommandGate& gate,
+                                   QWidget* parent)
+    : Screen(parent), m_doc(doc), m_prompt(prompt), m_gate(gate), m_files(files) {
   MakeButtons();
   MakeFields();
   MakeGrids();
@@ -71,17 +73,18 @@ WaveRegistration::WaveRegistration(CMorvaneDoc& doc, Prompt& prompt, FileDialogs
 
 void WaveRegistration::MakeButtons() {
   m_readButton = NamedButton<QPushButton>("readButton", QStringLiteral("波形データ読込"), this);
-  connect(m_readButton, &QAbstractButton::clicked, this, &WaveRegistration::ReadFile);
+  connect(m_readButton, &QAbstractButton::clicked, this, [this] { m_gate.Run([this] { ReadFile(); }); });
   m_dbButton = NamedButton<QPushButton>("dbButton", QStringLiteral("DBから入力"), this);
   m_dbButton->setEnabled(false);
   m_helpButton = NamedButton<QPushButton>("helpButton", QStringLiteral("ヘルプ"), this);
-  connect(m_helpButton, &QAbstractButton::clicked, this, [this] {
-    m_prompt.Tell(
-        QStringLiteral("使用する地震波形を登録します。\n\n"
-                       "地震波形作成の種となる原種波形と、ダム基礎の観測波形、近隣で観測された波形、"
-                       "それらの波形が無い場合には公開されている既往の地震波形を設定します。"),
-        PromptIcon::Information);
-  });
+  connect(m_helpButton, &QAbstractButton::clicked, this, [this] { m_gate.Run([this] { ShowHelp(); }); });
+}
+
+void WaveRegistration::ShowHelp() {
+  m_prompt.Tell(QStringLiteral("使用する地震波形を登録します。\n\n"
+                               "地震波形作成の種となる原種波形と、ダム基礎の観測波形、近隣で観測された波形、"
+                               "それらの波形が無い場合には公開されている既往の地震波形を設定します。"),
+                PromptIcon::Information);
 }
 
 void WaveRegistration::MakeFields() {
@@ -99,7 +102,7 @@ void WaveRegistration::MakeGrids() {
   m_sampleGrid = Named(new CSpread7(this), "sampleGrid", QStringLiteral("波形データ"));
   m_sampleGrid->SetMenu(CSpread7::Menu::FullEdit);
   // The questions come before the grid changes the samples, and what they clear is cleared by then.
-  m_sampleGrid->SetGuard([this](const GridChange&) { return ChangeWave([] {}); });
+  m_sampleGrid->SetGuard([this](const GridChange& change) { return MayChange(change); });
   connect(m_sampleGrid, &CSpread7::Changed, this, &WaveRegistration::ShowData);
 
   m_extremeGrid = Named(new CSpread7(this), "extremeGrid", QStringLiteral("最大値と最小値"));
@@ -118,19 +121,41 @@ void WaveRegistration::MakeGrids() {
   }
 }
 
+bool WaveRegistration::MayChange(const GridChange& change) {
+  CSeismicWave* const wave = Wave();
+  if (!wave || IsBehindModalWindow(m_sampleGrid)) return false;
+  // Where there is no memory for the samples it shows before anything has changed.
+  wave->acc.reserve(static_cast<std::size_t>(std::max(change.block.bottom, 0)));
+  return ChangeWave([] {});
+}
+
 void WaveRegistration::MakeGraphPanel() {
   WaveGraphPanel::Settings settings;
   settings.make = [this](QWidget* parent) -> std::unique_ptr<GraphEditDialog> {
-    CSeismicWave* const wave = Wave();
+    const CSeismicWave* const wave = Wave();
     if (!wave) return nullptr;
-    return std::make_unique<CDlgGraphEdit>(wave->origGraph, ColorsOf(wave->origGraph), parent);
+    m_edited = wave->origGraph;
+    return std::make_unique<CDlgGraphEdit>(m_edited, ColorsOf(m_edited), parent);
   };
-  settings.changed = [this] { m_doc.SetModified(true); };
-  settings.resetRange = [this] { m_doc.seedWaves.ResetOrigGraph(Wave()->name); };
-  settings.resetColors = [this] { m_doc.seedWaves.ResetOrigColors(Wave()->name); };
+  settings.changed = [this] {
+    CSeismicWave* const wave = Wave();
+    if (!wave) return;
+    wave->origGraph = m_edited;
+    m_doc.SetModified(true);
+  };
+  // A reset as the set makes it, of the block that is being edited.
+  const auto reset = [this](void (CSeismicWaveSet::*clear)(const QString&)) {
+    CSeismicWave* const wave = Wave();
+    if (!wave) return;
+    wave->origGraph = m_edited;
+    (m_doc.seedWaves.*clear)(QString(wave->name));
+    m_edited = wave->origGraph;
+  };
+  settings.resetRange = [reset] { reset(&CSeismicWaveSet::ResetOrigGraph); };
+  settings.resetColors = [reset] { reset(&CSeismicWaveSet::ResetOrigColors); };
   m_graphPanel = new WaveGraphPanel(
       {GraphKind::Time, GraphKind::Spectrum, GraphKind::Fourier},
-      [this](GraphKind kind) { return MakeGraph(kind); }, settings, this);
+      [this](GraphKind kind) { return MakeGraph(kind); }, settings, m_gate, this);
 }
 
 void WaveRegistration::BuildBody(QHBoxLayout* nameRow, std::vector<QWidget*> controls) {
@@ -192,6 +217,10 @@ void WaveRegistration::ShowData() {
   m_graphPanel->Refresh();
 }
 
+void WaveRegistration::MakeGraphNow() {
+  m_graphPanel->MakeNow();
+}
+
 void WaveRegistration::ShowTimeStep() {
   const CSeismicWave* const wave = Wave();
   m_timeStepEdit->SetText(wave ? ShortestText(wave->timeStep) : QString());
@@ -238,10 +267,14 @@ void WaveRegistration::ReadFile() {
 }
 
 void WaveRegistration::EnterTimeStep() {
-  CSeismicWave* const wave = Wave();
-  if (!wave) return;
+  const CSeismicWave* const shown = Wave();
+  if (!shown) return;
   const double timeStep = TextToDouble(m_timeStepEdit->GetText());
-  if (timeStep == wave->timeStep || !ChangeWave([&] { wave->timeStep = timeStep; })) {
+  // Questions come first, so the record is looked up behind them.
+  const auto apply = [&] {
+    if (CSeismicWave* const wave = Wave()) wave->timeStep = timeStep;
+  };
+  if (timeStep == shown->timeStep || !ChangeWave(apply)) {
     ShowTimeStep();
     return;
   }

@@ -4,6 +4,7 @@
 #include "core/ask/Prompt.h"
 #include "core/graphs/GraphRange.h"
 #include "core/project/MorvaneDoc.h"
+#include "window/graphs/CommandGate.h"
 #include "window/graphs/Screen.h"
 
 #include <functional>
@@ -20,6 +21,7 @@ class CDrawGraph;
 class CExpEdit;
 class CSpread7;
 class WaveGraphPanel;
+struct GridChange;
 
 /// What the two screens that register waves share: the samples of one wave in a grid, its time step, its
 /// extremes and its three graphs. Which wave that is, and what a change of its data asks and clears, is the
@@ -28,12 +30,12 @@ class WaveRegistration : public Screen {
   Q_OBJECT
 
  protected:
-  WaveRegistration(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files, QWidget* parent);
+  WaveRegistration(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files, CommandGate& gate, QWidget* parent);
 
   virtual CSeismicWave* Wave() = 0;  ///< the wave on display; null when there is none
   /// One change of the wave's time step or samples. False: it is not made.
   virtual bool ChangeWave(const std::function<void()>& apply) = 0;
-  /// A file has been read.
+  /// A file has been read. What throws leaves the document as it was.
   virtual void TakeFile(const QString& name, double timeStep, std::vector<double> acc) = 0;
 
   /// Lays out what is shared below the row of the wave's name, whose controls come first in the order of the
@@ -43,9 +45,12 @@ class WaveRegistration : public Screen {
   void ShowWave();
   /// The same for a wave whose data have been changed here.
   void ShowData();
+  /// Makes its graph now. Throws std::bad_alloc where there is no memory for it.
+  void MakeGraphNow();
 
   CMorvaneDoc& m_doc;
   Prompt& m_prompt;
+  CommandGate& m_gate;
   QAbstractButton* m_readButton;
   QAbstractButton* m_dbButton;
   QAbstractButton* m_helpButton;
@@ -56,6 +61,8 @@ class WaveRegistration : public Screen {
   void MakeGrids();
   void MakeGraphPanel();
   void ReadFile();
+  void ShowHelp();
+  bool MayChange(const GridChange& change);
   void EnterTimeStep();
   void FillSampleGrid();
   void ShowTimeStep();
@@ -70,6 +77,7 @@ class WaveRegistration : public Screen {
   CSpread7* m_sampleGrid;
   CSpread7* m_extremeGrid;
   WaveGraphPanel* m_graphPanel;
+  WaveGraphSetting m_edited;                         ///< of the wave, while its dialog is open
   std::tuple<QString, std::size_t, double> m_shown;  ///< name, count and time step of the wave in the grid
 };
 

@@ -53,11 +53,12 @@ CExpEdit* ReadOnlyEdit(const char* objectName, QWidget* parent) {
 
 }  // namespace
 
-WaveVisualization::WaveVisualization(CMorvaneDoc& doc, FileDialogs& files, const Texts& texts,
-                                     QWidget* parent)
+WaveVisualization::WaveVisualization(CMorvaneDoc& doc, FileDialogs& files, CommandGate& gate,
+                                     const Texts& texts, QWidget* parent)
     : Screen(parent),
       m_doc(doc),
       m_files(files),
+      m_gate(gate),
       m_countEdit(ReadOnlyEdit("countEdit", this)),
       m_timeStepEdit(ReadOnlyEdit("timeStepEdit", this)) {
   setAccessibleName(QStringLiteral("可視化"));
@@ -70,7 +71,9 @@ void WaveVisualization::MakeSwitches() {
   const auto make = [this](const char* objectName, const QString& text, std::int32_t CMorvaneDoc::*field) {
     auto* const check = NamedButton<QCheckBox>(objectName, text, this);
     check->setIconSize({kKeySize, kKeySize});
-    connect(check, &QCheckBox::clicked, this, [this, field](bool on) { SetSwitch(field, on); });
+    connect(check, &QCheckBox::clicked, this, [this, check, field](bool on) {
+      if (!m_gate.Run([&] { SetSwitch(field, on); })) check->setChecked(!on);
+    });
     return check;
   };
   m_seedCheck = make("seedCheck", SeedName(), &CMorvaneDoc::visualShowOrig);
@@ -81,7 +84,7 @@ void WaveVisualization::MakeExportButtons(const Texts& texts) {
   const auto make = [this](const char* objectName, const QString& text, const QString& ending, Export write) {
     auto* const button = NamedButton<QPushButton>(objectName, text, this);
     connect(button, &QAbstractButton::clicked, this,
-            [this, text, ending, write] { AskAndExport(text, ending, write); });
+            [this, text, ending, write] { m_gate.Run([&] { AskAndExport(text, ending, write); }); });
     return button;
   };
   m_exportSeedButton = make("exportSeedButton", texts.exportSeed, {}, &WaveVisualization::ExportSeed);
@@ -107,7 +110,7 @@ void WaveVisualization::MakeGraphPanel() {
   };
   m_graphPanel = new WaveGraphPanel(
       {GraphKind::Time, GraphKind::Spectrum, GraphKind::Fourier},
-      [this](GraphKind kind) { return MakeGraph(kind); }, settings, this);
+      [this](GraphKind kind) { return MakeGraph(kind); }, settings, m_gate, this);
 }
 
 void WaveVisualization::BuildBody(QHBoxLayout* firstRow, std::vector<QWidget*> controls) {
@@ -157,12 +160,12 @@ void WaveVisualization::SetSwitch(std::int32_t CMorvaneDoc::*field, bool on) {
 }
 
 void WaveVisualization::AskAndExport(const QString& title, const QString& ending, Export write) {
-  CSeismicWave* const wave = Wave();
-  if (!wave) return;
-  const QString name = FileNameOfWave(wave->name, ending);
+  const CSeismicWave* const shown = Wave();
+  if (!shown) return;
+  const QString name = FileNameOfWave(shown->name, ending);
   const SavePath path = SplitSavePath(m_files.AskSavePath(WaveFileToWrite(title, name)));
   const WaitCursor waiting;
-  (this->*write)(*wave, path);
+  if (CSeismicWave* const wave = Wave()) (this->*write)(*wave, path);
 }
 
 std::unique_ptr<CDrawGraph> WaveVisualization::MakeGraph(GraphKind kind) {

@@ -4,6 +4,7 @@
 #include "core/graphs/GraphRange.h"
 #include "core/project/MorvaneDoc.h"
 #include "core/waves/WaveFile.h"
+#include "window/graphs/CommandGate.h"
 #include "window/graphs/Screen.h"
 
 #include <memory>
@@ -31,7 +32,8 @@ class WaveVisualization : public Screen {
   struct Texts {
     QString exportSeed, exportAdjusted;  ///< on the buttons
   };
-  WaveVisualization(CMorvaneDoc& doc, FileDialogs& files, const Texts& texts, QWidget* parent);
+  WaveVisualization(CMorvaneDoc& doc, FileDialogs& files, CommandGate& gate, const Texts& texts,
+                    QWidget* parent);
 
   virtual CSeismicWave* Wave() = 0;  ///< the seed wave on display; null when there is none
   /// Before the spectrum of the seed wave is drawn.
@@ -65,6 +67,7 @@ class WaveVisualization : public Screen {
   }
 
   FileDialogs& m_files;
+  CommandGate& m_gate;
   CExpEdit* m_countEdit;
   CExpEdit* m_timeStepEdit;
   QCheckBox* m_seedCheck;

@@ -5,6 +5,7 @@
 #include "support/ProcedureParts.h"
 #include "support/TestFolder.h"
 
+#include <functional>
 #include <gmock/gmock.h>
 
 namespace tremlo {
@@ -752,6 +753,50 @@ TEST(ChangeRules, AdoptingAnotherWaveKeepsTheResults) {
   Project project;
   project.rules.AdoptWave(1);
   EXPECT_TRUE(project.doc.seedWaves.At(0).adjusted && project.doc.seedWaves.At(0).adjustChecked);
+}
+
+// --- A question that another project overtakes ---
+
+/// Says Yes, but the document holds another project by then.
+class OvertakenPrompt : public Prompt {
+ public:
+  explicit OvertakenPrompt(CMorvaneDoc& doc) : m_doc(doc) {}
+  PromptAnswer Show(const PromptBox& /*box*/) override {
+    ++asked;
+    EXPECT_EQ(m_doc.ResetDocument(), std::nullopt);
+    m_doc.SetModified(false);
+    return PromptAnswer::Yes;
+  }
+  int asked = 0;
+
+ private:
+  CMorvaneDoc& m_doc;
+};
+
+TEST(ChangeRules, AYesThatWasMeantForAnotherProjectChangesNothing) {
+  const std::vector<std::function<bool(ChangeRules&)>> actions = {
+      [](ChangeRules& rules) { return rules.BeginSiteChange(); },
+      [](ChangeRules& rules) { return rules.BeginApiParameters(); },
+      [](ChangeRules& rules) { return rules.BeginAcquisition(true); },
+      [](ChangeRules& rules) { return rules.BeginAdjustSettings(); },
+      [](ChangeRules& rules) { return rules.SetGroundClass(1, 1, "B"); },
+      [](ChangeRules& rules) { return rules.SetAttenuationMethod("x"); },
+      [](ChangeRules& rules) { return rules.SetPlaneUse(1, 1, false); },
+      [](ChangeRules& rules) { return rules.SetAllPlanesUse(false); },
+      [](ChangeRules& rules) {
+        return rules.ChangeWaveData("A", [] { ADD_FAILURE() << "the record is gone"; });
+      },
+      [](ChangeRules& rules) { return rules.DeleteWave("A"); },
+      [](ChangeRules& rules) { return rules.ChooseBaseSpectrum("x") == ChoiceOutcome::Applied; },
+  };
+  for (std::size_t i = 0; i < actions.size(); ++i) {
+    Project project(test::kPlaneLabel);
+    OvertakenPrompt prompt(project.doc);
+    ChangeRules rules(project.doc, prompt, project.procedure);
+    EXPECT_FALSE(actions[i](rules)) << i;
+    EXPECT_EQ(prompt.asked, 1) << i;
+    EXPECT_FALSE(project.doc.IsModified()) << i;
+  }
 }
 
 }  // namespace

@@ -1,10 +1,12 @@
 #include "core/project/MorvaneDoc.h"
+#include "core/project/ProjectFile.h"
 #include "support/TestFolder.h"
 
 #include <QFile>
 
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <set>
 
 namespace tremlo {
 namespace {
@@ -192,6 +194,21 @@ TEST_F(MorvaneDocTest, ClearFaultsAndAfterWorksWithoutFaults) {
   EXPECT_FALSE(AnyBaseMark());
   EXPECT_EQ(m_doc.baseSpectrumName, QString());
   ExpectAdjustmentCleared();
+}
+
+TEST_F(MorvaneDocTest, EachProjectHasAGenerationOfItsOwnAndAChangeKeepsIt) {
+  std::set<std::uint64_t> seen{m_doc.Generation()};
+  Fill();
+  EXPECT_TRUE(seen.insert(m_doc.Generation()).second) << "a new project";
+  const std::string bytes = ProjectBytes(m_doc);
+  m_doc.ClearFaultsAndAfter();
+  m_doc.seedWaves.Clear();
+  m_doc.SetPathName(QStringLiteral("/a.trml"));
+  EXPECT_FALSE(seen.insert(m_doc.Generation()).second);
+  EXPECT_TRUE(LoadProject(m_doc, bytes).whole);
+  EXPECT_TRUE(seen.insert(m_doc.Generation()).second) << "an open";
+  EXPECT_FALSE(LoadProject(m_doc, bytes.substr(0, 100)).whole);
+  EXPECT_TRUE(seen.insert(m_doc.Generation()).second) << "an open that fails leaves another content too";
 }
 
 TEST_F(MorvaneDocTest, MarkDefaultLowerSpectrumKnowsBothNamesAndClearsNone) {

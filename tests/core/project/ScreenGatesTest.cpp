@@ -117,6 +117,17 @@ TEST(ScreenGates, TheAdjustmentOpensOnAnyKindOfBase) {
   }
 }
 
+TEST(ScreenGates, MissingSpectraThatCannotBeComputedAreToldAndRefuseTheScreen) {
+  for (const ScreenId id : {ScreenId::DamsiteWave, ScreenId::BaseSpectrum, ScreenId::AdjustSeismicWave}) {
+    Gates gates;
+    test::ChooseBase(gates.doc, test::kLowerLabel);
+    gates.doc.seedWaves.At(0).spectrumValid = false;
+    gates.host.missingSpectraWork = false;
+    ExpectRefused(gates, id, "加速度応答スペクトルの計算に失敗しました。");
+    EXPECT_THAT(gates.TakeLog(), ElementsAre("compute spectra", "box"));
+  }
+}
+
 TEST(ScreenGates, TheVisualizationNeedsAnAdoptedWave) {
   Gates gates;
   ExpectOpens(gates, ScreenId::Visualization, {"prepare 59661"});

@@ -174,6 +174,20 @@ TEST(WorkProcedure, ARefusedSwitchLeavesTheOldScreenOnDisplay) {
   EXPECT_EQ(project.procedure.ActiveScreen(), ScreenId::Field);
 }
 
+TEST(WorkProcedure, AScreenThatTheProgramHasNotIsRefusedWithABox) {
+  FixedProject project;
+  project.host.missing = {ScreenId::BaseSpectrum, ScreenId::Field};
+  const DocumentState before(project.doc);
+  const QString message = QStringLiteral("この画面は、この版では使用できません。");
+  project.prompt.ExpectMessage(message);
+  EXPECT_EQ(project.procedure.PressStep(FlowStep::BaseSpectrum), SwitchOutcome::Refused);
+  EXPECT_THAT(project.TakeLog(), ElementsAre("highlight", "box")) << "and its gate computes nothing";
+  EXPECT_EQ(project.procedure.ActiveScreen(), ScreenId::Field);
+  project.prompt.ExpectMessage(message);
+  EXPECT_EQ(project.procedure.ShowRouteStart(), SwitchOutcome::Refused);
+  EXPECT_THAT(DocumentState(project.doc).DifferencesTo(before), IsEmpty());
+}
+
 TEST(WorkProcedure, AGateThatEndsTheProgramShowsNothing) {
   FixedProject project;
   project.host.faultSpectraWork = false;
@@ -303,8 +317,9 @@ TEST(WorkProcedure, EachRouteStartsOnItsFirstScreenWithItsPane) {
   EXPECT_THAT(parts.TakeLog(), ElementsAre("pane of the guideline route", "show 59649", "entered 59649"));
   parts.doc.guidelineRoute = false;
   EXPECT_EQ(parts.procedure.ShowRouteStart(), SwitchOutcome::Open);
-  EXPECT_THAT(parts.TakeLog(),
-              ElementsAre("pane of the response route", "left 59649", "show 59662", "entered 59662"));
+  EXPECT_THAT(parts.TakeLog(), ElementsAre("pane of the response route", "left 59649", "show 59662",
+                                           "entered 59662", "highlight"));
+  EXPECT_EQ(parts.pane.drawn, FlowStep::RespOrigSeismicWave);
 }
 
 TEST(WorkProcedure, TheGuidelineRouteRefreshesFiveScreensInTheirOrder) {

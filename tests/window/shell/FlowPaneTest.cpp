@@ -1,6 +1,7 @@
 #include "core/project/ChangeQuestions.h"
 #include "window/shell/ShellParts.h"
 
+#include <QAction>
 #include <QImage>
 #include <QTest>
 
@@ -44,6 +45,30 @@ TEST_F(FlowPaneTest, PressOpensTheScreenAndMovesTheHighlight) {
   EXPECT_EQ(Active(), ScreenId::LowerSpectrum);
   EXPECT_TRUE(Marked(FlowStep::LowerSpectrum));
   EXPECT_FALSE(Marked(FlowStep::Field));
+}
+
+TEST_F(FlowPaneTest, MarkOfTheResponseRouteGoesToItsFirstStepWithEachProject) {
+  const QString path = SavedProject(QStringLiteral("a.trml"), false);
+  const auto goOn = [this] {
+    Press(FlowStep::RespAdjustSpectrum);
+    EXPECT_TRUE(Marked(FlowStep::RespAdjustSpectrum));
+    Doc().SetModified(false);
+  };
+  const auto expectFirst = [this] {
+    EXPECT_TRUE(Marked(FlowStep::RespOrigSeismicWave));
+    EXPECT_FALSE(Marked(FlowStep::RespAdjustSpectrum));
+    EXPECT_EQ(Current(), FlowStep::RespOrigSeismicWave);
+  };
+  choices = {TopChoice::ResponseRoute, TopChoice::ResponseRoute};
+  Doc().SetModified(false);
+  Menu()->newProject->trigger();
+  goOn();
+  Menu()->newProject->trigger();
+  expectFirst();
+  goOn();
+  files.Expect("open", path);
+  Menu()->openProject->trigger();
+  expectFirst();
 }
 
 TEST_F(FlowPaneTest, FixedProcedureOpensItsOwnChart) {

@@ -34,6 +34,7 @@ ScreenTable LoggingScreens(QStringList& log, bool withGuidelineRoute) {
     log.append(QStringLiteral("spectra"));
     for (std::size_t i = 0; i < parts.doc.seedWaves.Count(); ++i)
       parts.doc.seedWaves.At(i).spectrumValid = true;
+    return true;
   };
   table.runs.calculateFaultSpectra = [](const ScreenParts&) { return true; };
   table.runs.runRespAdjustment = [&log](const ScreenParts&) {

@@ -21,9 +21,12 @@ class LoggingScreen : public Screen {
   void Prepare() override { Log("prepare"); }
   void Entered() override { Log("entered"); }
   void Left() override { Log("left"); }
+  void CommandBegins() override { commands << QStringLiteral("begins"); }
+  void CommandEnded() override { commands << QStringLiteral("ended"); }
   void Refresh() override { Log("refresh"); }
 
   QLineEdit* first;
+  QStringList commands;  ///< what it was told of commands
 
  private:
   void Log(const char* what);

@@ -5,9 +5,11 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QColorDialog>
 #include <QDir>
 #include <QLabel>
 #include <QScreen>
+#include <QTimer>
 
 #include <gmock/gmock.h>
 
@@ -112,12 +114,79 @@ TEST_F(StartTest, NextInstanceStartsOnceTheFirstHasEnded) {
   StartNew(TopChoice::ResponseRoute);
 }
 
-TEST_F(StartTest, FolderThatCannotBeFoundEndsTheStart) {
+TEST_F(StartTest, FolderThatCannotBeFoundEndsTheStartBehindTheProbes) {
+  settings.programFolder.clear();
+  Make(false);
+  ExpectOffline();
+  prompt.ExpectMessage(QStringLiteral("EXEファイルのパスを取得できませんでした。"), PromptIcon::Stop);
+  EXPECT_EQ(Start(), 0);
+  EXPECT_EQ(app->Frame(), nullptr);
+}
+
+TEST_F(StartTest, ServicesThatAnswerAreNotCalledOfflineForLackOfAFolder) {
+  const QString before = QDir::currentPath();
+  ASSERT_TRUE(QDir::setCurrent(folder.Path()));
+  const QStringList names = folder.Names();
+  const LocalService service;
+  ASSERT_TRUE(service.IsReady());
+  settings.services = service.Settings();
   settings.programFolder.clear();
   Make(false);
   prompt.ExpectMessage(QStringLiteral("EXEファイルのパスを取得できませんでした。"), PromptIcon::Stop);
   EXPECT_EQ(Start(), 0);
-  EXPECT_EQ(app->Frame(), nullptr);
+  EXPECT_EQ(service.Paths().size(), 4);
+  EXPECT_EQ(folder.Names(), names) << "and nothing is left where the program was started";
+  QDir::setCurrent(before);
+}
+
+TEST_F(StartTest, UnfinishedRouteIsOfferedAndItsProjectsAreOpenedWhereThatIsAskedFor) {
+  settings.unfinishedRoute = true;
+  const QString path = SavedProject(QStringLiteral("指針.trml"), true);
+  const QString noScreen = QStringLiteral("この画面は、この版では使用できません。");
+  Make(false);
+  ExpectOffline();
+  choices = {TopChoice::GuidelineRoute};
+  prompt.ExpectMessage(noScreen);
+  EXPECT_EQ(Start(), std::nullopt);
+  EXPECT_TRUE(log.contains(QStringLiteral("top, both routes")));
+  EXPECT_TRUE(Doc().guidelineRoute);
+  prompt.ExpectMessage(noScreen);
+  Press(FlowStep::FlowCheck);
+  files.Expect("open", path);
+  prompt.ExpectMessage(noScreen);
+  Menu()->openProject->trigger();
+  EXPECT_EQ(Doc().PathName(), path);
+  EXPECT_THAT(ended, IsEmpty());
+}
+
+TEST_F(StartTest, UnfinishedRouteIsTakenFromTheCommandLineToo) {
+  settings.unfinishedRoute = true;
+  const QString path = SavedProject(QStringLiteral("指針.trml"), true);
+  Make(false);
+  ExpectOffline();
+  prompt.ExpectMessage(QStringLiteral("この画面は、この版では使用できません。"));
+  EXPECT_EQ(Start({path}), std::nullopt);
+  EXPECT_EQ(Doc().PathName(), path);
+}
+
+TEST_F(StartTest, DialogsOfQtKeepNothing) {
+  StartNew(TopChoice::ResponseRoute);
+  const QDir kept(qEnvironmentVariable("XDG_CONFIG_HOME"));
+  QFile::remove(kept.filePath(QStringLiteral("QtProject.conf")));
+  FileDialogBoxes boxes(Doc());
+  test::WhenModal(QStringLiteral("fileDialog"), [](QWidget* dialog) {
+    dialog->resize(777, 555);
+    dialog->close();
+  });
+  boxes.AskOpenPath({.title = {}, .nameFilters = QStringLiteral("(*)"), .suffix = {}, .proposedName = {}});
+  {
+    QColorDialog dialog;
+    dialog.setOption(QColorDialog::DontUseNativeDialog);
+    QColorDialog::setCustomColor(0, QColor(1, 2, 3));
+    QTimer::singleShot(0, &dialog, &QDialog::accept);
+    dialog.exec();
+  }
+  EXPECT_FALSE(kept.exists(QStringLiteral("QtProject.conf")));
 }
 
 TEST_F(StartTest, MissingTableEndsTheStartWithStatusZero) {

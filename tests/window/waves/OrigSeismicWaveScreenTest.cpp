@@ -84,7 +84,8 @@ class OrigSeismicWaveScreen : public testing::Test {
   CMorvaneDoc& doc = parts.doc;
   ScriptedPrompt& prompt = parts.prompt;
   ScriptedFiles files;
-  CFrmOrigSeismicWave screen{doc, prompt, files, parts.rules};
+  CommandGate gate{prompt};
+  CFrmOrigSeismicWave screen{doc, prompt, files, parts.rules, gate};
   ScreenDriver driver{screen};
   TestFolder folder;
 };

@@ -51,7 +51,8 @@ class RespAdjustSpectrumScreen : public testing::Test {
   CMorvaneDoc doc{QString()};
   ScriptedPrompt prompt;
   ScriptedFiles files;
-  CFrmRespAdjustSpectrum screen{doc, prompt, files};
+  CommandGate gate{prompt};
+  CFrmRespAdjustSpectrum screen{doc, prompt, files, gate};
   ScreenDriver driver{screen};
   TestFolder folder;
 };

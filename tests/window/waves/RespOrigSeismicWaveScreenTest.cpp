@@ -53,7 +53,8 @@ class RespOrigSeismicWaveScreen : public testing::Test {
   CMorvaneDoc doc{QString()};
   ScriptedPrompt prompt;
   ScriptedFiles files;
-  CFrmRespOrigSeismicWave screen{doc, prompt, files};
+  CommandGate gate{prompt};
+  CFrmRespOrigSeismicWave screen{doc, prompt, files, gate};
   ScreenDriver driver{screen};
   TestFolder folder;
 };

@@ -69,7 +69,9 @@ class RespVisualizationScreen : public testing::Test {
 
   CMorvaneDoc doc{QString()};
   ScriptedFiles files;
-  CFrmRespVisualization screen{doc, files};
+  ScriptedPrompt prompt;
+  CommandGate gate{prompt};
+  CFrmRespVisualization screen{doc, files, gate};
   ScreenDriver driver{screen};
   TestFolder folder;
 };
@@ -362,7 +364,8 @@ class RespVisualizationGate : public testing::Test {
   RecordingPane pane{log};
   WorkProcedure procedure{doc, prompt, host, pane};
   ScriptedFiles files;
-  CFrmRespVisualization screen{doc, files};
+  CommandGate gate{prompt};
+  CFrmRespVisualization screen{doc, files, gate};
 };
 
 TEST_F(RespVisualizationGate, AMissingWaveIsTold) {
@@ -390,7 +393,7 @@ TEST_F(RespVisualizationGate, ASecondEntryRunsAgainOnlyAfterAChange) {
   EXPECT_EQ(Open(), SwitchOutcome::Open);
   EXPECT_EQ(Runs(), 1);
   const TestFolder folder;
-  CFrmRespAdjustSpectrum spectrum(doc, prompt, files);
+  CFrmRespAdjustSpectrum spectrum(doc, prompt, files, gate);
   files.Choose(folder.Write("s.csv", "N, 0, 1\n0.02, 300\n"));
   spectrum.findChild<QAbstractButton*>("readButton")->click();
   EXPECT_EQ(Open(), SwitchOutcome::Open);

@@ -1,3 +1,4 @@
+#include "core/project/ResponseRoute.h"
 #include "numeric/waves/ResponseSpectrum.h"
 #include "support/TestFolder.h"
 #include "support/Waves.h"
@@ -41,14 +42,28 @@ class DialogLog : public QObject {
   std::vector<QString> bars;
 };
 
-CSeismicWaveSet Waves(const std::vector<QString>& names) {
-  CSeismicWaveSet waves;
+/// Does something to the document while a run dialog is up.
+class WhileRunning : public QObject {
+ public:
+  explicit WhileRunning(std::function<void()> act) : m_act(std::move(act)) { qApp->installEventFilter(this); }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (qobject_cast<RunDialog*>(watched) && event->type() == QEvent::Show) m_act();
+    return false;
+  }
+
+ private:
+  std::function<void()> m_act;
+};
+
+CMorvaneDoc DocWith(const std::vector<QString>& names) {
+  CMorvaneDoc doc{QString()};
+  CSeismicWaveSet& waves = doc.seedWaves;
   for (const QString& name : names) {
     waves.Add(name);
     waves.SetTimeStep(name, 0.01);
     waves.SetAcc(name, test::Noise(64, waves.Count()));
   }
-  return waves;
+  return doc;
 }
 
 /// A target that one correction meets, which the second pass finds.
@@ -66,9 +81,11 @@ AdjustInput DoubledTarget(int iterations) {
 TEST(ComputeMissingSpectra, StoresThemBehindTheDialog) {
   const DialogLog log;
   QWidget frame;
-  CSeismicWaveSet waves = Waves({"a", "b", "c"});
+  CMorvaneDoc doc = DocWith({"a", "b", "c"});
+  CSeismicWaveSet& waves = doc.seedWaves;
   waves.SetSpectrumValid("b", true);
-  EXPECT_TRUE(ComputeMissingSpectra(waves, &frame, kNoPause));
+  EXPECT_TRUE(ComputeMissingSpectra(doc, &frame, kNoPause));
+  EXPECT_TRUE(doc.IsModified());
   EXPECT_THAT(log.names, ElementsAre(QStringLiteral("CDlgNowCalcAccSpec")));
   EXPECT_THAT(log.parents, ElementsAre(&frame));
   EXPECT_THAT(log.texts, ElementsAre(QStringLiteral("2 / 2　c")));
@@ -84,10 +101,23 @@ TEST(ComputeMissingSpectra, StoresThemBehindTheDialog) {
 
 TEST(ComputeMissingSpectra, ShowsNothingWhenNoneIsMissing) {
   const DialogLog log;
-  CSeismicWaveSet waves = Waves({"a"});
-  waves.SetSpectrumValid("a", true);
-  EXPECT_TRUE(ComputeMissingSpectra(waves, nullptr, kNoPause));
+  CMorvaneDoc doc = DocWith({"a"});
+  doc.seedWaves.SetSpectrumValid("a", true);
+  EXPECT_TRUE(ComputeMissingSpectra(doc, nullptr, kNoPause));
   EXPECT_THAT(log.names, IsEmpty());
+  EXPECT_FALSE(doc.IsModified());
+}
+
+TEST(ComputeMissingSpectra, StoresNothingInAnotherProject) {
+  CMorvaneDoc doc = DocWith({"a"});
+  const WhileRunning open([&doc] {
+    EXPECT_EQ(doc.ResetDocument(), std::nullopt);
+    doc.seedWaves.Add("of the next project");
+  });
+  EXPECT_FALSE(ComputeMissingSpectra(doc, nullptr, kNoPause));
+  EXPECT_FALSE(doc.seedWaves.At(0).spectrumValid);
+  EXPECT_THAT(doc.seedWaves.At(0).periods, IsEmpty());
+  EXPECT_FALSE(doc.IsModified());
 }
 
 #ifdef __GLIBC__
@@ -160,6 +190,42 @@ TEST(AdjustBehindDialog, WithoutATargetThereIsNoResult) {
   const AdjustResult result = AdjustBehindDialog(input, nullptr, kNoPause);
   EXPECT_FALSE(result.converged);
   EXPECT_EQ(result.passes, 0);
+}
+
+/// A project of the response route whose run converges.
+CMorvaneDoc RespDoc() {
+  CMorvaneDoc doc{QString()};
+  const AdjustInput input = DoubledTarget(5);
+  EnsureRespWave(doc);
+  doc.seedWaves.At(0).timeStep = input.timeStep;
+  doc.seedWaves.At(0).acc = input.acc;
+  doc.respSpectra.AddSpectrum("T", input.periods, input.target);
+  doc.adjustMaxIterations = input.iterations;
+  doc.adjustTolerancePercent = input.tolerance;
+  doc.SetModified(false);
+  return doc;
+}
+
+TEST(RunRespAdjustment, StoresItsResult) {
+  CMorvaneDoc doc = RespDoc();
+  const AdjustResult result = RunRespAdjustment(doc, nullptr, kNoPause);
+  EXPECT_TRUE(result.converged);
+  EXPECT_TRUE(doc.seedWaves.At(0).adjusted);
+  EXPECT_EQ(doc.seedWaves.At(0).adjustedAcc, result.acc);
+  EXPECT_TRUE(doc.IsModified());
+}
+
+TEST(RunRespAdjustment, StoresNothingInAnotherProject) {
+  CMorvaneDoc doc = RespDoc();
+  const WhileRunning open([&doc] {
+    EXPECT_EQ(doc.ResetDocument(), std::nullopt);
+    EnsureRespWave(doc);
+    doc.SetModified(false);
+  });
+  EXPECT_FALSE(RunRespAdjustment(doc, nullptr, kNoPause).converged);
+  EXPECT_FALSE(doc.seedWaves.At(0).adjusted);
+  EXPECT_THAT(doc.seedWaves.At(0).adjustedAcc, IsEmpty());
+  EXPECT_FALSE(doc.IsModified());
 }
 
 }  // namespace

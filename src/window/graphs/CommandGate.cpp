@@ -1,0 +1,55 @@
+#include "window/graphs/CommandGate.h"
+
+#include "window/graphs/ExceptionText.h"
+#include "window/graphs/PendingEntry.h"
+#include "window/graphs/Screen.h"
+
+#include <QApplication>
+#include <QScopedValueRollback>
+#include <QThread>
+
+namespace tremlo {
+
+namespace {
+
+int LoopLevel() {
+  return QThread::currentThread()->loopLevel();
+}
+
+}  // namespace
+
+CommandGate::CommandGate(Prompt& prompt) : m_prompt(prompt), m_programLoop(LoopLevel() + 1) {}
+
+bool CommandGate::IsFree() const {
+  // A dialog that has just been answered is no longer up, but what asked the question has not gone on yet.
+  return !m_closed && !m_running && !QApplication::activeModalWidget() && LoopLevel() <= m_programLoop;
+}
+
+bool CommandGate::Run(const std::function<void()>& command) {
+  if (!IsFree()) return false;
+  const QScopedValueRollback running(m_running, true);
+  bool entryTaken = false;
+  CarryOut([&] { entryTaken = FinishPendingEntry(); });
+  if (!entryTaken) return false;
+  Screen* const screen = ScreenOnDisplay();
+  CarryOut([&] {
+    if (screen) screen->CommandBegins();
+    command();
+  });
+  if (screen && screen == ScreenOnDisplay()) CarryOut([screen] { screen->CommandEnded(); });
+  return true;
+}
+
+void CommandGate::CarryOut(const std::function<void()>& task) {
+  QString failure;
+  try {
+    task();
+    return;
+  } catch (...) {
+    failure = CurrentExceptionText();
+  }
+  // Only now: what the task held is free again.
+  m_prompt.Tell(failure);
+}
+
+}  // namespace tremlo
