@@ -1,6 +1,7 @@
 #include "window/graphs/GraphEditDialog.h"
 
 #include "core/graphs/RangeRows.h"
+#include "window/graphs/NamedControl.h"
 #include "window/graphs/Spread7.h"
 
 #include <QCheckBox>
@@ -53,7 +54,7 @@ GraphEditDialog::GraphEditDialog(const std::vector<Graph>& graphs, WaveGraphSett
 
   m_autoCheck = MakeButton<QCheckBox>(QStringLiteral("各グラフの自動調整を有効にする"),
                                       QStringLiteral("autoCheck"), this);
-  connect(m_autoCheck, &QCheckBox::clicked, this, [this](bool checked) {
+  connect(m_autoCheck, &QCheckBox::toggled, this, [this](bool checked) {
     m_block.autoRange = checked ? 1 : 0;
     TellChange();
   });
@@ -104,7 +105,7 @@ void GraphEditDialog::AddRangePart(const Graph& graph, QVBoxLayout* layout) {
     part.logCheck = MakeButton<QCheckBox>(QStringLiteral("対数グラフにする"),
                                           NameOf(graph.kind) + QStringLiteral("LogCheck"), group);
     part.logCheck->setAccessibleName(part.logCheck->text() + QStringLiteral(" ") + graph.title);
-    connect(part.logCheck, &QCheckBox::clicked, this, [this, field](bool checked) {
+    connect(part.logCheck, &QCheckBox::toggled, this, [this, field](bool checked) {
       m_block.*field = checked ? 1 : 0;
       TellChange();
     });
@@ -161,11 +162,11 @@ void GraphEditDialog::FitRangeGrids() {
 }
 
 void GraphEditDialog::Rebuild() {
-  m_autoCheck->setChecked(m_block.autoRange != 0);
+  ShowChecked(*m_autoCheck, m_block.autoRange != 0);
   for (const RangePart& part : m_ranges) {
     part.grid->Refresh();
     part.grid->setAccessibleName(part.rows->Title());
-    if (part.logCheck) part.logCheck->setChecked(HasLogarithmicAxis(part.graph.kind, m_block));
+    if (part.logCheck) ShowChecked(*part.logCheck, HasLogarithmicAxis(part.graph.kind, m_block));
   }
   if (m_colorGrid) m_colorGrid->Refresh();
 }

@@ -75,8 +75,10 @@ void WaveGraphPanel::AddKindButtons(const std::vector<GraphKind>& kinds) {
     row->addWidget(button);
   }
   row->addStretch();
-  connect(m_kindButtons, &QButtonGroup::idClicked, this,
-          [this](int id) { ShowKind(static_cast<GraphKind>(id)); });
+  // Toggled rather than clicked: the action that the accessibility bus offers on a button makes no click.
+  connect(m_kindButtons, &QButtonGroup::idToggled, this, [this](int id, bool on) {
+    if (on && static_cast<GraphKind>(id) != m_kind) ShowKind(static_cast<GraphKind>(id));
+  });
   static_cast<QVBoxLayout*>(layout())->addLayout(row);
 }
 

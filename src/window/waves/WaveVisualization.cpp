@@ -70,7 +70,7 @@ void WaveVisualization::MakeSwitches() {
   const auto make = [this](const char* objectName, const QString& text, std::int32_t CMorvaneDoc::*field) {
     auto* const check = NamedButton<QCheckBox>(objectName, text, this);
     check->setIconSize({kKeySize, kKeySize});
-    connect(check, &QCheckBox::clicked, this, [this, field](bool on) { SetSwitch(field, on); });
+    connect(check, &QCheckBox::toggled, this, [this, field](bool on) { SetSwitch(field, on); });
     return check;
   };
   m_seedCheck = make("seedCheck", SeedName(), &CMorvaneDoc::visualShowOrig);
@@ -137,8 +137,8 @@ void WaveVisualization::Refresh() {
   const CSeismicWave* const wave = Wave();
   m_countEdit->SetText(wave ? QString::number(wave->acc.size()) : QString());
   m_timeStepEdit->SetText(wave ? ShortestText(wave->timeStep) : QString());
-  m_seedCheck->setChecked(m_doc.visualShowOrig == 1);
-  m_adjustedCheck->setChecked(m_doc.visualShowAdjusted == 1);
+  ShowChecked(*m_seedCheck, m_doc.visualShowOrig == 1);
+  ShowChecked(*m_adjustedCheck, m_doc.visualShowAdjusted == 1);
   m_seedCheck->setIcon(KeyOf(m_doc.visualColorOrig));
   m_adjustedCheck->setIcon(KeyOf(m_doc.visualColorAdjusted));
   m_exportSeedButton->setEnabled(wave != nullptr);
