@@ -88,6 +88,15 @@ void WaveGraphPanel::ShowKind(GraphKind kind) {
   Refresh();
 }
 
+void WaveGraphPanel::Offer(const Offers& offers) {
+  m_settingsButton->setEnabled(offers.settings);
+  QAbstractButton* const fourier = m_kindButtons->button(static_cast<int>(GraphKind::Fourier));
+  if (!fourier) return;
+  fourier->setEnabled(offers.fourier);
+  fourier->setToolTip(offers.fourier ? QString() : QStringLiteral("波形データがありません。"));
+  if (!offers.fourier && m_kind == GraphKind::Fourier) ShowKind(GraphKind::Time);
+}
+
 void WaveGraphPanel::Refresh() {
   m_caption->setText(TextsOf(m_kind).caption);
   m_graph->Refresh();

@@ -33,11 +33,19 @@ class WaveGraphPanel : public QWidget {
     std::function<void()> resetColors;
   };
 
+  /// What the data allow.
+  struct Offers {
+    bool settings = true;
+    bool fourier = true;  ///< the Fourier graph, which a wave without samples does not have
+  };
+
   /// Shows the first kind at first. There are no buttons for a single kind.
   WaveGraphPanel(const std::vector<GraphKind>& kinds, Source source, Settings settings, QWidget* parent);
 
   GraphKind Kind() const { return m_kind; }
   void ShowKind(GraphKind kind);
+  /// All is offered at first. The time graph takes the place of a Fourier graph that is offered no more.
+  void Offer(const Offers& offers);
   /// The data, the settings or the colours have changed.
   void Refresh();
   /// The controls in reading order.

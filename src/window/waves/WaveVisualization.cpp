@@ -143,6 +143,8 @@ void WaveVisualization::Refresh() {
   m_adjustedCheck->setIcon(KeyOf(m_doc.visualColorAdjusted));
   m_exportSeedButton->setEnabled(wave != nullptr);
   m_exportAdjustedButton->setEnabled(wave != nullptr);
+  const bool samples = wave && (!wave->acc.empty() || (wave->adjusted && !wave->adjustedAcc.empty()));
+  m_graphPanel->Offer({.settings = wave != nullptr, .fourier = samples});
   m_graphPanel->Refresh();
 }
 
