@@ -187,9 +187,55 @@ TEST_F(DrawGraphTest, ASolidCurveHasNoGapAndADottedOneIsHalfGaps) {
   for (const std::size_t points : {2u, 401u, 601u, 60001u}) {  // 401: points 1.5 pixels apart
     const std::vector<double> samples(points, 50.0);
     const double step = 30.0 / static_cast<double>(points - 1);
-    EXPECT_EQ(InkInRow(DrawnWave(samples, step, {kRed, 1, false}), 136), 599.0) << points;
-    EXPECT_NEAR(InkInRow(DrawnWave(samples, step, {kRed, 1, true}), 136), 300.0, 45.0) << points;
+    EXPECT_EQ(InkInRow(DrawnWave(samples, step, {kRed, 1}), 136), 599.0) << points;
+    EXPECT_NEAR(InkInRow(DrawnWave(samples, step, {kRed, 1, CurveLine::Dotted}), 136), 300.0, 45.0) << points;
   }
+}
+
+TEST_F(DrawGraphTest, ADashedCurveIsOneThirdGapsAndItsDashesAreLongerThanDots) {
+  const auto longest = [](const QImage& image) {
+    int most = 0;
+    for (int x = 45, run = 0; x < 644; ++x) {
+      run = IsRed(image, x, 136) ? run + 1 : 0;
+      most = std::max(most, run);
+    }
+    return most;
+  };
+  for (const std::size_t points : {2u, 401u, 60001u}) {
+    const std::vector<double> samples(points, 50.0);
+    const double step = 30.0 / static_cast<double>(points - 1);
+    const QImage dashed = DrawnWave(samples, step, {kRed, 1, CurveLine::Dashed});
+    const QImage dotted = DrawnWave(samples, step, {kRed, 1, CurveLine::Dotted});
+    EXPECT_NEAR(InkInRow(dashed, 136), 400.0, 30.0) << points;
+    EXPECT_LE(longest(dotted), 3) << points;
+    EXPECT_GE(longest(dashed), 6) << points;
+    EXPECT_LE(longest(dashed), 9) << points;
+  }
+}
+
+TEST_F(DrawGraphTest, DotsAreAsLongAtEveryScale) {
+  const std::vector<double> samples(2, 50.0);
+  const QImage twice = DrawnWave(samples, 30.0, {kRed, 1, CurveLine::Dotted}, 2.0);
+  std::set<int> runs;
+  int first = 100;
+  while (IsRed(twice, first, 272)) ++first;
+  for (int x = first, run = 0; x < 1200; ++x) {
+    if (IsRed(twice, x, 272)) {
+      ++run;
+    } else {
+      if (run > 0) runs.insert(run);
+      run = 0;
+    }
+  }
+  EXPECT_THAT(runs, testing::ElementsAre(4));
+}
+
+TEST_F(DrawGraphTest, ADottedSlopeIsHalfGapsToo) {
+  const QImage solid = DrawnWave({-500, 500}, 30.0, {kRed, 2});
+  const QImage dotted = DrawnWave({-500, 500}, 30.0, {kRed, 2, CurveLine::Dotted});
+  const QRect frame = FrameRect(solid, 1.0).adjusted(1, 1, -1, -1);
+  EXPECT_NEAR(CountRed(dotted, frame), 600, 120);
+  EXPECT_GT(CountRed(solid, frame), 0);
 }
 
 TEST_F(DrawGraphTest, ABlankSampleIsDrawnAtZeroAndTakesNoPartInTheRange) {
