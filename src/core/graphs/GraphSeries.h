@@ -22,4 +22,8 @@ struct GraphSeries {
   CurvePen pen;
 };
 
+inline bool HasPoints(const GraphSeries& curve) {
+  return !curve.x.empty() && !curve.y.empty();
+}
+
 }  // namespace tremlo

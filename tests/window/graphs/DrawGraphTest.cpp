@@ -461,5 +461,73 @@ TEST_F(DrawGraphTest, OnlyTheSpectraCarryANoteInsideTheFrame) {
   EXPECT_GT(Ink(Drawn(fourier), corner).width(), 50);
 }
 
+// The legend
+
+constexpr QRect kUpperRight(344, 29, 299, 80);  // a third of the height, half of the width
+
+CDrawFreqAccSpec& WithCurves(CDrawFreqAccSpec& graph, int count, const QString& ending = {}) {
+  for (int i = 1; i <= count; ++i)
+    graph.AddSpectrum({10, 0.02}, {-1.0, -1.0}, {kRed, 3}, QStringLiteral("断層%1").arg(i) + ending);
+  return graph;
+}
+
+QRect LegendBox(const QImage& image, double ratio = 1.0) {
+  QRect box;
+  const QRect frame = FrameRect(image, ratio);
+  for (int y = frame.top() + 2; y < frame.bottom() - 8 * ratio; ++y)
+    for (int x = frame.left() + 2; x < frame.right() - 1; ++x)
+      if (IsRed(image, x, y)) box |= QRect(x, y, 1, 1);
+  return box;
+}
+
+TEST_F(DrawGraphTest, OneCurveHasNoLegend) {
+  CDrawFreqAccSpec graph(FixedBlock());
+  EXPECT_TRUE(LegendBox(Drawn(WithCurves(graph, 1))).isEmpty());
+}
+
+TEST_F(DrawGraphTest, SeveralCurvesAreNamedAtTheTopRight) {
+  for (const double ratio : {1.0, 1.5, 2.0}) {
+    CDrawFreqAccSpec graph(FixedBlock());
+    const QImage image = Drawn(WithCurves(graph, 2), ratio);
+    const QRect samples = LegendBox(image, ratio);
+    const QRect room(QPointF(kUpperRight.topLeft() * ratio).toPoint(), kUpperRight.size() * ratio);
+    EXPECT_TRUE(room.contains(samples)) << ratio;
+    // Behind the samples stand the names.
+    EXPECT_GT(
+        Ink(image, QRect(samples.right() + 2, samples.top() - 2, qRound(40 * ratio), samples.height() + 4))
+            .width(),
+        20 * ratio);
+  }
+}
+
+TEST_F(DrawGraphTest, OfManyCurvesTheLegendStaysInItsThirdOfTheHeight) {
+  for (const QString& ending : {QString(), QString(200, u'長')}) {
+    CDrawFreqAccSpec graph(FixedBlock());
+    const QRect samples = LegendBox(Drawn(WithCurves(graph, 600, ending)));
+    EXPECT_TRUE(kUpperRight.contains(samples));
+    EXPECT_GT(samples.height(), 30);
+  }
+}
+
+TEST_F(DrawGraphTest, TheLegendLeavesTheNoteAndTheLabelsAlone) {
+  CDrawFreqAccSpec one(FixedBlock()), many(FixedBlock());
+  const QImage without = Drawn(WithCurves(one, 1));
+  const QImage with = Drawn(WithCurves(many, 600, QString(200, u'長')));
+  const QRect legend(kUpperRight);
+  for (const QRect& rest : {QRect(0, 0, 344, 300), QRect(0, 0, 660, 29), QRect(644, 0, 16, 300),
+                            QRect(0, legend.bottom() + 1, 660, 299 - legend.bottom())})
+    EXPECT_EQ(with.copy(rest), without.copy(rest));
+}
+
+TEST_F(DrawGraphTest, AGraphTooSmallForNamesHasNoLegend) {
+  CDrawFreqAccSpec graph(FixedBlock());
+  WithCurves(graph, 2);
+  QImage image(160, 100, QImage::Format_RGB32);
+  QPainter painter(&image);
+  graph.Draw(painter, QRectF(0, 0, 160, 100));
+  painter.end();
+  EXPECT_LE(CountRed(image, QRect(45, 29, 98, 30)), 0);
+}
+
 }  // namespace
 }  // namespace tremlo
