@@ -85,9 +85,9 @@ GraphEditDialog::GraphEditDialog(const std::vector<Graph>& graphs, WaveGraphSett
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   outside->addWidget(buttons);
-  m_body->setWidget(content);
 
-  FitGrids();
+  FitGrids();  // before the layouts are asked for a size, which they keep
+  m_body->setWidget(content);
   FitBody(*buttons);
   Rebuild();
 }

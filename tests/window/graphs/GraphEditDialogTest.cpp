@@ -13,6 +13,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -391,6 +393,27 @@ TEST_F(GraphEditDialogTest, TheDialogLiesOnItsMonitorWithItsButtonsInSight) {
       EXPECT_TRUE(monitor.contains(place)) << button;
       EXPECT_FALSE(Find<QPushButton>(button)->visibleRegion().isEmpty()) << button;
     }
+    dialog->close();
+  }
+}
+
+TEST_F(GraphEditDialogTest, NothingScrollsWhereTheMonitorHasRoom) {
+  auto dialogs = DialogsWithCurves(block, 60);
+  dialogs.push_back(std::make_unique<CDlgGraphEditBaseSpec>(block));
+  for (const auto& dialog : dialogs) {
+    Open(*dialog);
+    SettledSize(*dialog);
+    auto* const body = Find<QScrollArea>("body");
+    const QSize wanted = body->widget()->sizeHint() + dialog->size() - body->size();
+    const QSize room = dialog->screen()->availableSize() - QSize(20, 50);  // room for the window's frame
+    if (wanted.width() <= room.width() && wanted.height() <= room.height()) {
+      EXPECT_EQ(body->verticalScrollBar()->maximum(), 0);
+      EXPECT_EQ(body->horizontalScrollBar()->maximum(), 0);
+      EXPECT_EQ(body->size(), body->widget()->sizeHint());
+    } else {
+      EXPECT_GT(body->verticalScrollBar()->maximum(), 0);
+    }
+    EXPECT_GE(dialog->width(), std::min(room.width() - 20, wanted.width()));
     dialog->close();
   }
 }
