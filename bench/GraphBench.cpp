@@ -36,8 +36,8 @@ void Paint(CDrawGraph& graph, benchmark::State& state) {
   }
 }
 
-CurvePen PenOf(const benchmark::State& state, bool dotted = false) {
-  return {0xFF3232, static_cast<int>(state.range(0)), dotted};
+CurvePen PenOf(const benchmark::State& state, CurveLine line = CurveLine::Solid) {
+  return {0xFF3232, static_cast<int>(state.range(0)), line};
 }
 
 void PaintWave(benchmark::State& state) {
@@ -48,7 +48,7 @@ void PaintWave(benchmark::State& state) {
 
 void PaintWaveDotted(benchmark::State& state) {
   CDrawTimeAccGal graph({});
-  graph.AddWave(Noise(), 0.005, PenOf(state, true));
+  graph.AddWave(Noise(), 0.005, PenOf(state, CurveLine::Dotted));
   Paint(graph, state);
 }
 
@@ -64,6 +64,24 @@ void PaintSpectrum(benchmark::State& state) {
   Paint(graph, state);
 }
 
+// The spectra of many planes in both forms, solid and dotted, at the 41 periods of the attenuation tables:
+// what the screens of the faults paint whenever a plane is shown or hidden.
+void PaintManySpectra(benchmark::State& state) {
+  constexpr int kPeriods = 41;
+  CDrawFreqAccSpec graph({});
+  for (int curve = 0; curve < state.range(0); ++curve) {
+    std::vector<double> periods, values;
+    for (int i = 0; i < kPeriods; ++i) {
+      periods.push_back(10.0 * std::pow(0.002, i / (kPeriods - 1.0)));
+      values.push_back((2.0 + curve) * (1.0 + std::sin(i * 0.15) + 0.1 * std::sin(i + curve)));
+    }
+    graph.AddSpectrum(periods, values,
+                      {curve * 4111, 1, curve % 2 == 0 ? CurveLine::Solid : CurveLine::Dotted},
+                      QStringLiteral("(%1)(最短距離)断層帯").arg(curve + 1));
+  }
+  Paint(graph, state);
+}
+
 // What one move of the mouse costs: the nearest of all points, and a repaint.
 void PointAtWave(benchmark::State& state) {
   CDrawTimeAccGal graph({});
@@ -74,6 +92,12 @@ void PointAtWave(benchmark::State& state) {
     benchmark::DoNotOptimize(graph.PointAt(QRect(QPoint(), kSize), QPoint(100 + ++x % 900, 300)));
 }
 
+// Number of curves, scale of the screen in per cent.
+BENCHMARK(PaintManySpectra)
+    ->Args({60, 100})
+    ->Args({600, 100})
+    ->Args({600, 200})
+    ->Unit(benchmark::kMillisecond);
 // Pen width, scale of the screen in per cent.
 BENCHMARK(PaintWave)->Args({1, 100})->Args({2, 100})->Args({5, 100})->Args({2, 200})->Unit(
     benchmark::kMillisecond);

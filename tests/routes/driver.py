@@ -171,6 +171,10 @@ class Program:
         """Clicks the shown button or box to tick of that name."""
         self.click(name, BUTTONS)
 
+    def act(self, name, role=ROLE.PUSH_BUTTON):
+        """Does what the accessibility bus offers on the control of that name."""
+        self.until(lambda: Atspi.Action.do_action(self.find(name, role), 0), f"action of {name}")
+
     def focus(self, name):
         """Walks with the tab key until the control of that name has the focus; a control that the keys do not
         reach is a fault."""
@@ -262,6 +266,25 @@ class Program:
         """What stands in an edit."""
         node = self.find(name, ROLE.TEXT)
         return Atspi.Text.get_text(node, 0, Atspi.Text.get_character_count(node))
+
+    def description(self, name):
+        return self.find(name).get_description()
+
+    def geometry(self, title):
+        """Left, top, width and height of the window of that title, in pixels of the screen, without its frame."""
+        found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{title}$", "getwindowgeometry", "--shell"],
+                               env=self.desktop.env, capture_output=True, text=True)
+        told = dict(line.split("=") for line in found.stdout.split())
+        return tuple(int(told[name]) for name in ("X", "Y", "WIDTH", "HEIGHT")) if "X" in told else None
+
+    def settled_geometry(self, title):
+        """The geometry of a window that has stopped to change."""
+        seen = []
+
+        def settled():
+            seen.append(self.geometry(title))
+            return seen[-1] if seen[-1] and len(seen) > 25 and len(set(seen[-25:])) == 1 else None
+        return self.until(settled, f"a window {title} that keeps its size", 30)
 
     def cell(self, table, row, column):
         """Text of a cell, the rows and columns counted without their headings."""

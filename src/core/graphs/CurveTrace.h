@@ -16,9 +16,12 @@ struct TracePiece {
 /// become one piece from their highest to their lowest pixel, so that no peak is lost and 65,536 points give
 /// no more pieces than the frame has columns.
 ///
-/// A value beyond the y limits runs along the frame's edge. A point beyond the x limits is not drawn, but the
-/// line to it is, as far as the frame's left or right edge. A point that holds something that is not a number
-/// is passed over. Axes without usable limits give no pieces.
+/// A value beyond the y limits runs along the frame's edge. A point beyond the x limits is not drawn, but
+/// what lies inside the frame of the lines to it and from it is: a curve comes in from the frame's edge
+/// before its first inside point, goes on to the edge behind its last one, and crosses the whole frame where
+/// this lies between two neighbouring points, so that a spectrum is not broken off where only the view ends.
+/// A point that holds something that is not a number is passed over. Axes without usable limits give no
+/// pieces.
 std::vector<TracePiece> TraceCurve(const std::vector<double>& x, const std::vector<double>& y,
                                    const GraphAxis& xAxis, const GraphAxis& yAxis);
 

@@ -7,10 +7,12 @@
 
 namespace tremlo {
 
+enum class CurveLine { Solid, Dotted, Dashed };
+
 struct CurvePen {
   std::int32_t color = 0;  ///< 0x00BBGGRR
   int width = 1;           ///< in pixels of a screen at 100 %
-  bool dotted = false;
+  CurveLine line = CurveLine::Solid;
 };
 
 /// One curve of a graph: point i is (x[i], y[i]), and points that only one vector holds do not exist.
@@ -19,5 +21,9 @@ struct GraphSeries {
   std::vector<double> x, y;
   CurvePen pen;
 };
+
+inline bool HasPoints(const GraphSeries& curve) {
+  return !curve.x.empty() && !curve.y.empty();
+}
 
 }  // namespace tremlo

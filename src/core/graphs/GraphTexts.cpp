@@ -1,6 +1,9 @@
 #include "core/graphs/GraphTexts.h"
 
 #include "core/graphs/GraphAxis.h"
+#include "core/graphs/GraphLegend.h"
+
+#include <QStringList>
 
 namespace tremlo {
 namespace {
@@ -50,6 +53,22 @@ QString DescribeAxes(GraphKind kind, const GraphRange& range) {
   QString x = Limits(texts.XTitle(), range.xMin, range.xMax);
   if (range.logarithmic) x += QStringLiteral(" (対数)");
   return x + QStringLiteral("、") + Limits(texts.YTitle(), range.yMin, range.yMax);
+}
+
+QString DescribeCurves(const std::vector<GraphSeries>& series) {
+  constexpr int kMostNames = 10;
+  QStringList names;
+  int others = 0;
+  for (const GraphSeries& curve : series) {
+    if (!HasPoints(curve) || curve.name.isEmpty()) continue;
+    if (names.size() < kMostNames)
+      names << curve.name;
+    else
+      ++others;
+  }
+  if (names.isEmpty()) return {};
+  if (others > 0) names << OtherCurvesText(others);
+  return QStringLiteral("曲線：") + names.join(QStringLiteral("、"));
 }
 
 QString DescribePoint(GraphKind kind, const QString& curve, double x, double y) {

@@ -1,8 +1,11 @@
 #pragma once
 
 #include "core/graphs/GraphRange.h"
+#include "core/graphs/GraphSeries.h"
 
 #include <QString>
+
+#include <vector>
 
 namespace tremlo {
 
@@ -21,6 +24,10 @@ const GraphTexts& TextsOf(GraphKind kind);
 
 /// The axes and their limits in words, for a screen reader.
 QString DescribeAxes(GraphKind kind, const GraphRange& range);
+
+/// The names of the curves that are seen, in words as well: the first ten, then how many others there are.
+/// Empty when none has a name.
+QString DescribeCurves(const std::vector<GraphSeries>& series);
 
 /// The values of a data point in words, for the status bar; a curve with a name stands before them.
 QString DescribePoint(GraphKind kind, const QString& curve, double x, double y);

@@ -144,11 +144,11 @@ bool ChangeRules::SetNeighbourUse(const QString& name, bool use) {
 }
 
 bool ChangeRules::SetAllNeighbourUse(bool use) {
-  const std::vector<QString> names = m_doc.seedWaves.Names();
+  // Here the base counts as one of the waves by its name among the rows, whatever else may bear that name.
   const bool baseAmongThem =
-      std::any_of(names.begin(), names.end(), [&](const QString& name) { return IsBaseWave(m_doc, name); });
+      !m_doc.baseSpectrumName.isEmpty() && m_doc.seedWaves.Contains(m_doc.baseSpectrumName);
   if (!use && !ClearBaseIf(baseAmongThem)) return false;
-  for (const QString& name : names) m_doc.seedWaves.SetSiteUse(name, use);
+  for (const QString& name : m_doc.seedWaves.Names()) m_doc.seedWaves.SetSiteUse(name, use);
   m_doc.SetModified(true);
   return true;
 }

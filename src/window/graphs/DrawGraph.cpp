@@ -5,6 +5,7 @@
 #include "window/graphs/BgrColor.h"
 #include "window/graphs/CurvePaint.h"
 #include "window/graphs/GraphSurface.h"
+#include "window/graphs/LegendPaint.h"
 
 #include <QFontMetricsF>
 
@@ -14,6 +15,8 @@ namespace tremlo {
 namespace {
 
 constexpr QColor kGrid(0xA0, 0xA0, 0xA0);
+
+constexpr double kTextGap = 2.0;  // between texts and what they stand at, on a screen at 100 %
 
 // Wide enough for any label that stands beside or under its tick.
 constexpr int kLabelRoom = 400;
@@ -36,6 +39,7 @@ void CDrawGraph::Draw(QPainter& painter, const QRectF& area) {
   if (FrameIn(surface.Area(), surface.Scale()).IsEmpty()) return;
   DrawFrame(surface);
   for (const GraphSeries& series : m_series) DrawSeries(surface, series);
+  DrawLegend(surface);
   DrawBox(surface);
 }
 
@@ -124,7 +128,7 @@ void CDrawGraph::DrawTitles(const GraphSurface& surface, const PlotFrame& frame)
   QPainter& painter = surface.Painter();
   painter.setPen(Qt::black);
   const int room = surface.Pixels(kLabelRoom);
-  const double gap = 2.0 * surface.Scale();
+  const double gap = kTextGap * surface.Scale();
 
   const QFont xFont = surface.Font(xTitleFont);
   const double labelHeight = QFontMetricsF(surface.Font(xTickFont)).height();
@@ -142,6 +146,16 @@ void CDrawGraph::DrawTitles(const GraphSurface& surface, const PlotFrame& frame)
                    Qt::AlignLeft | Qt::AlignTop | Qt::TextDontClip, texts.YTitle());
   painter.drawText(QRectF(frame.plotLeft + 2.0 * gap, frame.plotTop + 2.0 * gap, room, room),
                    Qt::AlignLeft | Qt::AlignTop | Qt::TextDontClip, texts.note);
+}
+
+void CDrawGraph::DrawLegend(const GraphSurface& surface) const {
+  const PlotFrame frame = FrameIn(surface.Area(), surface.Scale());
+  const QFontMetricsF metrics(surface.Font(yTitleFont));
+  const double note = 2.0 * kTextGap * surface.Scale() + metrics.horizontalAdvance(TextsOf(m_kind).note);
+  PaintLegend(
+      surface,
+      {frame.plotLeft, frame.plotTop, frame.plotRight - frame.plotLeft, frame.plotBottom - frame.plotTop},
+      frame.plotLeft + static_cast<int>(std::ceil(note)), m_series, yTitleFont);
 }
 
 void CDrawGraph::DrawBox(const GraphSurface& surface) const {

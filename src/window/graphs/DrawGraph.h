@@ -26,9 +26,9 @@ struct PlotFrame {
 /// The area without its margins: top 28, bottom 32, left 44, right 16 pixels at a scale of 1.
 PlotFrame FrameIn(const QRect& area, double scale);
 
-/// What the three graphs share: a box with grid, labels, titles and curves on white, in colours of its own
-/// whatever the palette. It draws on any painter, sharp at any scale; between drawings it keeps its curves
-/// and its range.
+/// What the three graphs share: a box with grid, labels, titles, curves and their legend on white, in colours
+/// of its own whatever the palette. It draws on any painter, sharp at any scale; between drawings it keeps
+/// its curves and its range.
 class CDrawGraph {
  public:
   virtual ~CDrawGraph() = default;
@@ -43,7 +43,7 @@ class CDrawGraph {
   virtual void DrawFrame(const GraphSurface& surface) const;
   virtual void DrawSeries(const GraphSurface& surface, const GraphSeries& series) const;
 
-  /// The whole graph: range, frame, every curve, box.
+  /// The whole graph: range, frame, every curve, the legend of several, box.
   void Draw(QPainter& painter, const QRectF& area);
 
   GraphKind Kind() const { return m_kind; }
@@ -70,6 +70,7 @@ class CDrawGraph {
   void DrawZeroLines(const GraphSurface& surface, const PlotFrame& frame) const;
   void DrawLabels(const GraphSurface& surface, const PlotFrame& frame) const;
   void DrawTitles(const GraphSurface& surface, const PlotFrame& frame) const;
+  void DrawLegend(const GraphSurface& surface) const;
   void DrawBox(const GraphSurface& surface) const;
 
   GraphKind m_kind;

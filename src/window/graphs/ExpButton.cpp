@@ -4,6 +4,7 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QSignalBlocker>
 
 namespace tremlo {
 
@@ -38,6 +39,7 @@ double CornerRadius(int style, const QRect& box) {
 
 CExpButton::CExpButton(QWidget* parent) : QPushButton(parent) {
   setAutoDefault(false);
+  connect(this, &QAbstractButton::toggled, this, &CExpButton::ClickIfToggledFromOutside);
 }
 
 void CExpButton::SetStyle(int style) {
@@ -61,6 +63,17 @@ void CExpButton::FollowState() {
   setCheckable(CanToggle());
   if (isCheckable()) setChecked(m_pressed);
   update();
+}
+
+/// The action that the accessibility bus offers on a button that toggles flips its state alone: it is made a
+/// click, so that the command comes too.
+void CExpButton::ClickIfToggledFromOutside(bool checked) {
+  if (checked == m_pressed || !isCheckable()) return;
+  {
+    const QSignalBlocker quiet(*this);
+    setChecked(m_pressed);
+  }
+  click();
 }
 
 void CExpButton::SetFlash(bool flash) {

@@ -48,6 +48,7 @@ class CExpButton : public QPushButton {
   bool CanToggle() const { return m_toggles && (m_style == kEdgeStyle || m_style == kPictureStyle); }
   bool IsIn() const { return isDown() || m_pressed; }
   void FollowState();
+  void ClickIfToggledFromOutside(bool checked);
   QColor ColorOr(const QColor& color, QPalette::ColorRole role) const;
   QColor FaceColor() const;
   QColor TextColor() const;

@@ -234,7 +234,7 @@ void CExpEdit::dropEvent(QDropEvent* event) {
 
 void CExpEdit::changeEvent(QEvent* event) {
   QLineEdit::changeEvent(event);
-  if (event->type() == QEvent::ReadOnlyChange) UpdateLook();
+  if (event->type() == QEvent::ReadOnlyChange || event->type() == QEvent::PaletteChange) UpdateLook();
 }
 
 void CExpEdit::UpdateLook() {

@@ -1,6 +1,7 @@
 #include "window/graphs/GraphEditDialog.h"
 
 #include "core/graphs/RangeRows.h"
+#include "window/graphs/NamedControl.h"
 #include "window/graphs/Spread7.h"
 
 #include <QCheckBox>
@@ -9,6 +10,9 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QStyle>
 #include <QVBoxLayout>
 
 namespace tremlo {
@@ -16,7 +20,8 @@ namespace {
 
 constexpr int kNumberWidth = 80;
 constexpr int kCellPadding = 16;
-constexpr int kColorGridHeight = 180;  // of many curves the grid shows some and scrolls
+constexpr int kMostColorRows = 6;     // of more curves the grid shows some and scrolls
+constexpr QSize kWindowFrame(8, 40);  // what the window manager draws around a dialog, at the most
 
 QString NameOf(GraphKind kind) {
   if (kind == GraphKind::Time) return QStringLiteral("time");
@@ -37,7 +42,6 @@ CSpread7* MakeGrid(std::shared_ptr<GridData> rows, const QString& objectName, QW
   grid->SetData(std::move(rows));
   grid->verticalHeader()->hide();
   grid->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  grid->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
   grid->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
   return grid;
 }
@@ -48,12 +52,21 @@ GraphEditDialog::GraphEditDialog(const std::vector<Graph>& graphs, WaveGraphSett
                                  std::optional<std::vector<CurveColor>> colors, QWidget* parent)
     : QDialog(parent), m_block(block) {
   setWindowTitle(QStringLiteral("描画設定"));
-  auto* const layout = new QVBoxLayout(this);
-  layout->setSizeConstraint(QLayout::SetFixedSize);
+  auto* const outside = new QVBoxLayout(this);
+  outside->setSizeConstraint(QLayout::SetFixedSize);
+  m_body = new QScrollArea(this);
+  m_body->setObjectName(QStringLiteral("body"));
+  m_body->setFrameShape(QFrame::NoFrame);
+  m_body->setWidgetResizable(true);
+  m_body->setFocusPolicy(Qt::NoFocus);
+  outside->addWidget(m_body);
+  auto* const content = new QWidget(m_body);
+  auto* const layout = new QVBoxLayout(content);
+  layout->setContentsMargins({});
 
   m_autoCheck = MakeButton<QCheckBox>(QStringLiteral("各グラフの自動調整を有効にする"),
                                       QStringLiteral("autoCheck"), this);
-  connect(m_autoCheck, &QCheckBox::clicked, this, [this](bool checked) {
+  connect(m_autoCheck, &QCheckBox::toggled, this, [this](bool checked) {
     m_block.autoRange = checked ? 1 : 0;
     TellChange();
   });
@@ -71,9 +84,11 @@ GraphEditDialog::GraphEditDialog(const std::vector<Graph>& graphs, WaveGraphSett
   addButton(QStringLiteral("キャンセル"), QStringLiteral("cancelButton"), QDialogButtonBox::RejectRole);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-  layout->addWidget(buttons);
+  outside->addWidget(buttons);
 
-  FitRangeGrids();
+  FitGrids();  // before the layouts are asked for a size, which they keep
+  m_body->setWidget(content);
+  FitBody(*buttons);
   Rebuild();
 }
 
@@ -104,7 +119,7 @@ void GraphEditDialog::AddRangePart(const Graph& graph, QVBoxLayout* layout) {
     part.logCheck = MakeButton<QCheckBox>(QStringLiteral("対数グラフにする"),
                                           NameOf(graph.kind) + QStringLiteral("LogCheck"), group);
     part.logCheck->setAccessibleName(part.logCheck->text() + QStringLiteral(" ") + graph.title);
-    connect(part.logCheck, &QCheckBox::clicked, this, [this, field](bool checked) {
+    connect(part.logCheck, &QCheckBox::toggled, this, [this, field](bool checked) {
       m_block.*field = checked ? 1 : 0;
       TellChange();
     });
@@ -132,7 +147,6 @@ QWidget* GraphEditDialog::MakeColorGroup(std::vector<CurveColor> colors) {
   m_colorGrid->setAccessibleName(group->title());
   m_colorGrid->SetColumnWidth(2, kNumberWidth);
   connect(m_colorGrid, &CSpread7::Changed, this, [this] { TellChange(); });
-  m_colorGrid->setMaximumHeight(kColorGridHeight);
   layout->addWidget(m_colorGrid);
 
   AddReset(QStringLiteral("色のリセット"), QStringLiteral("resetColorsButton"), &GraphEditDialog::ResetColors,
@@ -140,9 +154,10 @@ QWidget* GraphEditDialog::MakeColorGroup(std::vector<CurveColor> colors) {
   return group;
 }
 
-/// All range grids as wide as the longest of their texts needs, be the axes linear or logarithmic, and as
-/// high as their rows.
-void GraphEditDialog::FitRangeGrids() {
+/// All grids as wide as the longest text of a range grid needs, be the axes linear or logarithmic, and as
+/// high as their rows. The sizes are set rather than left to the grids: one that asks for the width of its
+/// columns, while a column takes what width there is, asks for more each time it is laid out.
+void GraphEditDialog::FitGrids() {
   int width = 0;
   WaveGraphSetting logarithmic;
   logarithmic.specLog = logarithmic.fourierLog = 1;
@@ -151,21 +166,38 @@ void GraphEditDialog::FitRangeGrids() {
     for (int row = 0; row <= rows.RowCount(); ++row)
       width = qMax(width, fontMetrics().horizontalAdvance(rows.Text(row, 1)));
   }
-  for (const RangePart& part : m_ranges) {
-    CSpread7* const grid = part.grid;
-    const int rim = 2 * grid->frameWidth();
-    grid->setMinimumWidth(width + kCellPadding + 3 * kNumberWidth + rim);
-    grid->setFixedHeight(grid->horizontalHeader()->sizeHint().height() + grid->verticalHeader()->length() +
-                         rim);
-  }
+  width += kCellPadding + 3 * kNumberWidth;
+  for (const RangePart& part : m_ranges) FitGrid(*part.grid, width, part.grid->RowCount());
+  if (m_colorGrid) FitGrid(*m_colorGrid, width, qMin(m_colorGrid->RowCount(), kMostColorRows));
+}
+
+void GraphEditDialog::FitGrid(CSpread7& grid, int width, int rows) {
+  const int rim = 2 * grid.frameWidth();
+  grid.setMinimumWidth(width + rim);
+  const int header = grid.horizontalHeader()->sizeHint().height();
+  grid.setFixedHeight(header + rows * grid.verticalHeader()->defaultSectionSize() + rim);
+}
+
+/// All that is above the buttons, or as much of it as the monitor has room for.
+void GraphEditDialog::FitBody(const QWidget& buttons) {
+  const QSize wanted = m_body->widget()->sizeHint();
+  const QMargins margins = layout()->contentsMargins();
+  const QSize around(margins.left() + margins.right(),
+                     margins.top() + margins.bottom() + layout()->spacing() + buttons.sizeHint().height());
+  const QSize room = screen()->availableSize() - kWindowFrame - around;
+  const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  QSize size = wanted;
+  if (wanted.height() > room.height()) size.rwidth() += bar;
+  if (size.width() > room.width()) size.rheight() += bar;
+  m_body->setFixedSize(size.boundedTo(room));
 }
 
 void GraphEditDialog::Rebuild() {
-  m_autoCheck->setChecked(m_block.autoRange != 0);
+  ShowChecked(*m_autoCheck, m_block.autoRange != 0);
   for (const RangePart& part : m_ranges) {
     part.grid->Refresh();
     part.grid->setAccessibleName(part.rows->Title());
-    if (part.logCheck) part.logCheck->setChecked(HasLogarithmicAxis(part.graph.kind, m_block));
+    if (part.logCheck) ShowChecked(*part.logCheck, HasLogarithmicAxis(part.graph.kind, m_block));
   }
   if (m_colorGrid) m_colorGrid->Refresh();
 }

@@ -10,6 +10,7 @@
 #include <vector>
 
 class QCheckBox;
+class QScrollArea;
 class QVBoxLayout;
 
 namespace tremlo {
@@ -19,7 +20,8 @@ class RangeRows;
 
 /// What the four dialogs "描画設定" share. They edit the block and the colours of their owner in place: every
 /// change is told at once, so that the owner's graphs change while the dialog is open, and closing it in
-/// whatever way keeps all of them.
+/// whatever way keeps all of them. Its size never changes; on a monitor that has no room for all of it, what
+/// stands above the buttons scrolls.
 class GraphEditDialog : public QDialog {
   Q_OBJECT
 
@@ -64,11 +66,14 @@ class GraphEditDialog : public QDialog {
   /// A button that has the owner put back what it resets, by emitting that signal.
   void AddReset(const QString& text, const QString& name, void (GraphEditDialog::*reset)(),
                 QVBoxLayout* layout);
-  void FitRangeGrids();
+  void FitGrids();
+  static void FitGrid(CSpread7& grid, int width, int rows);
+  void FitBody(const QWidget& buttons);
   void Rebuild();
   void TellChange();
 
   WaveGraphSetting& m_block;
+  QScrollArea* m_body;  ///< all but the buttons: on a small monitor it scrolls
   QCheckBox* m_autoCheck;
   std::vector<RangePart> m_ranges;
   CSpread7* m_colorGrid = nullptr;

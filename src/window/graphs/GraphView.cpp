@@ -21,6 +21,12 @@ QAccessibleInterface* MakeAccessibleGraph(const QString& className, QObject* obj
   return new QAccessibleWidget(qobject_cast<QWidget*>(object), QAccessible::Chart);
 }
 
+QString Described(const CDrawGraph& graph) {
+  const QString axes = DescribeAxes(graph.Kind(), graph.Range());
+  const QString curves = DescribeCurves(graph.Series());
+  return curves.isEmpty() ? axes : axes + QStringLiteral("、") + curves;
+}
+
 void PaintFocus(QPainter& painter, const QRect& area) {
   const GraphSurface surface(painter, area);
   const int width = surface.LineWidth(1);
@@ -66,7 +72,7 @@ void GraphView::MakeGraph() {
   if (m_source) m_graph = m_source();
   m_made = true;  // only now: what the source computes may lead to a Refresh()
   if (m_graph) m_graph->ComputeRange();
-  setAccessibleDescription(m_graph ? DescribeAxes(m_graph->Kind(), m_graph->Range()) : QString());
+  setAccessibleDescription(m_graph ? Described(*m_graph) : QString());
 }
 
 QImage GraphView::Picture(double devicePixelRatio) {

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QAbstractButton>
 #include <QLabel>
+#include <QSignalBlocker>
 #include <QString>
 
 #include <vector>
@@ -21,6 +23,15 @@ Button* NamedButton(const char* objectName, const QString& text, QWidget* parent
   auto* const button = new Button(parent);
   button->setText(text);
   return Named(button, objectName, text);
+}
+
+/// Shows a state that the program has, as opposed to one that the user chooses: `toggled` is not emitted.
+///
+/// What a check box does is connected to `toggled`, since the action that the accessibility bus offers on it
+/// toggles it without a click.
+inline void ShowChecked(QAbstractButton& button, bool checked) {
+  const QSignalBlocker quiet(button);
+  button.setChecked(checked);
 }
 
 /// A label before its field, which bears its text as accessible name.

@@ -80,8 +80,10 @@ void WaveGraphPanel::AddKindButtons(const std::vector<GraphKind>& kinds) {
     row->addWidget(button);
   }
   row->addStretch();
-  connect(m_kindButtons, &QButtonGroup::idClicked, this,
-          [this](int id) { ChooseKind(static_cast<GraphKind>(id)); });
+  // Toggled rather than clicked: the action that the accessibility bus offers on a button makes no click.
+  connect(m_kindButtons, &QButtonGroup::idToggled, this, [this](int id, bool on) {
+    if (on && static_cast<GraphKind>(id) != m_kind) ChooseKind(static_cast<GraphKind>(id));
+  });
   static_cast<QVBoxLayout*>(layout())->addLayout(row);
 }
 
@@ -95,6 +97,15 @@ void WaveGraphPanel::ShowKind(GraphKind kind) {
   m_kind = kind;
   if (QAbstractButton* const button = m_kindButtons->button(static_cast<int>(kind))) button->setChecked(true);
   Refresh();
+}
+
+void WaveGraphPanel::Offer(const Offers& offers) {
+  m_settingsButton->setEnabled(offers.settings);
+  QAbstractButton* const fourier = m_kindButtons->button(static_cast<int>(GraphKind::Fourier));
+  if (!fourier) return;
+  fourier->setEnabled(offers.fourier);
+  fourier->setToolTip(offers.fourier ? QString() : QStringLiteral("波形データがありません。"));
+  if (!offers.fourier && m_kind == GraphKind::Fourier) ShowKind(GraphKind::Time);
 }
 
 void WaveGraphPanel::Refresh() {

@@ -34,12 +34,20 @@ class WaveGraphPanel : public QWidget {
     std::function<void()> resetColors;
   };
 
+  /// What the data allow.
+  struct Offers {
+    bool settings = true;
+    bool fourier = true;  ///< the Fourier graph, which a wave without samples does not have
+  };
+
   /// Shows the first kind at first. There are no buttons for a single kind.
   WaveGraphPanel(const std::vector<GraphKind>& kinds, Source source, Settings settings, CommandGate& gate,
                  QWidget* parent);
 
   GraphKind Kind() const { return m_kind; }
   void ShowKind(GraphKind kind);
+  /// All is offered at first. The time graph takes the place of a Fourier graph that is offered no more.
+  void Offer(const Offers& offers);
   /// The data, the settings or the colours have changed.
   void Refresh();
   /// Makes the graph now and not when it is painted. Throws std::bad_alloc where there is no memory for it.

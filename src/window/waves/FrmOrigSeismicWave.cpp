@@ -171,7 +171,10 @@ void CFrmOrigSeismicWave::ChooseWave(int index) {
 
 void CFrmOrigSeismicWave::SelectWave(int index) {
   m_name = m_nameCombo->itemText(index);
-  m_doc.seedWaves.SelectCurrent(m_name);
+  if (m_doc.seedWaves.CurrentName() != m_name) {
+    m_doc.seedWaves.SelectCurrent(m_name);
+    m_doc.SetModified(true);
+  }
   ShowName();
   ShowWave();
 }

@@ -214,6 +214,7 @@ void WaveRegistration::ShowData() {
   m_sampleGrid->Refresh();
   ShowExtremes();
   WidenTimeColumns();
+  m_graphPanel->Offer({.settings = wave != nullptr, .fourier = wave && !wave->acc.empty()});
   m_graphPanel->Refresh();
 }
 

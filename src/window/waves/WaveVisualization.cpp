@@ -71,8 +71,10 @@ void WaveVisualization::MakeSwitches() {
   const auto make = [this](const char* objectName, const QString& text, std::int32_t CMorvaneDoc::*field) {
     auto* const check = NamedButton<QCheckBox>(objectName, text, this);
     check->setIconSize({kKeySize, kKeySize});
-    connect(check, &QCheckBox::clicked, this, [this, check, field](bool on) {
-      if (!m_gate.Run([&] { SetSwitch(field, on); })) check->setChecked(!on);
+    connect(check, &QCheckBox::toggled, this, [this, check, field](bool on) {
+      if (m_gate.Run([&] { SetSwitch(field, on); })) return;
+      const QSignalBlocker quiet(check);
+      check->setChecked(!on);
     });
     return check;
   };
@@ -140,12 +142,14 @@ void WaveVisualization::Refresh() {
   const CSeismicWave* const wave = Wave();
   m_countEdit->SetText(wave ? QString::number(wave->acc.size()) : QString());
   m_timeStepEdit->SetText(wave ? ShortestText(wave->timeStep) : QString());
-  m_seedCheck->setChecked(m_doc.visualShowOrig == 1);
-  m_adjustedCheck->setChecked(m_doc.visualShowAdjusted == 1);
+  ShowChecked(*m_seedCheck, m_doc.visualShowOrig == 1);
+  ShowChecked(*m_adjustedCheck, m_doc.visualShowAdjusted == 1);
   m_seedCheck->setIcon(KeyOf(m_doc.visualColorOrig));
   m_adjustedCheck->setIcon(KeyOf(m_doc.visualColorAdjusted));
   m_exportSeedButton->setEnabled(wave != nullptr);
   m_exportAdjustedButton->setEnabled(wave != nullptr);
+  const bool samples = wave && (!wave->acc.empty() || (wave->adjusted && !wave->adjustedAcc.empty()));
+  m_graphPanel->Offer({.settings = wave != nullptr, .fourier = samples});
   m_graphPanel->Refresh();
 }
 

@@ -79,7 +79,14 @@ TEST(CurveTrace, APointOnALimitIsInside) {
 
 TEST(CurveTrace, ALineAcrossTheWholeFrameIsDrawnThoughNoPointLiesInside) {
   EXPECT_EQ(Listed(Trace({-100, 200}, {40, 70})), "0,50-100,40");
+  EXPECT_EQ(Listed(Trace({200, -100}, {70, 40})), "100,40-0,50");
   EXPECT_EQ(Listed(Trace({-100, -50}, {40, 70})), "");
+  EXPECT_EQ(Listed(Trace({150, 200}, {40, 70})), "");
+}
+
+TEST(CurveTrace, ACurveThatReachesOverBothEdgesIsDrawnFromEdgeToEdge) {
+  EXPECT_EQ(Listed(Trace({-20, -10, 10, 90, 110, 120}, {0, 20, 60, 60, 20, 0})),
+            "0,60-10,40 10,40-90,40 90,40-100,60");
 }
 
 TEST(CurveTrace, ACurveThatLeavesAndReturnsIsNotClosedInBetween) {

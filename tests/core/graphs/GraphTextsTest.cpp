@@ -29,6 +29,18 @@ TEST(GraphTexts, TheAxesAreDescribedWithTheirLimits) {
             "周期T (sec)：0.01 ～ 10 (対数)、加速度応答スペクトルS (gal)：0 ～ 1200");
 }
 
+TEST(GraphTexts, TheCurvesAreNamedAndManyAreCounted) {
+  const auto curve = [](const QString& name) { return GraphSeries{name, {1.0}, {2.0}, {}}; };
+  EXPECT_EQ(DescribeCurves({}), QString());
+  EXPECT_EQ(DescribeCurves({curve("")}), QString());
+  EXPECT_EQ(DescribeCurves({curve("a"), GraphSeries{"b", {}, {}, {}}, curve(""), curve("c")}), "曲線：a、c");
+  std::vector<GraphSeries> many;
+  for (int i = 1; i <= 10; ++i) many.push_back(curve(QString::number(i)));
+  EXPECT_EQ(DescribeCurves(many), "曲線：1、2、3、4、5、6、7、8、9、10");
+  many.resize(600, curve("x"));
+  EXPECT_EQ(DescribeCurves(many), "曲線：1、2、3、4、5、6、7、8、9、10、他 590 本");
+}
+
 TEST(GraphTexts, APointIsToldWithItsUnitsBehindItsCurve) {
   EXPECT_EQ(DescribePoint(GraphKind::Time, {}, 1.23, -45.678), "時間 1.23 sec、加速度 -45.678 gal");
   EXPECT_EQ(DescribePoint(GraphKind::Fourier, "波%1", 0.5, 12),

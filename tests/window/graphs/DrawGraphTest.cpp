@@ -187,9 +187,55 @@ TEST_F(DrawGraphTest, ASolidCurveHasNoGapAndADottedOneIsHalfGaps) {
   for (const std::size_t points : {2u, 401u, 601u, 60001u}) {  // 401: points 1.5 pixels apart
     const std::vector<double> samples(points, 50.0);
     const double step = 30.0 / static_cast<double>(points - 1);
-    EXPECT_EQ(InkInRow(DrawnWave(samples, step, {kRed, 1, false}), 136), 599.0) << points;
-    EXPECT_NEAR(InkInRow(DrawnWave(samples, step, {kRed, 1, true}), 136), 300.0, 45.0) << points;
+    EXPECT_EQ(InkInRow(DrawnWave(samples, step, {kRed, 1}), 136), 599.0) << points;
+    EXPECT_NEAR(InkInRow(DrawnWave(samples, step, {kRed, 1, CurveLine::Dotted}), 136), 300.0, 45.0) << points;
   }
+}
+
+TEST_F(DrawGraphTest, ADashedCurveIsOneThirdGapsAndItsDashesAreLongerThanDots) {
+  const auto longest = [](const QImage& image) {
+    int most = 0;
+    for (int x = 45, run = 0; x < 644; ++x) {
+      run = IsRed(image, x, 136) ? run + 1 : 0;
+      most = std::max(most, run);
+    }
+    return most;
+  };
+  for (const std::size_t points : {2u, 401u, 60001u}) {
+    const std::vector<double> samples(points, 50.0);
+    const double step = 30.0 / static_cast<double>(points - 1);
+    const QImage dashed = DrawnWave(samples, step, {kRed, 1, CurveLine::Dashed});
+    const QImage dotted = DrawnWave(samples, step, {kRed, 1, CurveLine::Dotted});
+    EXPECT_NEAR(InkInRow(dashed, 136), 400.0, 30.0) << points;
+    EXPECT_LE(longest(dotted), 3) << points;
+    EXPECT_GE(longest(dashed), 6) << points;
+    EXPECT_LE(longest(dashed), 9) << points;
+  }
+}
+
+TEST_F(DrawGraphTest, DotsAreAsLongAtEveryScale) {
+  const std::vector<double> samples(2, 50.0);
+  const QImage twice = DrawnWave(samples, 30.0, {kRed, 1, CurveLine::Dotted}, 2.0);
+  std::set<int> runs;
+  int first = 100;
+  while (IsRed(twice, first, 272)) ++first;
+  for (int x = first, run = 0; x < 1200; ++x) {
+    if (IsRed(twice, x, 272)) {
+      ++run;
+    } else {
+      if (run > 0) runs.insert(run);
+      run = 0;
+    }
+  }
+  EXPECT_THAT(runs, testing::ElementsAre(4));
+}
+
+TEST_F(DrawGraphTest, ADottedSlopeIsHalfGapsToo) {
+  const QImage solid = DrawnWave({-500, 500}, 30.0, {kRed, 2});
+  const QImage dotted = DrawnWave({-500, 500}, 30.0, {kRed, 2, CurveLine::Dotted});
+  const QRect frame = FrameRect(solid, 1.0).adjusted(1, 1, -1, -1);
+  EXPECT_NEAR(CountRed(dotted, frame), 600, 120);
+  EXPECT_GT(CountRed(solid, frame), 0);
 }
 
 TEST_F(DrawGraphTest, ABlankSampleIsDrawnAtZeroAndTakesNoPartInTheRange) {
@@ -413,6 +459,74 @@ TEST_F(DrawGraphTest, OnlyTheSpectraCarryANoteInsideTheFrame) {
   EXPECT_TRUE(Ink(Drawn(time), corner).isEmpty());
   EXPECT_GT(Ink(Drawn(spectrum), corner).width(), 60);
   EXPECT_GT(Ink(Drawn(fourier), corner).width(), 50);
+}
+
+// The legend
+
+constexpr QRect kUpperRight(344, 29, 299, 80);  // a third of the height, half of the width
+
+CDrawFreqAccSpec& WithCurves(CDrawFreqAccSpec& graph, int count, const QString& ending = {}) {
+  for (int i = 1; i <= count; ++i)
+    graph.AddSpectrum({10, 0.02}, {-1.0, -1.0}, {kRed, 3}, QStringLiteral("断層%1").arg(i) + ending);
+  return graph;
+}
+
+QRect LegendBox(const QImage& image, double ratio = 1.0) {
+  QRect box;
+  const QRect frame = FrameRect(image, ratio);
+  for (int y = frame.top() + 2; y < frame.bottom() - 8 * ratio; ++y)
+    for (int x = frame.left() + 2; x < frame.right() - 1; ++x)
+      if (IsRed(image, x, y)) box |= QRect(x, y, 1, 1);
+  return box;
+}
+
+TEST_F(DrawGraphTest, OneCurveHasNoLegend) {
+  CDrawFreqAccSpec graph(FixedBlock());
+  EXPECT_TRUE(LegendBox(Drawn(WithCurves(graph, 1))).isEmpty());
+}
+
+TEST_F(DrawGraphTest, SeveralCurvesAreNamedAtTheTopRight) {
+  for (const double ratio : {1.0, 1.5, 2.0}) {
+    CDrawFreqAccSpec graph(FixedBlock());
+    const QImage image = Drawn(WithCurves(graph, 2), ratio);
+    const QRect samples = LegendBox(image, ratio);
+    const QRect room(QPointF(kUpperRight.topLeft() * ratio).toPoint(), kUpperRight.size() * ratio);
+    EXPECT_TRUE(room.contains(samples)) << ratio;
+    // Behind the samples stand the names.
+    EXPECT_GT(
+        Ink(image, QRect(samples.right() + 2, samples.top() - 2, qRound(40 * ratio), samples.height() + 4))
+            .width(),
+        20 * ratio);
+  }
+}
+
+TEST_F(DrawGraphTest, OfManyCurvesTheLegendStaysInItsThirdOfTheHeight) {
+  for (const QString& ending : {QString(), QString(200, u'長')}) {
+    CDrawFreqAccSpec graph(FixedBlock());
+    const QRect samples = LegendBox(Drawn(WithCurves(graph, 600, ending)));
+    EXPECT_TRUE(kUpperRight.contains(samples));
+    EXPECT_GT(samples.height(), 30);
+  }
+}
+
+TEST_F(DrawGraphTest, TheLegendLeavesTheNoteAndTheLabelsAlone) {
+  CDrawFreqAccSpec one(FixedBlock()), many(FixedBlock());
+  const QImage without = Drawn(WithCurves(one, 1));
+  const QImage with = Drawn(WithCurves(many, 600, QString(200, u'長')));
+  const QRect legend(kUpperRight);
+  for (const QRect& rest : {QRect(0, 0, 344, 300), QRect(0, 0, 660, 29), QRect(644, 0, 16, 300),
+                            QRect(0, legend.bottom() + 1, 660, 299 - legend.bottom())})
+    EXPECT_EQ(with.copy(rest), without.copy(rest));
+}
+
+TEST_F(DrawGraphTest, AGraphTooSmallForNamesHasNoLegend) {
+  CDrawFreqAccSpec graph(FixedBlock());
+  WithCurves(graph, 2);
+  QImage image(160, 100, QImage::Format_RGB32);
+  QPainter painter(&image);
+  graph.Draw(painter, QRectF(0, 0, 160, 100));
+  painter.end();
+  EXPECT_LE(CountRed(image, QRect(45, 29, 98, 30)), 0);
 }
 
 }  // namespace

@@ -1,3 +1,5 @@
+#include "support/OfferedAction.h"
+#include "support/PaletteChange.h"
 #include "window/graphs/ExpButton.h"
 
 #include <QAccessible>
@@ -200,6 +202,51 @@ TEST_F(ExpButtonTest, TheTextKeepsToItsSide) {
   button.SetTextAlign(Qt::AlignRight | Qt::AlignVCenter);
   EXPECT_EQ(darkColumns(4, 30), 0);
   EXPECT_GT(darkColumns(60, 96), 0);
+}
+
+TEST_F(ExpButtonTest, TheActionOfferedToScreenReadersIsAClick) {
+  Show();
+  button.SetToggles(true);
+  const QAccessibleInterface* const heard = QAccessible::queryAccessibleInterface(&button);
+  std::vector<bool> pressedAtClick;
+  QObject::connect(&button, &QPushButton::clicked, [&] { pressedAtClick.push_back(button.IsPressed()); });
+  for (const bool pressed : {true, false, true}) {
+    test::DoOfferedAction(button);
+    EXPECT_EQ(button.IsPressed(), pressed);
+    EXPECT_EQ(heard->state().checked, pressed);
+  }
+  EXPECT_EQ(pressedAtClick, (std::vector<bool>{true, false, true}));
+}
+
+TEST_F(ExpButtonTest, TheActionOfferedOnAButtonWithoutStateIsAClick) {
+  Show();
+  test::DoOfferedAction(button);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return clicks == 1; }));
+  EXPECT_FALSE(button.IsPressed());
+}
+
+TEST_F(ExpButtonTest, SettingTheStateIsNoClick) {
+  button.SetToggles(true);
+  button.SetPressed(true);
+  button.SetPressed(false);
+  button.SetStyle(2);
+  button.SetStyle(0);
+  EXPECT_EQ(clicks, 0);
+}
+
+TEST_F(ExpButtonTest, EveryStyleFollowsThePalette) {
+  Show();
+  button.setText(QStringLiteral("現場設定"));
+  for (int style = 0; style < 7; ++style) {
+    test::PaletteChange palette;
+    button.SetStyle(style);
+    const QImage light = button.grab().toImage();
+    palette.ToDark();
+    const QImage dark = button.grab().toImage();
+    EXPECT_NE(dark, light) << style;
+    palette.Back();
+    EXPECT_EQ(button.grab().toImage(), light) << style;
+  }
 }
 
 TEST_F(ExpButtonTest, ScreenReadersHearTheStateOfAButtonThatToggles) {

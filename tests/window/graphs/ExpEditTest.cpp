@@ -1,3 +1,4 @@
+#include "support/PaletteChange.h"
 #include "window/graphs/ExpEdit.h"
 #include "window/graphs/PendingEntry.h"
 #include "window/graphs/Spread7.h"
@@ -243,6 +244,19 @@ TEST_F(ExpEditTest, ColoursAreThoseSet) {
   EXPECT_EQ(edit.palette().color(QPalette::Base), QColor(Qt::yellow));
   edit.SetColors({}, {});
   EXPECT_EQ(edit.palette().color(QPalette::Text), QApplication::palette().color(QPalette::Text));
+}
+
+TEST_F(ExpEditTest, AReadOnlyFieldFollowsThePalette) {
+  test::PaletteChange palette;
+  edit.setReadOnly(true);
+  palette.ToDark();
+  EXPECT_EQ(edit.palette().color(QPalette::Base), QApplication::palette().color(QPalette::Window));
+  EXPECT_EQ(edit.palette().color(QPalette::Text), QApplication::palette().color(QPalette::WindowText));
+  palette.Back();
+  EXPECT_EQ(edit.palette().color(QPalette::Base), QApplication::palette().color(QPalette::Window));
+  edit.setReadOnly(false);
+  palette.ToDark();
+  EXPECT_EQ(edit.palette().color(QPalette::Base), QApplication::palette().color(QPalette::Base));
 }
 
 // Leaving

@@ -221,13 +221,14 @@ TEST_F(GraphViewTest, TheFocusIsSeen) {
   EXPECT_NE(m_view.grab().toImage(), without);
 }
 
-TEST_F(GraphViewTest, AScreenReaderFindsAChartWithTheLimitsOfItsAxes) {
+TEST_F(GraphViewTest, AScreenReaderFindsAChartWithItsAxesAndCurves) {
   Show();
   QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(&m_view);
   ASSERT_NE(accessible, nullptr);
   EXPECT_EQ(accessible->role(), QAccessible::Chart);
   EXPECT_EQ(accessible->text(QAccessible::Name), "グラフ");
-  EXPECT_EQ(accessible->text(QAccessible::Description), "時間 (sec)：0 ～ 30、加速度 (gal)：-500 ～ 500");
+  EXPECT_EQ(accessible->text(QAccessible::Description),
+            "時間 (sec)：0 ～ 30、加速度 (gal)：-500 ～ 500、曲線：波1");
 }
 
 }  // namespace

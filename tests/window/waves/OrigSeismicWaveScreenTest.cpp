@@ -1,4 +1,6 @@
 #include "core/graphs/CurvePalette.h"
+#include "support/OfferedAction.h"
+#include "support/PaletteChange.h"
 #include "support/ProcedureParts.h"
 #include "support/ScreenDriver.h"
 #include "support/ScriptedFiles.h"
@@ -32,6 +34,8 @@ const QString kDeleteQuestion = QStringLiteral("「A」を削除しますがよ�
 
 class OrigSeismicWaveScreen : public testing::Test {
  protected:
+  static void SetUpTestSuite() { InstallJapaneseFonts(); }
+
   OrigSeismicWaveScreen() {
     Add("A", {1.5, -2.0, 0.5});
     Add("B", {7.0, 8.0});
@@ -106,6 +110,77 @@ TEST_F(OrigSeismicWaveScreen, ASelectionMakesTheWaveCurrent) {
   EXPECT_EQ(driver.Cell("sampleGrid", 2, 2), "8");
   screen.Refresh();
   EXPECT_EQ(Combo().currentText(), "B");
+}
+
+TEST_F(OrigSeismicWaveScreen, ASelectionOfAnotherWaveMarksTheDocument) {
+  Q_EMIT Combo().activated(0);
+  EXPECT_FALSE(doc.IsModified());
+  SelectNext();
+  EXPECT_TRUE(doc.IsModified());
+}
+
+TEST_F(OrigSeismicWaveScreen, ASelectionOfTheWaveOnDisplayWritesWhatTheDocumentLacks) {
+  Wave(0).current = false;
+  screen.Refresh();
+  Q_EMIT Combo().activated(0);
+  EXPECT_TRUE(Wave(0).current);
+  EXPECT_TRUE(doc.IsModified());
+}
+
+TEST_F(OrigSeismicWaveScreen, TheActionOfferedOnAKindButtonSwitchesTheGraph) {
+  const auto caption = [this] { return driver.Find<QLabel>("caption").text().toStdString(); };
+  DoOfferedAction(driver.Find<QAbstractButton>("specButton"));
+  EXPECT_EQ(caption(), "グラフ (周期－加速度応答スペクトル)");
+  DoOfferedAction(driver.Find<QAbstractButton>("specButton"));  // it stays down, as after a click
+  EXPECT_TRUE(driver.Find<QAbstractButton>("specButton").isChecked());
+  EXPECT_EQ(caption(), "グラフ (周期－加速度応答スペクトル)");
+  DoOfferedAction(driver.Find<QAbstractButton>("timeButton"));
+  EXPECT_EQ(caption(), "グラフ (時間－加速度)");
+}
+
+TEST_F(OrigSeismicWaveScreen, WithoutSamplesTheFourierGraphIsNotOffered) {
+  const auto offers = [this](const char* name) { return driver.Find<QAbstractButton>(name).isEnabled(); };
+  driver.Press("fourierButton");
+  Wave(1).acc.clear();
+  EXPECT_TRUE(offers("fourierButton"));
+  SelectNext();
+  EXPECT_FALSE(offers("fourierButton"));
+  EXPECT_TRUE(driver.Find<QAbstractButton>("timeButton").isChecked());
+  EXPECT_EQ(driver.Find<QLabel>("caption").text(), "グラフ (時間－加速度)");
+  EXPECT_TRUE(offers("specButton"));
+  EXPECT_TRUE(offers("settingsButton"));
+  driver.Press("specButton");
+  driver.Picture();
+  EXPECT_THAT(driver.Find<QWidget>("graph").accessibleDescription().toStdString(),
+              testing::HasSubstr("0 ～ 1200"));  // the axes of the point (1000, 1000)
+  Combo().setFocus();
+  driver.Key(Qt::Key_Up);
+  EXPECT_TRUE(offers("fourierButton"));
+  EXPECT_TRUE(driver.Find<QAbstractButton>("specButton").isChecked());
+}
+
+TEST_F(OrigSeismicWaveScreen, WithoutAWaveThereAreNoSettings) {
+  EXPECT_TRUE(driver.Find<QAbstractButton>("settingsButton").isEnabled());
+  doc.seedWaves.Clear();
+  screen.Refresh();
+  EXPECT_FALSE(driver.Find<QAbstractButton>("settingsButton").isEnabled());
+  EXPECT_FALSE(driver.Find<QAbstractButton>("fourierButton").isEnabled());
+}
+
+TEST_F(OrigSeismicWaveScreen, TheScreenFollowsThePalette) {
+  PaletteChange palette;
+  driver.Find<QWidget>("graph").setFocus();
+  const QImage light = driver.Picture();
+  palette.ToDark();
+  const QImage dark = driver.Picture();
+  palette.Back();
+  EXPECT_EQ(driver.Picture(), light);
+  palette.ToDark();
+  CFrmOrigSeismicWave fresh(doc, prompt, files, parts.rules);
+  fresh.Entered();
+  ScreenDriver another(fresh);
+  another.Find<QWidget>("graph").setFocus();
+  EXPECT_EQ(another.Picture(), dark);
 }
 
 TEST_F(OrigSeismicWaveScreen, ARefreshChangesNothingInTheDocument) {
@@ -242,10 +317,8 @@ TEST_F(OrigSeismicWaveScreen, AFileWithoutDataLinesGivesAnEmptyWave) {
   EXPECT_EQ(Wave(2).timeStep, 0.0);
   EXPECT_EQ(driver.Text("countEdit"), "0");
   EXPECT_EQ(driver.Cell("extremeGrid", 1, 2), "");
-  for (const char* button : {"specButton", "fourierButton"}) {
-    driver.Press(button);
-    EXPECT_FALSE(driver.Picture().isNull());
-  }
+  driver.Press("specButton");
+  EXPECT_FALSE(driver.Picture().isNull());
   EXPECT_TRUE(Wave(2).spectrumValid);
   EXPECT_THAT(Wave(2).accSpec, IsEmpty());
 }

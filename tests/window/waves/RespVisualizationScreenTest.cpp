@@ -1,6 +1,8 @@
 #include "core/project/ResponseRoute.h"
 #include "numeric/waves/FourierSpectrum.h"
 #include "numeric/waves/ResponseSpectrum.h"
+#include "support/OfferedAction.h"
+#include "support/PaletteChange.h"
 #include "support/ProcedureParts.h"
 #include "support/ScreenDriver.h"
 #include "support/ScriptedFiles.h"
@@ -41,6 +43,8 @@ class CurrentFolder {
 
 class RespVisualizationScreen : public testing::Test {
  protected:
+  static void SetUpTestSuite() { InstallJapaneseFonts(); }
+
   RespVisualizationScreen() {
     EnsureRespWave(doc);
     Wave().name = "W";
@@ -275,6 +279,62 @@ TEST_F(RespVisualizationScreen, AnExportThatFailsSaysNothing) {
   files.Choose(folder.Path("file") + "/out.csv");
   driver.Press("exportSeedButton");
   EXPECT_THAT(folder.Names(), ElementsAre("file"));
+}
+
+TEST_F(RespVisualizationScreen, TheActionOfferedOnASwitchIsAClick) {
+  DoOfferedAction(driver.Find<QCheckBox>("seedCheck"));
+  EXPECT_EQ(doc.visualShowOrig, 0);
+  EXPECT_EQ(doc.visualShowAdjusted, 1);
+  EXPECT_TRUE(doc.IsModified());
+  EXPECT_FALSE(Draws(kSeedRgb));
+  DoOfferedAction(driver.Find<QCheckBox>("adjustedCheck"));
+  EXPECT_EQ(doc.visualShowAdjusted, 0);
+  DoOfferedAction(driver.Find<QCheckBox>("seedCheck"));
+  EXPECT_EQ(doc.visualShowOrig, 1);
+  EXPECT_TRUE(Draws(kSeedRgb));
+}
+
+TEST_F(RespVisualizationScreen, ARefreshOfTheSwitchesIsNoChange) {
+  doc.visualShowOrig = 2;  // of a file: only 1 is on
+  screen.Refresh();
+  EXPECT_FALSE(driver.Find<QCheckBox>("seedCheck").isChecked());
+  EXPECT_EQ(doc.visualShowOrig, 2);
+  EXPECT_FALSE(doc.IsModified());
+}
+
+TEST_F(RespVisualizationScreen, WhatIsOfferedDependsOnTheWave) {
+  const auto offers = [this](const char* name) { return driver.Find<QAbstractButton>(name).isEnabled(); };
+  driver.Press("fourierButton");
+  Wave().acc.clear();
+  screen.Refresh();
+  EXPECT_TRUE(offers("fourierButton"));  // the adjusted wave has one
+  Wave().adjustedAcc.clear();
+  Wave().adjusted = false;
+  screen.Refresh();
+  EXPECT_FALSE(offers("fourierButton"));
+  EXPECT_EQ(Caption(), "グラフ (時間－加速度)");
+  EXPECT_TRUE(offers("settingsButton"));
+  EXPECT_TRUE(offers("specButton"));
+  doc.seedWaves.Clear();
+  screen.Refresh();
+  EXPECT_FALSE(offers("settingsButton"));
+}
+
+TEST_F(RespVisualizationScreen, TheScreenFollowsThePalette) {
+  PaletteChange palette;
+  driver.Find<QWidget>("graph").setFocus();
+  const QImage light = driver.Picture();
+  palette.ToDark();
+  const QImage dark = driver.Picture();
+  palette.Back();
+  EXPECT_EQ(driver.Picture(), light);
+  palette.ToDark();
+  CFrmRespVisualization fresh(doc, files);
+  fresh.Prepare();
+  fresh.Entered();
+  ScreenDriver another(fresh);
+  another.Find<QWidget>("graph").setFocus();
+  EXPECT_EQ(another.Picture(), dark);
 }
 
 TEST_F(RespVisualizationScreen, TheSettingsDialogWorksOnTheBlockAndTheTwoColours) {
