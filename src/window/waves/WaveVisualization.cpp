@@ -72,9 +72,7 @@ void WaveVisualization::MakeSwitches() {
     auto* const check = NamedButton<QCheckBox>(objectName, text, this);
     check->setIconSize({kKeySize, kKeySize});
     connect(check, &QCheckBox::toggled, this, [this, check, field](bool on) {
-      if (m_gate.Run([&] { SetSwitch(field, on); })) return;
-      const QSignalBlocker quiet(check);
-      check->setChecked(!on);
+      if (!m_gate.Run([&] { SetSwitch(field, on); })) ShowChecked(*check, !on);
     });
     return check;
   };
