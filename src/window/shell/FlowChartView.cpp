@@ -13,6 +13,7 @@ constexpr QRgb kPaper = 0xFFFFFFFF;
 constexpr QRgb kArea = 0xFFF4F7FA;
 constexpr QRgb kAreaEdge = 0xFF91A7B4;
 constexpr double kPathWidth = 2.0;
+constexpr double kShaftWidth = 4.0;  ///< of the two arrows; their head has the arrow's width
 constexpr double kHeadLength = 10.0;
 constexpr double kHeadWidth = 8.0;
 
@@ -46,7 +47,7 @@ void PaintArrow(QPainter& painter, const ChartArrow& arrow) {
   painter.setBrush(Qt::black);
   PaintHead(painter, line, kHeadLength, kChartArrowWidth);
   line.setLength(line.length() - kHeadLength);
-  painter.setPen(QPen(Qt::black, kChartArrowWidth / 2.0, Qt::SolidLine, Qt::FlatCap));
+  painter.setPen(QPen(Qt::black, kShaftWidth, Qt::SolidLine, Qt::FlatCap));
   painter.drawLine(line);
 }
 

@@ -87,17 +87,22 @@ void CFrmFlowchart1::AskDueQuestion() {
   m_timer->start();
 }
 
+/// With the window manager's frame, taken to be that of the main window.
+QSize CFrmFlowchart1::DialogSize() const {
+  return CPropertyQa::DialogSize() + (window()->frameSize() - window()->size());
+}
+
 QPoint CFrmFlowchart1::FirstPlace() const {
   const QScreen* const monitor = window()->screen();
   return MovedOnto(monitor->availableGeometry(),
                    monitor->geometry().topLeft() + FirstQuestionPlace(monitor->geometry().size()),
-                   CPropertyQa::DialogSize());
+                   DialogSize());
 }
 
 /// Where the user left the last dialog, be it partly outside; only if its caption could no longer be seen, a
 /// monitor having gone, it is fetched back.
 QPoint CFrmFlowchart1::PlaceOnAMonitor() const {
-  const QSize size = CPropertyQa::DialogSize();
+  const QSize size = DialogSize();
   if (QGuiApplication::screenAt(m_dialogPos + QPoint(size.width() / 2, kCaptionMiddle))) return m_dialogPos;
   return MovedOnto(window()->screen()->availableGeometry(), m_dialogPos, size);
 }

@@ -32,6 +32,7 @@ class CFrmFlowchart1 : public ChartScreen {
  private:
   void OnTimer();
   void AskDueQuestion();
+  QSize DialogSize() const;
   QPoint FirstPlace() const;
   QPoint PlaceOnAMonitor() const;
   void ShowLitBox();
