@@ -119,7 +119,9 @@ CPropertyQa::CPropertyQa(ChartQuestion question, std::function<bool()> mayCancel
   reference->setMinimumHeight(fontMetrics().height());
   column->addWidget(reference);
   column->addLayout(MakeButtons(row));
-  column->setSizeConstraint(QLayout::SetFixedSize);
+  // Not by the layout: it would set the size once more as the dialog appears, and with it a place that counts
+  // without the window manager's frame.
+  setFixedSize(sizeHint());
 }
 
 QWidget* CPropertyQa::MakeBody(const ChartQuestionRow& row) {
