@@ -23,6 +23,8 @@ struct ChartAnswers {
   bool collect = false;        ///< material is to be collected
   bool faultSource = false;    ///< fault data is to be used
   bool neighbourWave = false;  ///< usable waves near the dam exist
+
+  bool operator==(const ChartAnswers& other) const = default;
 };
 
 /// The procedure that leads the engineer from screen to screen: which step is enabled, which screen opens,

@@ -3,6 +3,10 @@
 #include "core/sources/DamSpectra.h"
 #include "core/waves/FitText.h"
 #include "window/graphs/FrontWindow.h"
+#include "window/shell/FrmFlowCheck.h"
+#include "window/shell/FrmFlowchart1.h"
+#include "window/shell/FrmFlowchart2.h"
+#include "window/shell/FrmFlowchart3.h"
 #include "window/waves/DlgAdjustSetting.h"
 #include "window/waves/FrmRespAdjustSpectrum.h"
 #include "window/waves/FrmRespOrigSeismicWave.h"
@@ -34,6 +38,22 @@ bool ComputeSpectra(const ScreenParts& parts) {
 
 void EditAdjustSettings(const ScreenParts& parts) {
   CDlgAdjustSetting(parts.doc, FrontWindow()).exec();
+}
+
+/// The choice of how the procedure is fixed, the two charts that fix it, and the one that shows it.
+void AddCharts(ScreenTable& table) {
+  table.screens[ScreenId::FlowCheck] = [](const ScreenParts& parts) {
+    return new CFrmFlowCheck(parts.procedure, parts.gate, parts.follow);
+  };
+  table.screens[ScreenId::Flowchart1] = [](const ScreenParts& parts) {
+    return new CFrmFlowchart1(parts.doc, parts.prompt, parts.procedure, parts.follow);
+  };
+  table.screens[ScreenId::Flowchart2] = [](const ScreenParts& parts) {
+    return new CFrmFlowchart2(parts.prompt, parts.procedure, parts.gate, parts.follow);
+  };
+  table.screens[ScreenId::Flowchart3] = [](const ScreenParts& parts) {
+    return new CFrmFlowchart3(parts.doc, parts.procedure, parts.gate, parts.follow);
+  };
 }
 
 /// The response route: its three screens and the run that its last step makes, whose fit that screen tells.
@@ -71,6 +91,7 @@ ScreenTable ProgramScreens() {
   table.runs.computeMissingSpectra = ComputeSpectra;
   table.runs.calculateFaultSpectra = CalculateFaultSpectra;
   table.editAdjustSettings = EditAdjustSettings;
+  AddCharts(table);
   AddResponseRoute(table);
   return table;
 }

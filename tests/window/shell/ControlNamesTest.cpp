@@ -1,5 +1,6 @@
 #include "window/shell/AboutDlg.h"
 #include "window/shell/DlgTop.h"
+#include "window/shell/PropertyQa.h"
 #include "window/shell/ShellParts.h"
 
 #include <QAbstractButton>
@@ -71,13 +72,15 @@ class ControlNamesTest : public test::ShellTest {
 TEST_F(ControlNamesTest, PaneAndScreensHaveNamesForPrograms) {
   EXPECT_THAT(Unnamed(*app->Frame()->Pane()), IsEmpty());
   for (const ScreenId id :
-       {ScreenId::RespOrigSeismicWave, ScreenId::RespAdjustSpectrum, ScreenId::RespVisualization})
+       {ScreenId::FlowCheck, ScreenId::Flowchart1, ScreenId::Flowchart2, ScreenId::Flowchart3,
+        ScreenId::RespOrigSeismicWave, ScreenId::RespAdjustSpectrum, ScreenId::RespVisualization})
     EXPECT_THAT(Unnamed(*app->Frame()->ScreenOf(id)), IsEmpty());
 }
 
 TEST_F(ControlNamesTest, TabLeadsToEveryControl) {
   ASSERT_TRUE(QTest::qWaitForWindowActive(app->Frame()));
-  for (const ScreenId id : {ScreenId::RespOrigSeismicWave, ScreenId::RespAdjustSpectrum}) {
+  for (const ScreenId id : {ScreenId::RespOrigSeismicWave, ScreenId::RespAdjustSpectrum, ScreenId::FlowCheck,
+                            ScreenId::Flowchart2}) {
     ASSERT_EQ(app->Procedure().SwitchScreen(id), SwitchOutcome::Open);
     QSet<QWidget*> left = TabStops(*app->Frame());
     EXPECT_GT(left.size(), 5);
@@ -95,6 +98,8 @@ TEST_F(ControlNamesTest, DialogsOfTheShellHaveThemToo) {
   EXPECT_THAT(Unnamed(CDlgTop(true)), IsEmpty());
   EXPECT_THAT(Unnamed(CDlgTop(false)), IsEmpty());
   EXPECT_THAT(Unnamed(CAboutDlg({QStringLiteral("LowSpec")}, nullptr)), IsEmpty());
+  for (const ChartQuestion question : kChartQuestions)
+    EXPECT_THAT(Unnamed(CPropertyQa(question, {})), IsEmpty());
 }
 
 TEST_F(ControlNamesTest, DialogOfTheMenuBelongsToTheWindowWhileAnotherProgramIsInFront) {
