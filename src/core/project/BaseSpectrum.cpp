@@ -100,10 +100,8 @@ bool AnyPlaneIsBase(const CMorvaneDoc& doc) {
 
 bool IsBaseWave(const CMorvaneDoc& doc, const QString& name) {
   const std::vector<CSeismicWave>& waves = doc.seedWaves.Records();
-  return std::any_of(waves.begin(), waves.end(), [&](const CSeismicWave& wave) {
-    return wave.name == name &&
-           (wave.baseSelected || (!doc.baseSpectrumName.isEmpty() && name == doc.baseSpectrumName));
-  });
+  return std::any_of(waves.begin(), waves.end(),
+                     [&](const CSeismicWave& wave) { return wave.baseSelected && wave.name == name; });
 }
 
 void SetBase(CMorvaneDoc& doc, const QString& label) {

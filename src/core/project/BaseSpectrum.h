@@ -36,7 +36,7 @@ std::optional<BaseItem> MarkedBase(const CMorvaneDoc& doc);
 bool IsBasePlane(const FaultInfo& fault, std::size_t plane);
 bool AnyPlaneIsBase(const CMorvaneDoc& doc);
 
-/// Whether a wave of this name carries the mark or its name is that of the base spectrum.
+/// Whether a wave of this name carries the mark. The name alone says nothing: a lower limit may bear it too.
 bool IsBaseWave(const CMorvaneDoc& doc, const QString& name);
 
 /// Takes every mark away, marks the candidate that `label` names, remembers the label and marks the document

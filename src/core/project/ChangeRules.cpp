@@ -26,9 +26,9 @@ std::optional<std::size_t> FirstAdopted(const CSeismicWaveSet& waves) {
   return static_cast<std::size_t>(found - waves.Records().begin());
 }
 
-/// The base counts as a lower limit by its name among the rows, whatever else may bear that name.
-bool LowerLimitIsBase(const CMorvaneDoc& doc) {
-  return !doc.baseSpectrumName.isEmpty() && doc.lowerSpectra.Contains(doc.baseSpectrumName);
+/// In a list that is compared by names the base counts as one of its rows, whatever else may bear that name.
+bool BearsNameOfBase(const CMorvaneDoc& doc, const CSeismicWaveSet& rows) {
+  return !doc.baseSpectrumName.isEmpty() && rows.Contains(doc.baseSpectrumName);
 }
 
 }  // namespace
@@ -146,17 +146,15 @@ bool ChangeRules::SetNeighbourUse(const QString& name, bool use) {
 }
 
 bool ChangeRules::SetAllNeighbourUse(bool use) {
-  const std::vector<QString> names = m_doc.seedWaves.Names();
-  const bool baseAmongThem =
-      std::any_of(names.begin(), names.end(), [&](const QString& name) { return IsBaseWave(m_doc, name); });
-  if (!use && !ClearBaseIf(baseAmongThem)) return false;
-  for (const QString& name : names) m_doc.seedWaves.SetSiteUse(name, use);
+  if (!use && !ClearBaseIf(BearsNameOfBase(m_doc, m_doc.seedWaves))) return false;
+  for (std::size_t i = 0; i < m_doc.seedWaves.Count(); ++i) m_doc.seedWaves.At(i).siteUse = use;
   m_doc.SetModified(true);
   return true;
 }
 
 ChoiceOutcome ChangeRules::SelectLowerSpectrum(std::size_t row) {
-  if (LowerLimitIsBase(m_doc)) {
+  if (row >= m_doc.lowerSpectra.Count()) return ChoiceOutcome::Declined;
+  if (BearsNameOfBase(m_doc, m_doc.lowerSpectra)) {
     if (m_doc.lowerSpectra.At(row).name == m_doc.baseSpectrumName) return ChoiceOutcome::Kept;
     if (!AskBaseChange()) return ChoiceOutcome::Declined;
     m_doc.ClearBaseSpectrumAndAdjustment();

@@ -151,22 +151,16 @@ TEST(BaseSpectrum, APlaneIsTheBaseByEitherOfItsMarks) {
   EXPECT_FALSE(IsBasePlane(doc.faults[1], 9));
 }
 
-TEST(BaseSpectrum, AWaveIsTheBaseByItsMarkOrItsName) {
+TEST(BaseSpectrum, AWaveIsTheBaseByItsMarkAlone) {
   CMorvaneDoc doc = Project();
   EXPECT_FALSE(IsBaseWave(doc, "A"));
+  doc.lowerSpectra.At(0).name = "A";
+  doc.lowerSpectra.At(0).baseSelected = true;
   doc.baseSpectrumName = "A";
-  EXPECT_TRUE(IsBaseWave(doc, "A"));
-  EXPECT_FALSE(IsBaseWave(doc, "B"));
-  doc.baseSpectrumName = "X";
-  EXPECT_FALSE(IsBaseWave(doc, "X"));  // no wave of that name
+  EXPECT_FALSE(IsBaseWave(doc, "A"));  // the lower limit of that name is
   doc.seedWaves.At(1).baseSelected = true;
   EXPECT_TRUE(IsBaseWave(doc, "B"));
-}
-
-TEST(BaseSpectrum, AnUnnamedWaveIsNotTheBaseWhenNoneIsChosen) {
-  CMorvaneDoc doc = Project();
-  doc.seedWaves.At(2).name.clear();
-  EXPECT_FALSE(IsBaseWave(doc, ""));
+  EXPECT_FALSE(IsBaseWave(doc, "X"));
 }
 
 }  // namespace

@@ -623,6 +623,51 @@ TEST(ChangeRules, AllWavesAskNothingWithAnotherBaseOrIntoUse) {
       [](CMorvaneDoc& doc) { SetNeighbours(doc, true); });
 }
 
+/// A lower limit and the wave "A" bear one name, and the lower limit is the base spectrum.
+struct OneName : Project {
+  OneName() {
+    doc.lowerSpectra.At(0).name = QStringLiteral("A");
+    doc.flowNeighbourWave = false;
+    test::ChooseBase(doc, test::kWaveLabel);
+    doc.flowNeighbourWave = true;
+  }
+};
+
+TEST(ChangeRules, AWaveThatSharesTheNameOfTheBaseIsNotTheBase) {
+  OneName project;
+  ASSERT_EQ(MarkedBase(project.doc), BaseItem{});
+  ExpectDone(
+      project, [&] { return project.rules.SetNeighbourUse("A", false); },
+      [](CMorvaneDoc& doc) {
+        doc.seedWaves.At(0).siteUse = false;
+        Modified(doc);
+      });
+  project.doc.ClearResults();
+  project.doc.SetModified(false);
+  ExpectDone(project, ChangeStep(project, "A"), StepChanged("A"));
+  EXPECT_EQ(project.doc.baseSpectrumName, QString("A"));
+}
+
+TEST(ChangeRules, AllWavesOutOfUseComparesNamesWithTheBase) {
+  OneName project;
+  const auto change = [&] { return project.rules.SetAllNeighbourUse(false); };
+  project.ExpectBaseQuestion(kNo);
+  ExpectDeclined(project, change);
+  project.ExpectBaseQuestion(kYes);
+  ExpectDone(project, change, [](CMorvaneDoc& doc) {
+    doc.ClearBaseSpectrumAndAdjustment();
+    SetNeighbours(doc, false);
+  });
+}
+
+TEST(ChangeRules, AllWavesOutOfUseAsksNothingForAnUnnamedWaveWithoutABase) {
+  Project project;
+  project.doc.seedWaves.At(2).name.clear();
+  ExpectDone(
+      project, [&] { return project.rules.SetAllNeighbourUse(false); },
+      [](CMorvaneDoc& doc) { SetNeighbours(doc, false); });
+}
+
 // --- The lower limit ---
 
 /// The choice ends as told and does to the document what `effect` does to a copy of it.
