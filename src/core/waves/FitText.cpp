@@ -25,7 +25,7 @@ QString FitText(const FitFigures& fit) {
          ExtremeText(QStringLiteral("目標を下回る最大"), fit.undershoot, fit.undershootPeriod);
 }
 
-QString FitText(const AdjustResult& run) {
+QString RunFitText(const AdjustResult& run) {
   const QString line = FitText(run.fit);
   return run.converged ? line : QStringLiteral("収束しなかった計算：") + line;
 }

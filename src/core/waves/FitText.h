@@ -13,8 +13,8 @@ QString PercentText(double fraction);
 /// shortfall below the target with their periods, each if there is one.
 QString FitText(const FitFigures& fit);
 
-/// The same line of a run; that of one that failed says so.
-QString FitText(const AdjustResult& run);
+/// The line of a run; that of one that failed says so.
+QString RunFitText(const AdjustResult& run);
 
 /// What a run that failed came to, and where its settings are.
 QString FailedRunText(const AdjustResult& run);
