@@ -39,6 +39,12 @@ class Bytes {
   void Add(const ApiParameterSet& parameters);
   void Add(const DamCoefSet& set);
   void Add(const MainFaultRow& row);
+  void Add(const AcquisitionReport& report);
+  template <class T>
+  void Add(const std::optional<T>& value) {
+    Add(value.has_value());
+    if (value) Add(*value);
+  }
 
   template <class... Values>
   void AddAll(const Values&... values) {
@@ -116,6 +122,11 @@ void Bytes::Add(const MainFaultRow& row) {
   AddAll(code, name, segment, cornerA, cornerB, cornerC, lon, lat);
 }
 
+void Bytes::Add(const AcquisitionReport& report) {
+  const auto& [searchVersion, activityVersion, unread] = report;
+  AddAll(searchVersion, activityVersion, unread);
+}
+
 }  // namespace
 
 DocumentState::DocumentState(const CMorvaneDoc& doc) {
@@ -159,6 +170,7 @@ DocumentState::DocumentState(const CMorvaneDoc& doc) {
   TREMLO_ADD(visualColorAdjusted);
   TREMLO_ADD(visualColorSpare);
   TREMLO_ADD(respSpectra);
+  TREMLO_ADD(lastAcquisition);
 #undef TREMLO_ADD
   add("modified", doc.IsModified());
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 
 namespace tremlo {
 
@@ -15,6 +16,7 @@ constexpr int kMostDecimals = 100;
 }  // namespace
 
 std::string FixedNumber(double value, int decimals) {
+  if (std::isnan(value)) return "nan";  // a sign would be that of the processor
   const int places = std::clamp(decimals, 0, kMostDecimals);
   std::array<char, kIntegerRoom + kMostDecimals> text;
   const auto [end, error] =

@@ -2,6 +2,7 @@
 
 #include "core/project/BaseSpectrum.h"
 #include "core/project/ChangeQuestions.h"
+#include "core/waves/AdoptedWave.h"
 
 #include <algorithm>
 
@@ -17,13 +18,6 @@ bool AnyAdjusted(const CSeismicWaveSet& waves) {
 bool IsAdjusted(const CSeismicWaveSet& waves, const QString& name) {
   return std::any_of(waves.Records().begin(), waves.Records().end(),
                      [&](const CSeismicWave& wave) { return wave.adjusted && wave.name == name; });
-}
-
-std::optional<std::size_t> FirstAdopted(const CSeismicWaveSet& waves) {
-  const auto found = std::find_if(waves.Records().begin(), waves.Records().end(),
-                                  [](const CSeismicWave& wave) { return wave.adopted; });
-  if (found == waves.Records().end()) return std::nullopt;
-  return static_cast<std::size_t>(found - waves.Records().begin());
 }
 
 /// The base counts as a lower limit by its name among the rows, whatever else may bear that name.
@@ -121,7 +115,7 @@ bool ChangeRules::DeleteWave(const QString& name) {
   if (!ClearBaseIf(IsBaseWave(m_doc, gone))) return false;
   if (!Ask(DeleteWaveQuestion(gone))) return false;
   m_doc.seedWaves.Remove(gone);
-  const bool adoptedGone = m_doc.seedAdoptedName == gone || !FirstAdopted(m_doc.seedWaves);
+  const bool adoptedGone = m_doc.seedAdoptedName == gone || !AdoptedWave(m_doc.seedWaves);
   if (m_doc.seedAdopted && adoptedGone) m_doc.ClearAdjustment();
   if (!m_doc.seedWaves.IsEmpty()) m_doc.seedWaves.SelectCurrent(m_doc.seedWaves.At(0).name);
   m_doc.SetModified(true);
@@ -131,7 +125,7 @@ bool ChangeRules::DeleteWave(const QString& name) {
 void ChangeRules::RenameWave(std::size_t index, const QString& newName) {
   // Of two records that bear a mark the first counts, for the target of a run as for the adopted wave.
   if (MarkedBase(m_doc) == BaseItem{BaseSource::Wave, index, 0}) m_doc.baseSpectrumName = newName;
-  if (m_doc.seedAdopted && FirstAdopted(m_doc.seedWaves) == index) m_doc.seedAdoptedName = newName;
+  if (m_doc.seedAdopted && AdoptedWave(m_doc.seedWaves) == index) m_doc.seedAdoptedName = newName;
   m_doc.seedWaves.At(index).name = newName;
   m_doc.SetModified(true);
 }
@@ -154,6 +148,7 @@ bool ChangeRules::SetAllNeighbourUse(bool use) {
 }
 
 ChoiceOutcome ChangeRules::SelectLowerSpectrum(std::size_t row) {
+  if (row >= m_doc.lowerSpectra.Count()) return ChoiceOutcome::Declined;
   if (LowerLimitIsBase(m_doc)) {
     if (m_doc.lowerSpectra.At(row).name == m_doc.baseSpectrumName) return ChoiceOutcome::Kept;
     if (!AskBaseChange()) return ChoiceOutcome::Declined;

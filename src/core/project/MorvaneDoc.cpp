@@ -46,6 +46,7 @@ std::optional<TableFailure> CMorvaneDoc::ResetDocument() {
   visualColorAdjusted = 0x0000FF;
   visualColorSpare = 0x00FF00;
   respSpectra.Clear();
+  lastAcquisition.reset();
   return failure;
 }
 

@@ -3,6 +3,7 @@
 #include "core/location/ApiParameterSet.h"
 #include "core/location/FaultInfo.h"
 #include "core/location/SiteRecord.h"
+#include "core/sources/AcquisitionReport.h"
 #include "core/sources/SystemTables.h"
 #include "core/waves/SeismicWaveSet.h"
 
@@ -86,6 +87,8 @@ class CMorvaneDoc {
   std::int32_t visualColorAdjusted = 0x0000FF;
   std::int32_t visualColorSpare = 0x00FF00;
   CSeismicWaveSet respSpectra;  ///< target spectra of the response route
+  /// Of the last acquisition since the project was made or opened; not part of the file.
+  std::optional<AcquisitionReport> lastAcquisition;
 
  private:
   std::optional<TableFailure> LoadSystemData();

@@ -25,4 +25,16 @@ QString FitText(const FitFigures& fit) {
          ExtremeText(QStringLiteral("目標を下回る最大"), fit.undershoot, fit.undershootPeriod);
 }
 
+QString RunFitText(const AdjustResult& run) {
+  const QString line = FitText(run.fit);
+  return run.converged ? line : QStringLiteral("収束しなかった計算：") + line;
+}
+
+QString FailedRunText(const AdjustResult& run) {
+  return QStringLiteral(
+             "繰り返し %1 回で収束しませんでした（最後の偏差 %2）。\n"
+             "繰り返し回数と収束判定は「波形調整設定」で設定します。")
+      .arg(QString::number(run.passes), PercentText(run.fit.deviation));
+}
+
 }  // namespace tremlo

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "numeric/waves/AmplitudeAdjust.h"
+#include "core/waves/AdjustRun.h"
 
 #include <QString>
 
@@ -12,5 +12,11 @@ QString PercentText(double fraction);
 /// How an adjusted wave fits its target, in one line: the deviation, and the largest excess over and
 /// shortfall below the target with their periods, each if there is one.
 QString FitText(const FitFigures& fit);
+
+/// The line of a run; that of one that failed says so.
+QString RunFitText(const AdjustResult& run);
+
+/// What a run that failed came to, and where its settings are.
+QString FailedRunText(const AdjustResult& run);
 
 }  // namespace tremlo

@@ -1,6 +1,7 @@
 #include "core/files/FixedNumber.h"
 #include "support/CommaLocale.h"
 
+#include <cmath>
 #include <cstdio>
 #include <gtest/gtest.h>
 #include <limits>
@@ -20,6 +21,13 @@ TEST(FixedNumber, LargeAndOddValuesAreWrittenAsAFormattedPrintDoes) {
       EXPECT_EQ(FixedNumber(value, decimals), expected);
     }
   }
+}
+
+TEST(FixedNumber, WhatIsNoNumberHasNoSign) {
+  // The sign of the outcome of 0 / 0 is a matter of processor and compiler.
+  const double none = std::numeric_limits<double>::quiet_NaN();
+  for (const double value : {std::copysign(none, 1.0), std::copysign(none, -1.0)})
+    EXPECT_EQ(FixedNumber(value, 4), "nan");
 }
 
 TEST(FixedNumber, ThereAreFromNoneToAHundredDecimals) {

@@ -35,5 +35,16 @@ TEST(FitText, WhatThereIsNotIsNotTold) {
   EXPECT_EQ(FitText({.deviation = std::nan("")}), QStringLiteral("偏差（RMS） －"));
 }
 
+TEST(FitText, ARunThatFailedIsMarked) {
+  AdjustResult run;
+  run.fit = {.pass = 4, .deviation = 0.08};
+  run.passes = 5;
+  EXPECT_EQ(RunFitText(run), QStringLiteral("収束しなかった計算：偏差（RMS） 8.00 %"));
+  EXPECT_EQ(FailedRunText(run), QStringLiteral("繰り返し 5 回で収束しませんでした（最後の偏差 8.00 %）。\n"
+                                               "繰り返し回数と収束判定は「波形調整設定」で設定します。"));
+  run.converged = true;
+  EXPECT_EQ(RunFitText(run), QStringLiteral("偏差（RMS） 8.00 %"));
+}
+
 }  // namespace
 }  // namespace tremlo

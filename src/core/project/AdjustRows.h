@@ -1,0 +1,36 @@
+#pragma once
+
+#include "core/graphs/TitledRows.h"
+#include "core/project/AdjustCheck.h"
+#include "core/project/ChangeRules.h"
+
+namespace tremlo {
+
+/// The grid of the seed waves that are held against the base spectrum: area, largest value and colour, drawn
+/// or not, adopted (one at a time), adjusted. The box of the adjustment is locked and grey unless the wave is
+/// the adopted one.
+class AdjustRows : public TitledRows {
+ public:
+  AdjustRows(CMorvaneDoc& doc, ChangeRules& rules, Prompt& prompt, AdjustRunner run);
+
+  int RowCount() const override { return static_cast<int>(m_doc.seedWaves.Count()); }
+  CellFormat Format(int row, int column) const override;
+  /// "全表示" and "全非表示", of the base spectrum too.
+  void ShowAll(bool shown);
+  /// How the last run went; nothing before the first.
+  const std::optional<AdjustResult>& LastRun() const { return m_lastRun; }
+  void ForgetLastRun() { m_lastRun.reset(); }
+
+ protected:
+  QString CellText(int row, int column) const override;
+  void Take(int row, int column, const QString& text) override;
+
+ private:
+  CMorvaneDoc& m_doc;
+  ChangeRules& m_rules;
+  Prompt& m_prompt;
+  AdjustRunner m_run;
+  std::optional<AdjustResult> m_lastRun;
+};
+
+}  // namespace tremlo

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "core/graphs/NumericText.h"
+#include "core/project/BaseItemFields.h"
+
+namespace tremlo {
+
+/// What helps to choose among the candidates of the base spectrum and decides nothing.
+
+/// The field of the dam's period: 0.02 to 5 s, or empty.
+EntryRule DamPeriodRule();
+
+/// The candidate's response at a period in s, with its unit; "-" without a period and outside the candidate's
+/// own.
+QString ResponseAtText(const CMorvaneDoc& doc, const BaseItem& item, std::optional<double> period);
+
+/// The periods at which the candidate lies below the selected lower limit: at most three stretches and the
+/// number of the others; "なし" for none, "-" when the two have no period to compare.
+QString BelowLimitText(const CMorvaneDoc& doc, const BaseItem& item);
+
+/// Both in one line, for the candidate that is active in the list.
+QString CandidateLine(const CMorvaneDoc& doc, const BaseItem& item, std::optional<double> damPeriod);
+
+}  // namespace tremlo

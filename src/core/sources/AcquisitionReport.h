@@ -1,0 +1,25 @@
+#pragma once
+
+#include "core/sources/FaultAcquisition.h"
+
+#include <optional>
+
+namespace tremlo {
+
+/// What an acquisition really asked and could not get.
+struct AcquisitionReport {
+  std::optional<std::int32_t> searchVersion;    ///< map version, if the mesh search was asked
+  std::optional<std::int32_t> activityVersion;  ///< map version, if the activity model was asked
+  std::vector<QString> unread;                  ///< names of the sources whose planes could not be read
+
+  bool operator==(const AcquisitionReport&) const = default;
+};
+
+AcquisitionReport ReportOf(const FaultAcquisitionInput& input, const FaultAcquisitionResult& result,
+                           const std::vector<FaultInfo>& faults);
+
+/// The report as one line: the service, the versions, and of the sources that could not be read the first
+/// `mostNames`. Empty when nothing was asked.
+QString AcquisitionLine(const AcquisitionReport& report, std::size_t mostNames);
+
+}  // namespace tremlo
