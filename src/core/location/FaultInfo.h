@@ -66,4 +66,9 @@ std::size_t PlaneCount(const FaultInfo& fault, const Vector& perPlane, const Vec
   return std::min({static_cast<std::size_t>(std::max(fault.geomNum, 0)), perPlane.size(), more.size()...});
 }
 
+/// The planes of the fault in lists and labels: those that have a mark of their use.
+inline std::size_t PlaneCount(const FaultInfo& fault) {
+  return PlaneCount(fault, fault.attenUse);
+}
+
 }  // namespace tremlo

@@ -27,14 +27,14 @@ std::vector<GraphSeries> AttenuationCurves(const CMorvaneDoc& doc) {
   std::vector<GraphSeries> curves;
   for (std::size_t i = 0; i < doc.faults.size(); ++i) {
     const FaultInfo& fault = doc.faults[i];
-    const std::size_t planes = std::min(PlaneCount(fault), fault.attenShow.size());
+    const std::size_t planes = PlaneCount(fault, fault.attenUse, fault.attenShow);
     for (std::size_t plane = 0; plane < planes; ++plane) {
       if (!fault.attenShow[plane]) continue;
       const std::int32_t color = plane < fault.attenColor.size() ? fault.attenColor[plane] : 0;
       for (const BaseSource source : {BaseSource::ShortestPlane, BaseSource::EquivalentPlane}) {
         const BaseItem item{source, i, plane};
-        const bool dotted = source == BaseSource::EquivalentPlane;
-        AddCurve(curves, LegendOf(doc, item), SpectrumOf(doc, item), {.color = color, .dotted = dotted});
+        const CurveLine line = source == BaseSource::EquivalentPlane ? CurveLine::Dotted : CurveLine::Solid;
+        AddCurve(curves, LegendOf(doc, item), SpectrumOf(doc, item), {.color = color, .line = line});
       }
     }
   }
@@ -85,7 +85,7 @@ std::optional<GraphSeries> TargetCurve(const CMorvaneDoc& doc) {
     target = {doc.respSpectra.At(0).periods, doc.respSpectra.At(0).accSpec};
   }
   std::vector<GraphSeries> curves;
-  AddCurve(curves, QStringLiteral("目標スペクトル"), target, {.color = kTargetColor, .dotted = true});
+  AddCurve(curves, QStringLiteral("目標スペクトル"), target, {.color = kTargetColor, .line = CurveLine::Dashed});
   if (curves.empty()) return std::nullopt;
   return std::move(curves.front());
 }

@@ -31,8 +31,8 @@ TEST(SpectrumCurves, APlaneHasASolidAndADottedCurveInItsColour) {
   const std::vector<GraphSeries> curves = AttenuationCurves(doc);
   EXPECT_THAT(Names(curves),
               ElementsAre("(最短距離)南", "(等価震源距離)南", "(2)(最短距離)北", "(2)(等価震源距離)北"));
-  EXPECT_FALSE(curves[2].pen.dotted);
-  EXPECT_TRUE(curves[3].pen.dotted);
+  EXPECT_EQ(curves[2].pen.line, CurveLine::Solid);
+  EXPECT_EQ(curves[3].pen.line, CurveLine::Dotted);
   EXPECT_EQ(curves[2].pen.color, 0xABCDEF);
   EXPECT_EQ(curves[3].pen.color, 0xABCDEF);
   EXPECT_THAT(curves[2].x, ElementsAre(1.0, 0.5));
@@ -67,7 +67,7 @@ TEST(SpectrumCurves, CandidatesBearTheNamesOfTheLegend) {
   EXPECT_EQ(curves[1].pen.color, 0x102030);
   EXPECT_EQ(curves[2].pen.color, 0x405060);
   EXPECT_EQ(curves[6].pen.color, 0x00FF00);
-  EXPECT_FALSE(curves[2].pen.dotted);
+  EXPECT_EQ(curves[2].pen.line, CurveLine::Solid);
 }
 
 TEST(SpectrumCurves, NeighboursAreTheWavesThatAreShownInUseOrNot) {
@@ -118,7 +118,7 @@ TEST(SpectrumCurves, TheTargetIsTheMarkedBaseOrTheFirstOfTheResponseRoute) {
   ASSERT_TRUE(target);
   EXPECT_EQ(target->name, QString("目標スペクトル"));
   EXPECT_EQ(target->pen.color, 0x008000);
-  EXPECT_TRUE(target->pen.dotted);
+  EXPECT_EQ(target->pen.line, CurveLine::Dashed);
   EXPECT_THAT(target->y, ElementsAre(30.0, 40.0));
   doc.guidelineRoute = false;
   EXPECT_EQ(TargetCurve(doc), std::nullopt);
