@@ -56,6 +56,8 @@ std::optional<AdjustResult> CheckAdjustment(CMorvaneDoc& doc, Prompt& prompt, st
     prompt.Tell(QStringLiteral("地震波形調整の計算に失敗しました。"));
     return result;
   }
+  // A result goes to the record that it was made of, or nowhere.
+  if (wave >= doc.seedWaves.Count() || doc.seedWaves.At(wave).name != name) return result;
   StoreAdjustment(doc.seedWaves.At(wave), result);
   SetChecked(doc, wave, true);
   return result;

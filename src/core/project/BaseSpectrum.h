@@ -36,7 +36,8 @@ std::optional<BaseItem> MarkedBase(const CMorvaneDoc& doc);
 bool IsBasePlane(const FaultInfo& fault, std::size_t plane);
 bool AnyPlaneIsBase(const CMorvaneDoc& doc);
 
-/// Whether a wave of this name carries the mark. The name alone says nothing: a lower limit may bear it too.
+/// Whether a wave of this name carries the mark. That the base spectrum bears the name is not enough: a lower
+/// limit and a wave may be called the same.
 bool IsBaseWave(const CMorvaneDoc& doc, const QString& name);
 
 /// Takes every mark away, marks the candidate that `label` names, remembers the label and marks the document

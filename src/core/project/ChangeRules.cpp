@@ -20,9 +20,9 @@ bool IsAdjusted(const CSeismicWaveSet& waves, const QString& name) {
                      [&](const CSeismicWave& wave) { return wave.adjusted && wave.name == name; });
 }
 
-/// In a list that is compared by names the base counts as one of its rows, whatever else may bear that name.
-bool BearsNameOfBase(const CMorvaneDoc& doc, const CSeismicWaveSet& rows) {
-  return !doc.baseSpectrumName.isEmpty() && rows.Contains(doc.baseSpectrumName);
+/// The base counts as a lower limit by its name among the rows, whatever else may bear that name.
+bool LowerLimitIsBase(const CMorvaneDoc& doc) {
+  return !doc.baseSpectrumName.isEmpty() && doc.lowerSpectra.Contains(doc.baseSpectrumName);
 }
 
 }  // namespace
@@ -140,15 +140,18 @@ bool ChangeRules::SetNeighbourUse(const QString& name, bool use) {
 }
 
 bool ChangeRules::SetAllNeighbourUse(bool use) {
-  if (!use && !ClearBaseIf(BearsNameOfBase(m_doc, m_doc.seedWaves))) return false;
-  for (std::size_t i = 0; i < m_doc.seedWaves.Count(); ++i) m_doc.seedWaves.At(i).siteUse = use;
+  // Here the base counts as one of the waves by its name among the rows, whatever else may bear that name.
+  const bool baseAmongThem =
+      !m_doc.baseSpectrumName.isEmpty() && m_doc.seedWaves.Contains(m_doc.baseSpectrumName);
+  if (!use && !ClearBaseIf(baseAmongThem)) return false;
+  for (const QString& name : m_doc.seedWaves.Names()) m_doc.seedWaves.SetSiteUse(name, use);
   m_doc.SetModified(true);
   return true;
 }
 
 ChoiceOutcome ChangeRules::SelectLowerSpectrum(std::size_t row) {
   if (row >= m_doc.lowerSpectra.Count()) return ChoiceOutcome::Declined;
-  if (BearsNameOfBase(m_doc, m_doc.lowerSpectra)) {
+  if (LowerLimitIsBase(m_doc)) {
     if (m_doc.lowerSpectra.At(row).name == m_doc.baseSpectrumName) return ChoiceOutcome::Kept;
     if (!AskBaseChange()) return ChoiceOutcome::Declined;
     m_doc.ClearBaseSpectrumAndAdjustment();

@@ -187,6 +187,18 @@ TEST(AdjustRows, ARunThatFailsIsToldAndChangesNothing) {
   EXPECT_EQ(grids.rows.LastRun()->passes, 7);
 }
 
+TEST(AdjustRows, AResultWhoseWaveIsGoneIsDropped) {
+  Grids grids;
+  grids.AdoptThird();
+  AdjustRows rows(grids.doc, grids.rules, grids.prompt, [&](const AdjustInput&) {
+    grids.doc.seedWaves.Remove(QStringLiteral("C"));
+    return Converged();
+  });
+  PressCheck(rows, 3, kAdjusted);
+  EXPECT_EQ(grids.doc.seedWaves.Count(), 2U);
+  EXPECT_FALSE(grids.doc.IsModified());
+}
+
 TEST(AdjustRows, ABaseWithoutASpectrumIsToldByItsLabel) {
   Grids grids;
   grids.AdoptThird();

@@ -593,6 +593,45 @@ TEST(ChangeRules, OtherWavesGoInAndOutOfUseFreely) {
       project, [&] { return project.rules.SetNeighbourUse("A", true); }, Modified);
 }
 
+/// The base is a lower limit that bears the name of the wave "A".
+void MakeANamesakeTheBase(Project& project) {
+  project.doc.seedWaves.At(0).baseSelected = false;
+  project.doc.baseSpectrumName = "A";
+}
+
+TEST(ChangeRules, AWaveWithTheNameOfTheBaseIsNotTheBase) {
+  Project project(test::kLowerLabel);
+  MakeANamesakeTheBase(project);
+  ExpectDone(
+      project, [&] { return project.rules.SetNeighbourUse("A", false); },
+      [](CMorvaneDoc& doc) {
+        doc.seedWaves.At(0).siteUse = false;
+        Modified(doc);
+      });
+  project.doc.ClearResults();
+  ExpectDone(project, ChangeStep(project, "A"), StepChanged("A"));
+  project.prompt.ExpectQuestion(kDeleteA, kNo);
+  ExpectDeclined(project, [&] { return project.rules.DeleteWave("A"); });
+}
+
+TEST(ChangeRules, AllWavesOutOfUseGoesByTheName) {
+  Project namesake(test::kLowerLabel);
+  MakeANamesakeTheBase(namesake);
+  namesake.ExpectBaseQuestion(kNo);
+  ExpectDeclined(namesake, [&] { return namesake.rules.SetAllNeighbourUse(false); });
+  Project renamed(test::kWaveLabel);
+  renamed.doc.baseSpectrumName = "X";
+  ExpectDone(
+      renamed, [&] { return renamed.rules.SetAllNeighbourUse(false); },
+      [](CMorvaneDoc& doc) {
+        for (std::size_t i = 0; i < doc.seedWaves.Count(); ++i) doc.seedWaves.At(i).siteUse = false;
+        Modified(doc);
+      });
+  Project unnamed;
+  unnamed.doc.seedWaves.At(2).name.clear();
+  EXPECT_TRUE(unnamed.rules.SetAllNeighbourUse(false));
+}
+
 void SetNeighbours(CMorvaneDoc& doc, bool use) {
   for (std::size_t i = 0; i < doc.seedWaves.Count(); ++i) doc.seedWaves.At(i).siteUse = use;
   Modified(doc);
@@ -621,51 +660,6 @@ TEST(ChangeRules, AllWavesAskNothingWithAnotherBaseOrIntoUse) {
   ExpectDone(
       wave, [&] { return wave.rules.SetAllNeighbourUse(true); },
       [](CMorvaneDoc& doc) { SetNeighbours(doc, true); });
-}
-
-/// A lower limit and the wave "A" bear one name, and the lower limit is the base spectrum.
-struct OneName : Project {
-  OneName() {
-    doc.lowerSpectra.At(0).name = QStringLiteral("A");
-    doc.flowNeighbourWave = false;
-    test::ChooseBase(doc, test::kWaveLabel);
-    doc.flowNeighbourWave = true;
-  }
-};
-
-TEST(ChangeRules, AWaveThatSharesTheNameOfTheBaseIsNotTheBase) {
-  OneName project;
-  ASSERT_EQ(MarkedBase(project.doc), BaseItem{});
-  ExpectDone(
-      project, [&] { return project.rules.SetNeighbourUse("A", false); },
-      [](CMorvaneDoc& doc) {
-        doc.seedWaves.At(0).siteUse = false;
-        Modified(doc);
-      });
-  project.doc.ClearResults();
-  project.doc.SetModified(false);
-  ExpectDone(project, ChangeStep(project, "A"), StepChanged("A"));
-  EXPECT_EQ(project.doc.baseSpectrumName, QString("A"));
-}
-
-TEST(ChangeRules, AllWavesOutOfUseComparesNamesWithTheBase) {
-  OneName project;
-  const auto change = [&] { return project.rules.SetAllNeighbourUse(false); };
-  project.ExpectBaseQuestion(kNo);
-  ExpectDeclined(project, change);
-  project.ExpectBaseQuestion(kYes);
-  ExpectDone(project, change, [](CMorvaneDoc& doc) {
-    doc.ClearBaseSpectrumAndAdjustment();
-    SetNeighbours(doc, false);
-  });
-}
-
-TEST(ChangeRules, AllWavesOutOfUseAsksNothingForAnUnnamedWaveWithoutABase) {
-  Project project;
-  project.doc.seedWaves.At(2).name.clear();
-  ExpectDone(
-      project, [&] { return project.rules.SetAllNeighbourUse(false); },
-      [](CMorvaneDoc& doc) { SetNeighbours(doc, false); });
 }
 
 // --- The lower limit ---
