@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -9,7 +11,7 @@ namespace tremlo {
 
 /// One fault with its planes. Values of the hazard service stay text until a computation converts them; a
 /// value that the service leaves out is the text "-". Every per-plane vector has `geomNum` entries in a sound
-/// record, but `geomNum` is kept as the service sent it: loops run to the smaller of it and the vector.
+/// record, but `geomNum` is kept as the service sent it: loops run to PlaneCount.
 struct FaultInfo {
   QString rank;
   QString ltecode;  ///< scenario code, key of the activity-model request
@@ -56,5 +58,12 @@ struct FaultInfo {
 
   bool operator==(const FaultInfo&) const = default;
 };
+
+/// The number of planes that a loop over these per-plane vectors of the fault runs to: `geomNum`, or the
+/// length of the shortest vector where that is less; none for a negative `geomNum`.
+template <class Vector, class... Vectors>
+std::size_t PlaneCount(const FaultInfo& fault, const Vector& perPlane, const Vectors&... more) {
+  return std::min({static_cast<std::size_t>(std::max(fault.geomNum, 0)), perPlane.size(), more.size()...});
+}
 
 }  // namespace tremlo

@@ -15,9 +15,6 @@ struct BaseItem {
   bool operator==(const BaseItem&) const = default;
 };
 
-/// Planes of a fault that are there: the service's count may promise more than its record holds.
-std::size_t PlaneCount(const FaultInfo& fault);
-
 /// Labels of a plane's two candidates, by which the document remembers the chosen one. The plane's number
 /// stands in them only when the fault has several.
 QString ShortestLabel(const FaultInfo& fault, std::size_t plane);

@@ -52,9 +52,8 @@ void ComputeSpectrum(const DamCoefSet& set, Response response, const PlaneInput&
 
 void ComputeFaultSpectra(const DamCoefSet& form0, const DamCoefSet& form1, FaultInfo& fault) {
   const double magnitude = TextToDouble(fault.magnitude);
-  const std::size_t count =
-      std::min({static_cast<std::size_t>(std::max(fault.geomNum, 0)), fault.groundClass.size(),
-                fault.planeDepth.size(), fault.shortestDistance.size(), fault.equivalentDistance.size()});
+  const std::size_t count = PlaneCount(fault, fault.groundClass, fault.planeDepth, fault.shortestDistance,
+                                       fault.equivalentDistance);
   for (auto* slots :
        {&fault.shortestPeriods, &fault.shortestSpectrum, &fault.equivalentPeriods, &fault.equivalentSpectrum})
     slots->resize(count);

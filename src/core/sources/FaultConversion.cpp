@@ -24,8 +24,7 @@ std::vector<double> ToNumbers(const std::vector<QString>& texts, std::size_t cou
 }  // namespace
 
 std::size_t RectangleCount(const FaultInfo& fault) {
-  return std::min({static_cast<std::size_t>(std::max(fault.geomNum, 0)), fault.lon.size(), fault.lat.size(),
-                   fault.dep.size(), fault.len.size(), fault.wid.size(), fault.str.size(), fault.dip.size()});
+  return PlaneCount(fault, fault.lon, fault.lat, fault.dep, fault.len, fault.wid, fault.str, fault.dip);
 }
 
 void ConvertMagnitude(FaultInfo& fault, const QString& text) {

@@ -4,8 +4,7 @@
 
 namespace tremlo {
 
-/// The number of planes that a fault's record really holds: `geomNum`, or fewer when one of the vectors that
-/// give the rectangles is shorter.
+/// The number of planes whose rectangle stands in the fault's record.
 std::size_t RectangleCount(const FaultInfo& fault);
 
 /// Stores the magnitude of a fault from the service's text. A negative number is a moment magnitude Mw with

@@ -40,14 +40,13 @@ TEST(BaseSpectrum, LabelsCarryAPlaneNumberOnlyWhereThereAreSeveral) {
 }
 
 TEST(BaseSpectrum, PlanesAreThoseThatTheRecordReallyHolds) {
-  FaultInfo fault = Project().faults[1];
-  EXPECT_EQ(PlaneCount(fault), 2U);
-  fault.geomNum = 1000;
-  EXPECT_EQ(PlaneCount(fault), 2U);
-  fault.geomNum = 1;
-  EXPECT_EQ(PlaneCount(fault), 1U);
-  fault.geomNum = -5;
-  EXPECT_EQ(PlaneCount(fault), 0U);
+  CMorvaneDoc doc = Project();
+  doc.faults[0].geomNum = 1000;  // the record holds one
+  EXPECT_EQ(ShortestLabel(doc.faults[0], 0), QString("(最短距離)南"));
+  EXPECT_EQ(FindBaseItem(doc, "(最短距離)南"), (BaseItem{BaseSource::ShortestPlane, 0, 0}));
+  doc.faults[1].geomNum = 1;  // the record holds two
+  EXPECT_EQ(ShortestLabel(doc.faults[1], 0), QString("(最短距離)北"));
+  EXPECT_EQ(FindBaseItem(doc, "(最短距離)(2)北"), BaseItem{});
 }
 
 TEST(BaseSpectrum, ALabelFindsItsWaveOrPlane) {
