@@ -15,6 +15,11 @@ inline std::int32_t BgrFromColor(const QColor& color) {
   return color.red() | color.green() << 8 | color.blue() << 16;
 }
 
+/// The colour halfway between two.
+inline QColor Between(const QColor& a, const QColor& b) {
+  return {(a.red() + b.red()) / 2, (a.green() + b.green()) / 2, (a.blue() + b.blue()) / 2};
+}
+
 /// Black or white, whichever is easier to read on the colour.
 inline QColor ReadableOn(const QColor& back) {
   const int luminance = (back.red() * 299 + back.green() * 587 + back.blue() * 114) / 1000;

@@ -1,5 +1,7 @@
 #include "window/graphs/DarkPaletteStyle.h"
 
+#include "window/graphs/BgrColor.h"
+
 #include <QPainter>
 #include <QStyleOption>
 
@@ -9,10 +11,6 @@ namespace {
 
 bool IsDark(const QPalette& palette) {
   return palette.color(QPalette::WindowText).lightness() > palette.color(QPalette::Window).lightness();
-}
-
-QColor Between(const QColor& a, const QColor& b) {
-  return {(a.red() + b.red()) / 2, (a.green() + b.green()) / 2, (a.blue() + b.blue()) / 2};
 }
 
 }  // namespace

@@ -34,10 +34,6 @@ double CornerRadius(int style, const QRect& box) {
   }
 }
 
-QColor Between(const QColor& a, const QColor& b) {
-  return {(a.red() + b.red()) / 2, (a.green() + b.green()) / 2, (a.blue() + b.blue()) / 2};
-}
-
 }  // namespace
 
 CExpButton::CExpButton(QWidget* parent) : QPushButton(parent) {

@@ -1,5 +1,6 @@
 #include "window/waves/DlgAdjustSetting.h"
 
+#include "window/graphs/NamedControl.h"
 #include "window/graphs/PendingEntry.h"
 
 #include <QDialogButtonBox>
@@ -16,15 +17,12 @@ namespace {
 CExpEdit* AddEdit(QGridLayout& layout, const QString& name, const QString& label, const QString& unit) {
   auto* edit = new CExpEdit;
   edit->setObjectName(name);
-  edit->setAccessibleName(label);
   edit->setAccessibleDescription(unit);
   edit->setAlignment(Qt::AlignRight);
   edit->SetOwnerCheck(
       [](const QString& text) { return text.isEmpty() ? QStringLiteral("入力エラーです。") : QString(); });
-  auto* buddy = new QLabel(label);
-  buddy->setBuddy(edit);
   const int row = layout.rowCount();
-  layout.addWidget(buddy, row, 0);
+  layout.addWidget(LabelFor(edit, label), row, 0);
   layout.addWidget(edit, row, 1);
   layout.addWidget(new QLabel(unit), row, 2);
   return edit;
