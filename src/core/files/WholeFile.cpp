@@ -4,8 +4,10 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include <filesystem>
 #include <memory>
 #include <new>
+#include <system_error>
 
 namespace tremlo {
 
@@ -26,6 +28,57 @@ bool Stage(QSaveFile& file, const QString& path, std::string_view content) {
   file.cancelWriting();
   return false;
 }
+
+/// The file that a write to the path replaces: at the end of its symbolic links.
+QString TargetOf(const QString& path) {
+  constexpr int kMostLinks = 40;
+  QFileInfo file(path);
+  for (int i = 0; i < kMostLinks && file.isSymLink(); ++i) file.setFile(file.symLinkTarget());
+  return file.filePath();
+}
+
+/// Puts a file back as it was before it was replaced. What it keeps for that is gone with it.
+class Undo {
+ public:
+  /// Keeps the older file, if there is one, under a second name beside it.
+  explicit Undo(const QString& path) : m_target(QFileInfo(TargetOf(path)).filesystemFilePath()) {
+    std::error_code error;
+    m_existed = std::filesystem::exists(m_target, error) || error;
+    if (!m_existed) return;
+    int number = 0;
+    do {
+      m_kept = m_target;
+      m_kept += ".old" + std::to_string(number);
+    } while (std::filesystem::exists(std::filesystem::symlink_status(m_kept, error)) && ++number < 1000);
+    std::filesystem::create_hard_link(m_target, m_kept, error);
+    if (!error) return;
+    std::filesystem::copy_file(m_target, m_kept, error);
+    if (error == std::errc::file_exists) m_kept.clear();  // just now, and not ours
+    if (error) Forget();
+  }
+  ~Undo() { Forget(); }
+  Undo(const Undo&) = delete;
+  Undo& operator=(const Undo&) = delete;
+
+  void Run() {
+    std::error_code ignored;
+    if (!m_existed) std::filesystem::remove(m_target, ignored);
+    if (m_kept.empty()) return;
+    std::filesystem::rename(m_kept, m_target, ignored);
+    m_kept.clear();  // where that failed, what is kept is all that is left of the older file
+  }
+
+ private:
+  void Forget() {
+    std::error_code ignored;
+    if (!m_kept.empty()) std::filesystem::remove(m_kept, ignored);
+    m_kept.clear();
+  }
+
+  std::filesystem::path m_target;
+  std::filesystem::path m_kept;  ///< empty: nothing is kept
+  bool m_existed = false;
+};
 
 }  // namespace
 
@@ -53,8 +106,16 @@ std::optional<QString> WriteWholeFiles(const std::vector<FileContent>& files) {
     staged.push_back(std::make_unique<QSaveFile>());
     if (!Stage(*staged.back(), file.path, file.content)) return file.path;
   }
-  for (const auto& file : staged)
-    if (!file->commit()) return file->fileName();
+  std::vector<std::unique_ptr<Undo>> undos;  // of the files that have taken their place
+  for (const auto& file : staged) {
+    // Behind the last file nothing can fail.
+    auto undo = file == staged.back() ? nullptr : std::make_unique<Undo>(file->fileName());
+    if (!file->commit()) {
+      for (const auto& done : undos) done->Run();
+      return file->fileName();
+    }
+    undos.push_back(std::move(undo));
+  }
   return std::nullopt;
 }
 

@@ -24,8 +24,9 @@ struct FileContent {
 /// user keeps is written by this function or the next.
 bool WriteWholeFile(const QString& path, std::string_view content);
 
-/// The same for files that belong together: none takes its place before all stand on disk. Returns the path
-/// of the file that could not be written.
+/// The same for files that belong together: none takes its place before all stand on disk, and when one
+/// cannot take it, those before it give theirs back to the older files (unless the file system lets no second
+/// name or copy of these be kept meanwhile). Returns the path of the file that could not be written.
 std::optional<QString> WriteWholeFiles(const std::vector<FileContent>& files);
 
 }  // namespace tremlo

@@ -14,6 +14,33 @@
 #include <unistd.h>
 #endif
 
+#ifdef __GLIBC__
+#include <cerrno>
+#include <dlfcn.h>
+#include <string_view>
+
+namespace {
+std::string_view g_unmovable;  ///< no file can take the place of one whose path ends like this
+bool g_linksRefused = false;   ///< as on a file system without second names
+}  // namespace
+
+// These stand before those of the C library: only so does a file that stands on disk fail to take its place.
+extern "C" int rename(const char* from, const char* to) noexcept {
+  if (!g_unmovable.empty() && std::string_view(to).ends_with(g_unmovable)) {
+    errno = EIO;
+    return -1;
+  }
+  return reinterpret_cast<int (*)(const char*, const char*)>(dlsym(RTLD_NEXT, "rename"))(from, to);
+}
+extern "C" int link(const char* from, const char* to) noexcept {
+  if (g_linksRefused) {
+    errno = EPERM;
+    return -1;
+  }
+  return reinterpret_cast<int (*)(const char*, const char*)>(dlsym(RTLD_NEXT, "link"))(from, to);
+}
+#endif
+
 namespace tremlo {
 namespace {
 
@@ -59,6 +86,63 @@ TEST(WholeFile, OneFileOfSeveralThatFailsKeepsAll) {
   EXPECT_EQ(test::ReadAll(first), QByteArray("1"));
   EXPECT_EQ(test::ReadAll(folder.Path("second")), QByteArray("2"));
 }
+
+#ifdef __GLIBC__
+
+class GroupOfFiles : public testing::Test {
+ protected:
+  GroupOfFiles() {
+    folder.Write("1", "old 1");
+    folder.Write("3", "old 3");
+    folder.Write("1.old0", "the user's own");
+    EXPECT_TRUE(QFile::link(folder.Path("3"), folder.Path("link")));
+    g_unmovable = "/4";
+  }
+  ~GroupOfFiles() override {
+    g_unmovable = {};
+    g_linksRefused = false;
+  }
+  std::optional<QString> Write() const {
+    return WriteWholeFiles({{folder.Path("1"), "new 1"},
+                            {folder.Path("2"), "new 2"},
+                            {folder.Path("link"), "new 3"},
+                            {folder.Path("4"), "new 4"}});
+  }
+  void ExpectOlderFiles() const {
+    EXPECT_EQ(test::ReadAll(folder.Path("1")), QByteArray("old 1"));
+    EXPECT_EQ(test::ReadAll(folder.Path("3")), QByteArray("old 3"));
+    EXPECT_TRUE(QFileInfo(folder.Path("link")).isSymLink());
+    EXPECT_EQ(test::ReadAll(folder.Path("4")), QByteArray("old 4"));
+    EXPECT_EQ(folder.Names(), (QStringList{"1", "1.old0", "3", "4", "link"}));
+  }
+  TestFolder folder;
+};
+
+TEST_F(GroupOfFiles, OneThatCannotTakeItsPlaceGivesTheirsBackToAllBeforeIt) {
+  folder.Write("4", "old 4");
+  EXPECT_EQ(Write(), folder.Path("4"));
+  ExpectOlderFiles();
+}
+
+TEST_F(GroupOfFiles, TheOlderFilesAreCopiedWhereThereAreNoSecondNames) {
+  folder.Write("4", "old 4");
+  g_linksRefused = true;
+  EXPECT_EQ(Write(), folder.Path("4"));
+  ExpectOlderFiles();
+}
+
+TEST_F(GroupOfFiles, AWholeGroupLeavesNothingBeside) {
+  folder.Write("4", "old 4");
+  g_unmovable = {};
+  EXPECT_EQ(Write(), std::nullopt);
+  EXPECT_EQ(test::ReadAll(folder.Path("1")), QByteArray("new 1"));
+  EXPECT_EQ(test::ReadAll(folder.Path("3")), QByteArray("new 3"));
+  EXPECT_EQ(test::ReadAll(folder.Path("4")), QByteArray("new 4"));
+  EXPECT_EQ(test::ReadAll(folder.Path("1.old0")), QByteArray("the user's own"));
+  EXPECT_EQ(folder.Names(), (QStringList{"1", "1.old0", "2", "3", "4", "link"}));
+}
+
+#endif
 
 #ifndef _WIN32
 
