@@ -52,7 +52,7 @@ Lanes LanesOf(SweepVariant variant) {
 /// Runs `width` oscillators at a time. The last block is filled up with copies of its last oscillator.
 template <class FrequencyOf>
 void SweepBlocks(const Lanes& lanes, std::vector<double>& maxima, const std::vector<double>& acc,
-                 double timeStep, FrequencyOf frequencyOf) {
+                 double timeStep, FrequencyOf frequencyOf, const SweepProgress& progress) {
   alignas(64) std::array<double, lanes::kRows * lanes::kLargestBlock> rows{};
   std::array<double, lanes::kLargestBlock> peaks{};
   for (std::size_t begin = 0; begin < maxima.size(); begin += lanes.width) {
@@ -73,6 +73,7 @@ void SweepBlocks(const Lanes& lanes, std::vector<double>& maxima, const std::vec
     }
     lanes.run(rows.data(), acc.data(), acc.size(), timeStep, peaks.data());
     std::copy_n(peaks.begin(), used, maxima.begin() + static_cast<std::ptrdiff_t>(begin));
+    if (progress) progress(begin + used, maxima.size());
   }
 }
 
@@ -162,8 +163,8 @@ SweepVariant BestSweepVariant() {
 }
 
 void SweepMaxima([[maybe_unused]] SweepVariant variant, std::vector<double>& maxima,
-                 const std::vector<double>& acc, double firstFrequency, double frequencyStep,
-                 double timeStep) {
+                 const std::vector<double>& acc, double firstFrequency, double frequencyStep, double timeStep,
+                 const SweepProgress& progress) {
   maxima.assign(acc.size() / 2, 0.0);
   const auto frequencyOf = [&](std::size_t i) {
     return static_cast<double>(i) * frequencyStep + firstFrequency;
@@ -171,12 +172,14 @@ void SweepMaxima([[maybe_unused]] SweepVariant variant, std::vector<double>& max
   [[maybe_unused]] const FlushSubnormals flush;
 #ifdef TREMLO_VECTOR_SWEEP
   if (variant != SweepVariant::Plain && IsSweepVariantAvailable(variant)) {
-    SweepBlocks(LanesOf(variant), maxima, acc, timeStep, frequencyOf);
+    SweepBlocks(LanesOf(variant), maxima, acc, timeStep, frequencyOf, progress);
     return;
   }
 #endif
-  for (std::size_t i = 0; i < maxima.size(); ++i)
+  for (std::size_t i = 0; i < maxima.size(); ++i) {
     maxima[i] = OscillatorPeak(OscillatorAt(frequencyOf(i), timeStep), acc.data(), acc.size(), timeStep);
+    if (progress) progress(i + 1, maxima.size());
+  }
 }
 
 }  // namespace tremlo

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <vector>
 
 namespace tremlo {
@@ -35,11 +36,16 @@ bool IsSweepVariantAvailable(SweepVariant variant);
 /// The widest variant available.
 SweepVariant BestSweepVariant();
 
+/// So many oscillators of all are done. Subnormal numbers count as 0 during the call, as for the sweep.
+using SweepProgress = std::function<void(std::size_t done, std::size_t count)>;
+
 /// `maxima` becomes floor(N/2) peaks, element i of the oscillator with frequency
 /// i·frequencyStep + firstFrequency (Hz). Runs on the calling thread. For its length subnormal numbers count
 /// as 0: the decay into a quiet stretch would otherwise run through them at a fraction of the speed, and a
-/// state that small vanishes in the next sample's share of any wave of ordinary size.
+/// state that small vanishes in the next sample's share of any wave of ordinary size. `progress` is called
+/// after each block of oscillators.
 void SweepMaxima(SweepVariant variant, std::vector<double>& maxima, const std::vector<double>& acc,
-                 double firstFrequency, double frequencyStep, double timeStep);
+                 double firstFrequency, double frequencyStep, double timeStep,
+                 const SweepProgress& progress = {});
 
 }  // namespace tremlo

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "numeric/waves/OscillatorSweep.h"
+
 #include <cstddef>
 #include <vector>
 
@@ -13,12 +15,14 @@ namespace tremlo {
 /// have been replaced by the caller. Runs on the calling thread with the widest vectors of the processor; the
 /// bits do not depend on which.
 void ComputeResponseSpectrum(const std::vector<double>& acc, std::vector<double>& periods,
-                             std::vector<double>& accSpec, double timeStep);
+                             std::vector<double>& accSpec, double timeStep,
+                             const SweepProgress& progress = {});
 
 /// The sweep alone: `maxima` becomes floor(N/2) peaks (gal), element i at the frequency
 /// firstFrequency + i·frequencyStep (Hz).
 void ComputeOscillatorMaxima(std::vector<double>& maxima, const std::vector<double>& acc,
-                             double firstFrequency, double frequencyStep, double timeStep);
+                             double firstFrequency, double frequencyStep, double timeStep,
+                             const SweepProgress& progress = {});
 
 /// df of a wave of `count` samples, Hz.
 double FrequencyStep(std::size_t count, double timeStep);

@@ -52,6 +52,28 @@ TEST(ResponseSpectrum, NineSamplesGiveFourPeriodsOfTheirOwnStep) {
     EXPECT_DOUBLE_EQ(spectrum.periods[j], 0.09 / static_cast<double>(j + 1));
 }
 
+TEST(ResponseSpectrum, TheFrequencyStepIsDividedByTheCountFirstAndByTheTimeStepThen) {
+  // One division by 3 * 0.005, or the two in the other order, give 66.66666666666667.
+  EXPECT_EQ(FrequencyStep(3, 0.005), 0x1.0aaaaaaaaaaaap+6);
+  EXPECT_EQ(FrequencyStep(6, 0.02), 0x1.0aaaaaaaaaaaap+3);
+  EXPECT_EQ(FrequencyStep(15, 0.01), 0x1.aaaaaaaaaaaaap+2);
+  EXPECT_EQ(SpectrumOf(test::Noise(6, 1), 0.02).periods.front(), 1.0 / 0x1.0aaaaaaaaaaaap+3);
+}
+
+TEST(ResponseSpectrum, ProgressReachesEveryOscillatorAndChangesNoBit) {
+  const std::vector<double> acc = test::Noise(777, 2);
+  std::vector<double> periods, values;
+  std::vector<std::size_t> told;
+  ComputeResponseSpectrum(acc, periods, values, 0.01, [&](std::size_t done, std::size_t count) {
+    EXPECT_EQ(count, 388U);
+    told.push_back(done);
+  });
+  ASSERT_GT(told.size(), 1U);
+  EXPECT_TRUE(std::is_sorted(told.begin(), told.end()));
+  EXPECT_EQ(told.back(), 388U);
+  EXPECT_EQ(values, SpectrumOf(acc, 0.01).values);
+}
+
 TEST(ResponseSpectrum, SilenceGivesZeros) {
   EXPECT_EQ(SpectrumOf(std::vector<double>(10, 0.0), 0.01).values, std::vector<double>(5, 0.0));
 }
