@@ -25,6 +25,10 @@ bool Arguments::Parse(const QStringList& words) {
     return false;
   }
   if (WantsHelp() || WantsVersion()) return true;
+  if (m_parser.optionNames().contains(QStringLiteral("out")) && Text("out").isEmpty()) {
+    m_error = QStringLiteral("--out のファイル名が空です。");
+    return false;
+  }
   if (m_parser.positionalArguments().size() != m_command.positional) {
     m_error = QStringLiteral("ファイルの指定が %1 個必要です（%2 個あります）。")
                   .arg(m_command.positional)
@@ -65,6 +69,10 @@ bool ParseNumberList(const QString& text, std::span<double> values) {
   for (std::size_t i = 0; i < values.size(); ++i)
     if (!ParseNumber(parts[static_cast<qsizetype>(i)], values[i]) || !std::isfinite(values[i])) return false;
   return true;
+}
+
+bool IsPlace(double latitude, double longitude) {
+  return std::fabs(latitude) <= 90.0 && std::fabs(longitude) <= 180.0;
 }
 
 }  // namespace tremlo::cli

@@ -16,7 +16,8 @@ class Arguments {
   /// Adds the options that every command has. Call Parse before anything else.
   explicit Arguments(const Command& command);
 
-  /// False, with Error() set, for an unknown option, a missing value or a wrong number of file arguments.
+  /// False, with Error() set, for an unknown option, a missing value, an output file without a name or a
+  /// wrong number of file arguments.
   bool Parse(const QStringList& words);
   const QString& Error() const { return m_error; }
 
@@ -48,5 +49,8 @@ bool ParseNumber(const QString& text, double& value);
 /// The text as exactly as many finite numbers as `values` holds, with commas between them. `values` is filled
 /// as far as the text goes.
 bool ParseNumberList(const QString& text, std::span<double> values);
+
+/// Whether the numbers (degrees) are a latitude of 90 and a longitude of 180 either way at most.
+bool IsPlace(double latitude, double longitude);
 
 }  // namespace tremlo::cli

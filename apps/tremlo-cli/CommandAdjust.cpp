@@ -6,7 +6,6 @@
 #include "core/waves/WaveFile.h"
 #include "numeric/waves/ResponseSpectrum.h"
 
-#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -37,11 +36,12 @@ QList<QCommandLineOption> Options() {
 bool ReadTarget(const QString& path, std::vector<double>& periods, std::vector<double>& target,
                 QString& error) {
   QString name;
-  if (const auto failure = ReadSpectrumFile(path, name, periods, target)) {
+  std::size_t pairs = 0;
+  if (const auto failure = ReadSpectrumFile(path, name, periods, target, &pairs)) {
     error = *failure;
     return false;
   }
-  if (std::none_of(periods.begin(), periods.end(), [](double period) { return period > 0.0; })) {
+  if (pairs == 0) {
     error = path + QStringLiteral(": スペクトルのデータがありません。");
     return false;
   }
@@ -88,8 +88,6 @@ int Run(const Arguments& arguments) {
     return FailUsage(QStringLiteral("--iterations は 0 以上の整数です：") + arguments.Text("iterations"));
   if (!arguments.Number("tolerance", tolerance) || std::isnan(tolerance))
     return FailUsage(QStringLiteral("--tolerance は数値です：") + arguments.Text("tolerance"));
-  if (arguments.IsSet("out") && arguments.Text("out").isEmpty())
-    return FailUsage(QStringLiteral("--out のファイル名が空です。"));
 
   WaveInput seed;
   QString error;

@@ -6,7 +6,6 @@
 #include "core/sources/FaultConversion.h"
 
 #include <array>
-#include <cmath>
 
 namespace tremlo::cli {
 
@@ -21,14 +20,10 @@ QList<QCommandLineOption> Options() {
            QStringLiteral("LON,LAT,DEP,LEN,WID,STR,DIP")}};
 }
 
-bool IsLatitude(double degrees) {
-  return std::fabs(degrees) <= 90.0;
-}
-
 /// Adds a plane to the fault as the hazard service sends it: as texts, in the order of the option.
 bool AddPlane(const QString& text, FaultInfo& fault) {
   std::array<double, 7> numbers{};
-  if (!ParseNumberList(text, numbers) || !IsLatitude(numbers[1])) return false;
+  if (!ParseNumberList(text, numbers) || !IsPlace(numbers[1], numbers[0])) return false;
   const QStringList parts = text.split(u',');
   const std::array<std::vector<QString>*, 7> columns = {&fault.lon, &fault.lat, &fault.dep, &fault.len,
                                                         &fault.wid, &fault.str, &fault.dip};
@@ -73,12 +68,16 @@ int Run(const Arguments& arguments) {
   if (!arguments.Whole("zone", zone) || zone < 1 || zone > static_cast<int>(kPlaneZoneCount))
     return FailUsage(QStringLiteral("--zone は 1 ～ 19 の整数です：") + arguments.Text("zone"));
   std::array<double, 2> place{};
-  if (!ParseNumberList(arguments.Text("site"), place) || !IsLatitude(place[0]))
-    return FailUsage(QStringLiteral("--site は北緯,東経（度）です：") + arguments.Text("site"));
+  if (!ParseNumberList(arguments.Text("site"), place) || !IsPlace(place[0], place[1]))
+    return FailUsage(QStringLiteral("--site は北緯,東経（度、北緯は ±90、東経は ±180 まで）です：") +
+                     arguments.Text("site"));
   FaultInfo fault;
   for (const QString& text : arguments.Texts("plane"))
     if (!AddPlane(text, fault))
-      return FailUsage(QStringLiteral("--plane は LON,LAT,DEP,LEN,WID,STR,DIP の 7 個の数値です：") + text);
+      return FailUsage(
+          QStringLiteral(
+              "--plane は LON,LAT,DEP,LEN,WID,STR,DIP の 7 個の数値です（北緯は ±90、東経は ±180 まで）：") +
+          text);
   if (fault.geomNum == 0) return FailUsage(QStringLiteral("--plane を指定してください。"));
 
   const PlanePoint site = ToPlaneRectangular(zone, place[0], place[1]);

@@ -77,8 +77,9 @@ std::optional<QString> ReadSite(const Arguments& arguments, FaultAcquisitionInpu
     return QStringLiteral("--zone は 1 ～ 19 の整数です：") + arguments.Text("zone");
   input.zone = zone;
   std::array<double, 2> place{};
-  if (!ParseNumberList(arguments.Text("site"), place) || std::fabs(place[0]) > 90.0)
-    return QStringLiteral("--site は北緯,東経（度）です：") + arguments.Text("site");
+  if (!ParseNumberList(arguments.Text("site"), place) || !IsPlace(place[0], place[1]))
+    return QStringLiteral("--site は北緯,東経（度、北緯は ±90、東経は ±180 まで）です：") +
+           arguments.Text("site");
   input.latitude = place[0];
   input.longitude = place[1];
   const QString mode = arguments.IsSet("mode") ? arguments.Text("mode") : QStringLiteral("ranking");

@@ -21,7 +21,11 @@ int Run(const Arguments& arguments) {
 
   std::vector<double> periods;
   std::vector<double> amplitudes;
-  ComputeFourierSpectrum(wave.acc, periods, amplitudes, wave.timeStep);
+  {
+    ProgressLine line;
+    line.Show(QStringLiteral("フーリエスペクトルの計算中（%1 点）").arg(wave.acc.size()));
+    ComputeFourierSpectrum(wave.acc, periods, amplitudes, wave.timeStep);
+  }
 
   const QString out = arguments.Text("out");
   if (arguments.IsSet("out") && !periods.empty() &&

@@ -21,7 +21,15 @@ int Run(const Arguments& arguments) {
 
   std::vector<double> periods;
   std::vector<double> accSpec;
-  ComputeResponseSpectrum(wave.acc, periods, accSpec, wave.timeStep);
+  {
+    ProgressLine line;
+    SweepProgress progress;
+    if (line.IsShown())
+      progress = [&](std::size_t done, std::size_t count) {
+        line.ShowShare(QStringLiteral("加速度応答スペクトルの計算中"), done, count);
+      };
+    ComputeResponseSpectrum(wave.acc, periods, accSpec, wave.timeStep, progress);
+  }
 
   const QString out = arguments.Text("out");
   if (arguments.IsSet("out") && !periods.empty() &&

@@ -7,11 +7,13 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <csignal>
 #include <cstdio>
 
 #ifdef _WIN32
 #include <io.h>
 #else
+#include <fcntl.h>
 #include <unistd.h>
 #endif
 
@@ -32,6 +34,26 @@ bool IsErrorTerminal() {
 }
 
 }  // namespace
+
+void PrepareOutput() {
+#ifdef SIGPIPE
+  std::signal(SIGPIPE, SIG_IGN);
+#endif
+#ifdef SIGXFSZ
+  std::signal(SIGXFSZ, SIG_IGN);
+#endif
+#ifndef _WIN32
+  // A file opened later must not take the number of a closed stream: what goes to the stream would end in it.
+  for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+    if (fcntl(stream, F_GETFD) == -1) open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+#endif
+}
+
+int FinishOutput(int status) {
+  const bool flushed = std::fflush(stdout) == 0;
+  if (flushed && std::ferror(stdout) == 0) return status;
+  return Fail(kBadFile, QStringLiteral("標準出力: 結果を書き込めませんでした。"));
+}
 
 void PrintLine(const QString& line) {
   Put(stdout, line.toStdString() + '\n');
@@ -79,6 +101,13 @@ void ProgressLine::Show(const QString& text) {
   m_used = true;
   Put(stderr, "\r\x1b[K" + text.toStdString());
   std::fflush(stderr);
+}
+
+void ProgressLine::ShowShare(const QString& text, std::size_t done, std::size_t count) {
+  const std::size_t percent = done * 100 / count;
+  if (percent == m_percent) return;
+  m_percent = percent;
+  Show(QStringLiteral("%1 %2 %").arg(text).arg(percent));
 }
 
 void PrintSampleNotice(const QString& dataFolder) {

@@ -8,6 +8,14 @@ namespace tremlo::cli {
 
 class Arguments;
 
+/// Call it first: output that is cut off or may not grow then fails as on a full disk, in place of ending the
+/// program by a signal.
+void PrepareOutput();
+
+/// Call it last: writes what is left. Returns `status`, or kBadFile, with a line on standard error, when not
+/// everything reached standard output.
+int FinishOutput(int status);
+
 /// Prints a line for people on standard output.
 void PrintLine(const QString& line);
 
@@ -37,10 +45,13 @@ class ProgressLine {
 
   bool IsShown() const { return m_terminal; }
   void Show(const QString& text);
+  /// Shows the text with `done` of `count` in per cent, each whole number once.
+  void ShowShare(const QString& text, std::size_t done, std::size_t count);
 
  private:
   bool m_terminal = false;
   bool m_used = false;
+  std::size_t m_percent = 101;
 };
 
 /// The line that says which table folders hold samples; nothing when none does.

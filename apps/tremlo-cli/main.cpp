@@ -5,17 +5,21 @@
 #include <QCoreApplication>
 
 #include <exception>
+#include <vector>
 
 namespace tremlo::cli {
 
 namespace {
 
+void PrintSummary(const Command& command) {
+  PrintLine(QStringLiteral("  %1 %2\n      %3")
+                .arg(QString::fromUtf8(command.name), QString::fromUtf8(command.usage),
+                     QString::fromUtf8(command.summary)));
+}
+
 void PrintHelp() {
   PrintLine(QStringLiteral("Usage: tremlo-cli COMMAND [OPTIONS]\n"));
-  for (const Command& command : AllCommands())
-    PrintLine(QStringLiteral("  %1 %2\n      %3")
-                  .arg(QString::fromUtf8(command.name), QString::fromUtf8(command.usage),
-                       QString::fromUtf8(command.summary)));
+  for (const Command& command : AllCommands()) PrintSummary(command);
   PrintLine(QStringLiteral(
       "\nすべてのコマンドに共通：\n"
       "  --json      結果を JSON で標準出力に書く\n"
@@ -36,6 +40,34 @@ void PrintHelp(const Command& command) {
   }
 }
 
+void PrintVersion() {
+  PrintLine(QStringLiteral("tremlo-cli " TREMLO_VERSION));
+}
+
+/// The commands whose name begins with the word and goes on behind it.
+std::vector<const Command*> CommandsOfGroup(const QString& word) {
+  std::vector<const Command*> commands;
+  for (const Command& command : AllCommands())
+    if (QString::fromLatin1(command.name).startsWith(word + u' ')) commands.push_back(&command);
+  return commands;
+}
+
+/// A line that names no command, but perhaps a group of them.
+int RunGroup(const QStringList& line) {
+  const QString& group = line.constFirst();
+  const std::vector<const Command*> commands = CommandsOfGroup(group);
+  if (commands.empty()) return FailUsage(QStringLiteral("このコマンドはありません：") + group);
+  if (line.value(1) == u"--version") {
+    PrintVersion();
+    return kDone;
+  }
+  if (line.value(1) != u"--help")
+    return FailUsage(QStringLiteral("このコマンドはありません：") + line.mid(0, 2).join(u' '));
+  PrintLine(QStringLiteral("Usage: tremlo-cli %1 COMMAND [OPTIONS]\n").arg(group));
+  for (const Command* command : commands) PrintSummary(*command);
+  return kDone;
+}
+
 /// The command that the first word, or the first two, name; their number goes to `words`.
 const Command* FindCommand(const QStringList& line, qsizetype& words) {
   for (const Command& command : AllCommands()) {
@@ -54,16 +86,16 @@ int Main(const QStringList& line) {
     return kDone;
   }
   if (line.constFirst() == u"--version") {
-    PrintLine(QStringLiteral("tremlo-cli " TREMLO_VERSION));
+    PrintVersion();
     return kDone;
   }
   qsizetype words = 0;
   const Command* command = FindCommand(line, words);
-  if (!command) return FailUsage(QStringLiteral("このコマンドはありません：") + line.constFirst());
+  if (!command) return RunGroup(line);
   Arguments arguments(*command);
   if (!arguments.Parse(line.mid(words))) return FailUsage(arguments.Error());
   if (arguments.WantsVersion()) {
-    PrintLine(QStringLiteral("tremlo-cli " TREMLO_VERSION));
+    PrintVersion();
     return kDone;
   }
   if (arguments.WantsHelp()) {
@@ -83,7 +115,8 @@ int Main(const QStringList& line) {
 }  // namespace tremlo::cli
 
 int main(int argc, char* argv[]) {
+  tremlo::cli::PrepareOutput();
   const QCoreApplication application(argc, argv);
   QCoreApplication::setApplicationName(QStringLiteral("tremlo-cli"));
-  return tremlo::cli::Main(QCoreApplication::arguments().mid(1));
+  return tremlo::cli::FinishOutput(tremlo::cli::Main(QCoreApplication::arguments().mid(1)));
 }

@@ -108,11 +108,21 @@ TEST(AdjustCommand, OddTargetsRunAndDoNotConverge) {
         << target;
 }
 
+TEST(AdjustCommand, APairOfZerosIsASpectrum) {
+  const TestFolder folder;
+  for (const char* target : {"T,1,1\n0,0\n", "T,1,1\nx\n0,0\n"}) {
+    const CliResult result = RunCli({"adjust", "--seed", kElCentro, "--target", folder.Write("t.csv", target),
+                                     "--iterations", "1", "--json"});
+    EXPECT_EQ(result.status, 3) << result.err.toStdString();
+    EXPECT_EQ(Object(result)["error"].toString(), QString("nan"));
+  }
+}
+
 TEST(AdjustCommand, InputThatIsNotWhatItShouldBeEndsWithTwo) {
   const TestFolder folder;
   const QString empty = folder.Write("empty.csv", "");
   const QString bare = folder.Write("bare.csv", "T,1,1\n");
-  const QString noPair = folder.Write("no_pair.csv", "T\nx\n\n");
+  const QString noPair = folder.Write("no_pair.csv", "T\nx\n\n5\n,2\n");
   for (const QStringList& pair :
        {QStringList{folder.Path("absent"), kTarget}, QStringList{kSeed, folder.Path("absent")},
         QStringList{empty, kTarget}, QStringList{kSeed, empty}, QStringList{kSeed, bare},

@@ -17,16 +17,26 @@ void ExpectUsageError(const QStringList& arguments) {
 }
 
 TEST(CommandLine, HelpAndVersionStandEverywhere) {
-  const QStringList commands[] = {{}, {"response"}, {"fourier"}, {"adjust"}, {"tables"}};
+  const QStringList commands[] = {{},          {"response"},       {"fourier"},         {"adjust"},
+                                  {"tables"},  {"attenuate"},      {"distances"},       {"faults"},
+                                  {"project"}, {"project", "new"}, {"project", "show"}, {"project", "copy"}};
   for (const QStringList& command : commands) {
     const CliResult help = RunCli(command + QStringList{"--help"});
     EXPECT_EQ(help.status, 0);
-    EXPECT_TRUE(help.out.startsWith("Usage: tremlo-cli"));
+    const QStringList start = QStringList{"Usage: tremlo-cli"} + command;
+    EXPECT_TRUE(help.out.startsWith(start.join(u' ').toUtf8() + ' ')) << help.out.toStdString();
     EXPECT_EQ(help.err, QByteArray());
     const CliResult version = RunCli(command + QStringList{"--version"});
     EXPECT_EQ(version.status, 0);
     EXPECT_EQ(version.out, QByteArray("tremlo-cli 1.0\n"));
   }
+}
+
+TEST(CommandLine, TheHelpOfAGroupNamesItsCommandsAlone) {
+  const QString help = QString::fromUtf8(RunCli({"project", "--help"}).out);
+  for (const char* command : {"project new", "project show", "project copy"})
+    EXPECT_TRUE(help.contains(QString::fromLatin1(command))) << command;
+  EXPECT_FALSE(help.contains(QStringLiteral("response")));
 }
 
 TEST(CommandLine, BadCommandLinesEndWithOneAndTheUsage) {
@@ -36,7 +46,15 @@ TEST(CommandLine, BadCommandLinesEndWithOneAndTheUsage) {
   ExpectUsageError({"response", "a.csv", "b.csv"});
   ExpectUsageError({"response", "--nonsense", "a.csv"});
   ExpectUsageError({"response", "a.csv", "--out"});
+  ExpectUsageError({"response", "a.csv", "--out", ""});
+  ExpectUsageError({"fourier", "a.csv", "--out", ""});
+  for (const char* site : {"90.5,136", "36,180.5", "36,-180.5"})
+    ExpectUsageError(
+        {"faults", "--zone", "6", "--mode", "range", "--service", "http://127.0.0.1:1", "--site", site});
   ExpectUsageError({"tables", "x"});
+  ExpectUsageError({"project"});
+  ExpectUsageError({"project", "nonsense", "--help"});
+  ExpectUsageError({"projec", "--help"});
   ExpectUsageError({"adjust"});
   ExpectUsageError({"adjust", "--seed", "a.csv"});
   ExpectUsageError({"adjust", "--seed", "a.csv", "--target", "b.csv", "--iterations", "x"});

@@ -104,14 +104,20 @@ TEST(DistancesCommand, BadCommandLines) {
   ExpectUsageError({"distances", "--zone", "6", "--plane", kSquare});
   for (const char* zone : {"0", "20", "-1", "6.5", "VI", ""})
     ExpectUsageError({"distances", "--zone", zone, "--site", "36,136", "--plane", kSquare});
-  for (const char* site :
-       {"36", "36,136,0", "36;136", "36,", "x,136", "136,36", "nan,136", "36,inf", "36,136x"})
+  for (const char* site : {"36", "36,136,0", "36;136", "36,", "x,136", "136,36", "nan,136", "36,inf",
+                           "36,136x", "90.001,136", "-90.001,136", "36,180.001", "36,-180.001"})
     ExpectUsageError({"distances", "--zone", "6", "--site", site, "--plane", kSquare});
   for (const char* plane :
-       {"", "136,36,0,4,4,0", "136,36,0,4,4,0,90,1", "136,36,-,4,4,0,90", "36,136,0,4,4,0,90"})
+       {"", "136,36,0,4,4,0", "136,36,0,4,4,0,90,1", "136,36,-,4,4,0,90", "36,136,0,4,4,0,90",
+        "180.001,36,0,4,4,0,90", "-180.001,36,0,4,4,0,90", "136,-90.001,0,4,4,0,90"})
     ExpectUsageError(DistancesWith({"--plane", plane}));
   ExpectUsageError(DistancesWith({"--plane", kSquare, "--plane", "x"}));
   ExpectUsageError(DistancesWith({"--plane", kSquare, "extra"}));
+}
+
+TEST(DistancesCommand, TheLimitsOfLatitudeAndLongitudeBelongToThem) {
+  for (const char* site : {"90,180", "-90,-180"})
+    EXPECT_EQ(RunCli({"distances", "--zone", "6", "--site", site, "--plane", "180,90,0,4,4,0,90"}).status, 0);
 }
 
 const QStringList kAttenuate = {"attenuate", "--magnitude",  "7",    "--depth", "12", "--shortest",

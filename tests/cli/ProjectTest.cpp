@@ -12,7 +12,6 @@
 #include <gtest/gtest.h>
 
 #ifndef _WIN32
-#include <csignal>
 #include <sys/resource.h>
 #endif
 
@@ -169,15 +168,10 @@ TEST(CliProject, WhereNothingCanBeWrittenIsRefused) {
 #ifndef _WIN32
 /// Runs the program in a process that can write no file past `room` bytes.
 CliResult RunCliWithRoom(rlim_t room, const QStringList& arguments) {
-  QProcess process;
-  process.setChildProcessModifier([room] {
-    std::signal(SIGXFSZ, SIG_IGN);  // an error of the write then, as on a full disk
+  return test::RunPreparedCli(arguments, [room] {
     const rlimit limit{room, room};
     setrlimit(RLIMIT_FSIZE, &limit);
   });
-  process.start(QStringLiteral(TREMLO_PROGRAM_DIR "/tremlo-cli"), arguments);
-  const bool ended = process.waitForFinished(120000) && process.exitStatus() == QProcess::NormalExit;
-  return {ended ? process.exitCode() : -1, process.readAllStandardOutput(), process.readAllStandardError()};
 }
 
 TEST(CliProject, AFullDiskLeavesTheOlderFile) {

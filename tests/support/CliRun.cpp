@@ -5,15 +5,58 @@
 
 #include <gtest/gtest.h>
 
+#ifndef _WIN32
+#include <fcntl.h>
+#include <thread>
+#include <unistd.h>
+#endif
+
 namespace tremlo::test {
 
-CliResult RunCli(const QStringList& arguments, const QString& workingFolder) {
-  QProcess process;
-  process.setWorkingDirectory(workingFolder);
+namespace {
+
+CliResult RunToItsEnd(QProcess& process, const QStringList& arguments) {
   process.start(QStringLiteral(TREMLO_PROGRAM_DIR "/tremlo-cli"), arguments);
   const bool ended = process.waitForFinished(120000) && process.exitStatus() == QProcess::NormalExit;
   return {ended ? process.exitCode() : -1, process.readAllStandardOutput(), process.readAllStandardError()};
 }
+
+}  // namespace
+
+CliResult RunCli(const QStringList& arguments, const QString& workingFolder) {
+  QProcess process;
+  process.setWorkingDirectory(workingFolder);
+  return RunToItsEnd(process, arguments);
+}
+
+#ifndef _WIN32
+
+CliResult RunPreparedCli(const QStringList& arguments, const std::function<void()>& prepare) {
+  QProcess process;
+  process.setChildProcessModifier(prepare);
+  return RunToItsEnd(process, arguments);
+}
+
+CliResult RunCliOnATerminal(const QStringList& arguments) {
+  const int master = posix_openpt(O_RDWR | O_NOCTTY);
+  EXPECT_TRUE(master >= 0 && grantpt(master) == 0 && unlockpt(master) == 0);
+  const int terminal = open(ptsname(master), O_RDWR | O_NOCTTY);
+  EXPECT_GE(terminal, 0);
+  QByteArray shown;
+  // A terminal that nobody reads stops the program when it is full.
+  std::thread reader([&] {
+    char block[4096];
+    for (ssize_t count; (count = read(master, block, sizeof(block))) > 0;) shown.append(block, count);
+  });
+  CliResult result = RunPreparedCli(arguments, [terminal] { dup2(terminal, STDERR_FILENO); });
+  close(terminal);  // the last one: the reader comes to its end
+  reader.join();
+  close(master);
+  result.err = shown;
+  return result;
+}
+
+#endif
 
 QJsonObject RunCliJson(const QStringList& arguments) {
   const CliResult result = RunCli(arguments);

@@ -5,6 +5,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+
 namespace tremlo::test {
 
 struct CliResult {
@@ -15,6 +17,15 @@ struct CliResult {
 
 /// Runs the tremlo-cli of this build to its end.
 CliResult RunCli(const QStringList& arguments, const QString& workingFolder = {});
+
+#ifndef _WIN32
+/// The same with `prepare` called in the process of the program just before it starts, as after fork: no more
+/// than system calls.
+CliResult RunPreparedCli(const QStringList& arguments, const std::function<void()>& prepare);
+
+/// Runs it with a terminal of its own as standard error, which `err` then holds.
+CliResult RunCliOnATerminal(const QStringList& arguments);
+#endif
 
 /// Runs it and takes standard output for one JSON object, standard error for empty and the status for 0.
 QJsonObject RunCliJson(const QStringList& arguments);

@@ -21,9 +21,9 @@ QString CsvText::NextText(LineReader& lines) const {
   return lines.Next(line) ? Decode(line) : QString();
 }
 
-void ScanPair(std::string_view line, double& first, double& second) {
+bool ScanPair(std::string_view line, double& first, double& second) {
   LineScanner scan(line);
-  if (scan.Number(first) && scan.Literal(',')) scan.Number(second);
+  return scan.Number(first) && scan.Literal(',') && scan.Number(second);
 }
 
 }  // namespace tremlo

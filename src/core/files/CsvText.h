@@ -25,7 +25,8 @@ class CsvText {
   bool m_utf8 = false;
 };
 
-/// Scans a line with "%lf,%lf"; a number that the line does not yield keeps its value.
-void ScanPair(std::string_view line, double& first, double& second);
+/// Scans a line with "%lf,%lf"; a number that the line does not yield keeps its value. True when it yields
+/// both.
+bool ScanPair(std::string_view line, double& first, double& second);
 
 }  // namespace tremlo

@@ -73,15 +73,16 @@ void ParseWave(const QByteArray& content, QString& name, double& timeStep, std::
 }
 
 std::optional<QString> ReadSpectrumFile(const QString& path, QString& name, std::vector<double>& periods,
-                                        std::vector<double>& values) {
+                                        std::vector<double>& values, std::size_t* pairs) {
   QByteArray content;
   if (!ReadWholeFile(path, content)) return CannotOpen(path);
-  ParseSpectrum(content, name, periods, values);
+  const std::size_t found = ParseSpectrum(content, name, periods, values);
+  if (pairs) *pairs = found;
   return std::nullopt;
 }
 
-void ParseSpectrum(const QByteArray& content, QString& name, std::vector<double>& periods,
-                   std::vector<double>& values) {
+std::size_t ParseSpectrum(const QByteArray& content, QString& name, std::vector<double>& periods,
+                          std::vector<double>& values) {
   const CsvText csv(content);
   LineReader lines(csv.Text());
   std::string_view line;
@@ -94,11 +95,13 @@ void ParseSpectrum(const QByteArray& content, QString& name, std::vector<double>
   }
   double period = 0.0;
   double value = 0.0;
+  std::size_t pairs = 0;
   while (lines.Next(line)) {
-    ScanPair(line, period, value);
+    if (ScanPair(line, period, value)) ++pairs;
     periods.push_back(period);
     values.push_back(value);
   }
+  return pairs;
 }
 
 std::string CsvContent(const QString& name, double timeStep, const std::vector<double>& x,

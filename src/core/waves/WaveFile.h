@@ -24,9 +24,9 @@ std::optional<QString> ReadWaveFile(const QString& path, QString& name, double& 
                                     std::vector<double>& acc);
 
 /// Reads a spectrum file: of line 1 the name only, of every further line both numbers, each repeated where
-/// missing.
+/// missing. `pairs`, if given, becomes the number of lines that really held both.
 std::optional<QString> ReadSpectrumFile(const QString& path, QString& name, std::vector<double>& periods,
-                                        std::vector<double>& values);
+                                        std::vector<double>& values, std::size_t* pairs = nullptr);
 
 /// Writes `name`, time step and pairs, six significant digits. False, with nothing written, when `path` or
 /// `name` is empty, `timeStep` is 0, `x` is empty or `y` is shorter than `x`; false too when the file cannot
@@ -34,10 +34,11 @@ std::optional<QString> ReadSpectrumFile(const QString& path, QString& name, std:
 bool WriteCsv(const QString& path, const QString& name, double timeStep, const std::vector<double>& x,
               const std::vector<double>& y);
 
-/// What the two readers make of the content of a file.
+/// What the two readers make of the content of a file; that of a spectrum returns the number of lines that
+/// held both numbers.
 void ParseWave(const QByteArray& content, QString& name, double& timeStep, std::vector<double>& acc);
-void ParseSpectrum(const QByteArray& content, QString& name, std::vector<double>& periods,
-                   std::vector<double>& values);
+std::size_t ParseSpectrum(const QByteArray& content, QString& name, std::vector<double>& periods,
+                          std::vector<double>& values);
 
 /// A chosen path without its extension, and the extension with its point; both empty for an empty path.
 struct SavePath {
