@@ -139,9 +139,9 @@ void CMainFrame::ShowSampleFolders(const std::vector<QString>& folders) {
 
 void CMainFrame::ShowCentred() {
   const QRect monitor = screen()->geometry();
-  resize(kFrameWidth, kFrameHeight);
-  move(monitor.x() + monitor.width() / 2 - kFrameWidth / 2,
-       monitor.y() + monitor.height() / 2 - kFrameHeight / 2);
+  // Of the window itself: what a window manager puts around it comes on top.
+  setGeometry(monitor.x() + monitor.width() / 2 - kFrameWidth / 2,
+              monitor.y() + monitor.height() / 2 - kFrameHeight / 2, kFrameWidth, kFrameHeight);
   // On a smaller monitor caption and menu would lie outside.
   if (monitor.width() < kFrameWidth || monitor.height() < kFrameHeight)
     showMaximized();

@@ -75,9 +75,21 @@ TEST_F(MainFrameTest, ScreensBearTheirNames) {
 
 TEST_F(MainFrameTest, UnknownScreenEndsTheProgramWithStatusOne) {
   app.reset();
-  StartNew(TopChoice::GuidelineRoute);
+  // A screen with a switch of its own to a screen that nothing may ask for by name.
+  ScreenTable screens = test::LoggingScreens(log, true);
+  screens.screens[ScreenId::Field] = [this](const ScreenParts& parts) -> Screen* {
+    auto* const screen = new test::LoggingScreen(ScreenId::Field, log);
+    QObject::connect(screen->first, &QLineEdit::returnPressed, screen,
+                     [&parts] { parts.follow(parts.procedure.SwitchScreen(ScreenId::Flowchart3)); });
+    return screen;
+  };
+  app = std::make_unique<CMorvaneApp>(settings, std::move(screens),
+                                      DoorsWith([](bool, QWidget*) { return TopChoice::GuidelineRoute; }));
+  ExpectOffline();
+  ASSERT_EQ(Start(), std::nullopt);
   prompt.ExpectMessage(QStringLiteral("予期せぬフォームの呼び出しが発生しました。"));
-  EXPECT_EQ(Switch(ScreenId::Flowchart3), SwitchOutcome::EndProgram);
+  QTest::keyClick(OnDisplay()->first, Qt::Key_Return);
+  EXPECT_THAT(ended, ElementsAre(1));
 }
 
 TEST_F(MainFrameTest, HintInTheStatusBarGivesWayToReady) {
