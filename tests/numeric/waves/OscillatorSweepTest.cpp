@@ -2,6 +2,7 @@
 #include "numeric/waves/OscillatorSweep.h"
 #include "support/Waves.h"
 
+#include <algorithm>
 #include <cstring>
 #include <gtest/gtest.h>
 #include <limits>
@@ -26,7 +27,9 @@ bool SameBits(const std::vector<double>& a, const std::vector<double>& b) {
 
 class EveryVariant : public testing::TestWithParam<SweepVariant> {
  protected:
-  /// A processor without the variant runs the plain loop in its place: true there, too.
+  void SetUp() override {
+    if (!IsSweepVariantAvailable(GetParam())) GTEST_SKIP() << "this processor or build has not these vectors";
+  }
   void ExpectPlainBits(const std::vector<double>& acc, double timeStep = kTimeStep) const {
     EXPECT_TRUE(SameBits(SweepOf(GetParam(), acc, timeStep), SweepOf(SweepVariant::Plain, acc, timeStep)))
         << acc.size() << " samples";
@@ -104,8 +107,12 @@ TEST(OscillatorSweep, FlushingSubnormalsChangesNoBitOfAnOrdinaryWave) {
   EXPECT_TRUE(SameBits(SweepOf(BestSweepVariant(), acc), direct));
 }
 
-TEST(OscillatorSweep, TheWidestVariantIsAvailable) {
-  EXPECT_TRUE(IsSweepVariantAvailable(BestSweepVariant()));
+TEST(OscillatorSweep, TheBestVariantIsTheWidestAvailable) {
+  const std::vector<SweepVariant> widestFirst = {SweepVariant::Avx512, SweepVariant::Avx2,
+                                                 SweepVariant::Sse2};
+  const auto widest = std::find_if(widestFirst.begin(), widestFirst.end(), IsSweepVariantAvailable);
+  if (widest == widestFirst.end()) GTEST_SKIP() << "this processor or build has no vectors";
+  EXPECT_EQ(BestSweepVariant(), *widest);
 }
 
 }  // namespace
