@@ -105,6 +105,8 @@ TEST(TextScan, LinesEndAtTheLineFeed) {
   EXPECT_EQ(LinesOf("a\n"), Lines{"a"});
   EXPECT_EQ(LinesOf("a\n\n"), (Lines{"a", ""}));
   EXPECT_EQ(LinesOf("a\r\r\n"), Lines{"a\r"});
+  EXPECT_EQ(LinesOf("a\r\nb\r"), (Lines{"a", "b\r"}));  // no line feed follows: it belongs to the text
+  EXPECT_EQ(LinesOf("a\n\r"), (Lines{"a", "\r"}));
   EXPECT_EQ(LinesOf(""), Lines{});
 }
 

@@ -63,6 +63,19 @@ TEST(DPoly, PointOnTheEdgeOfTheBoxIsTestedFurther) {
   EXPECT_FALSE(PolygonOf({{0, 0}, {40, 20}, {0, 40}}).Contains(40, 30));
 }
 
+TEST(DPoly, AVertexLevelWithThePointOrOnItsDiagonalIsNotMet) {
+  const CDPoly diamond = PolygonOf({{20, 0}, {40, 20}, {20, 40}, {0, 20}});
+  EXPECT_TRUE(diamond.Contains(20, 20));  // level with two corners, above and below the others
+  EXPECT_TRUE(kSquare.Contains(20, 20));  // on the diagonals
+  EXPECT_TRUE(PolygonOf({{10, 10}, {40, 10}, {28, 29}, {10, 40}}).Contains(20, 20));  // 9 below for 8 across
+}
+
+TEST(DPoly, AVertexEightBelowForNineAcrossCountsTwice) {
+  // The ray runs through the corner, which both its edges hold: the price of the one direction.
+  EXPECT_FALSE(PolygonOf({{10, 10}, {40, 10}, {29, 28}, {10, 40}}).Contains(20, 20));
+  EXPECT_TRUE(PolygonOf({{10, 10}, {40, 10}, {29, 28.01}, {10, 40}}).Contains(20, 20));
+}
+
 TEST(DPoly, ConcavePolygonLeavesOutItsNotch) {
   const CDPoly notched = PolygonOf({{0, 0}, {50, 0}, {50, 50}, {25, 10}, {0, 50}});
   EXPECT_FALSE(notched.Contains(25, 30));

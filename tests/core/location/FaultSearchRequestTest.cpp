@@ -1,4 +1,5 @@
 #include "core/location/FaultSearchRequest.h"
+#include "support/CommaLocale.h"
 #include "support/TestFolder.h"
 
 #include <gtest/gtest.h>
@@ -132,6 +133,14 @@ TEST(FaultSearchRequestTest, NumbersAreRoundedToTheDecimalsOfTheQuery) {
   ASSERT_FALSE(CheckSearchParameters(request).has_value());
   EXPECT_TRUE(SearchPath(request).contains(u"position=154.00000,20.00000&"));
   EXPECT_TRUE(SearchPath(request).contains(u"param=-0.1234568&"));
+}
+
+TEST(FaultSearchRequestTest, NumbersHaveAPointInALocaleWithAComma) {
+  const test::CommaLocale locale;
+  FaultSearchRequest request({.catastropheWeight = -0.5}, 35.25, 138.125);
+  ASSERT_FALSE(CheckSearchParameters(request).has_value());
+  EXPECT_TRUE(SearchPath(request).contains(u"position=138.12500,35.25000&"));
+  EXPECT_TRUE(SearchPath(request).contains(u"param=-0.5000000&"));
 }
 
 TEST(FaultSearchRequestTest, ActivityPathHoldsVersionCaseAndCode) {

@@ -307,13 +307,20 @@ TEST(WorkProcedure, EachRouteStartsOnItsFirstScreenWithItsPane) {
               ElementsAre("pane of the response route", "left 59649", "show 59662", "entered 59662"));
 }
 
-TEST(WorkProcedure, TheGuidelineRouteRefreshesFiveScreensInTheirOrderAndWritesNothing) {
+TEST(WorkProcedure, TheGuidelineRouteRefreshesFiveScreensInTheirOrder) {
   FixedProject project;
-  const DocumentState before(project.doc);
   project.procedure.RefreshScreens();
   EXPECT_THAT(project.TakeLog(), ElementsAre("refresh 59649", "refresh 59654", "refresh 59656",
                                              "refresh 59657", "refresh 59658"));
+}
+
+TEST(WorkProcedure, TheRefreshOfTheGuidelineRouteMakesNoWaveAndMarksNothing) {
+  NewProject project;  // without the wave that the response route would be given here
+  ASSERT_TRUE(project.doc.seedWaves.IsEmpty());
+  const DocumentState before(project.doc);
+  project.procedure.RefreshScreens();
   EXPECT_THAT(before.DifferencesTo(DocumentState(project.doc)), IsEmpty());
+  EXPECT_FALSE(project.doc.IsModified());
 }
 
 TEST(WorkProcedure, TheResponseRouteRefreshesItsWaveScreenAloneAndSeesToAWave) {
@@ -493,10 +500,14 @@ TEST(WorkProcedure, AcceptedQuestionsFixTheProcedure) {
 }
 
 TEST(WorkProcedure, FixingLeavesTheHighlightWhereItIs) {
+  // Neither at the first step nor at that of the chart, where a move would end.
   OnClickChart project;
-  project.pane.Highlight(FlowStep::FlowCheck, true);
+  project.pane.SetCurrentStep(FlowStep::LowerSpectrum);
+  project.pane.Highlight(FlowStep::LowerSpectrum, true);
   EXPECT_EQ(project.procedure.FixByClicks(kFaultsAndNeighbours), SwitchOutcome::Open);
-  EXPECT_EQ(project.pane.drawn, FlowStep::FlowCheck);
+  EXPECT_EQ(project.pane.current, FlowStep::LowerSpectrum);
+  EXPECT_EQ(project.pane.marked, FlowStep::LowerSpectrum);
+  EXPECT_EQ(project.pane.drawn, FlowStep::LowerSpectrum);
 }
 
 // --- New and open while the click chart is up ---

@@ -2,6 +2,7 @@
 #include "support/TestFolder.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFileInfo>
 
 #include <gmock/gmock.h>
@@ -64,11 +65,35 @@ TEST_F(RecentFilesTest, RemovedPathIsGone) {
   EXPECT_THAT(RecentFiles().Paths(), IsEmpty());
 }
 
-TEST_F(RecentFilesTest, NothingElseIsKept) {
-  recent.Add(P(1));
-  QSettings settings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Tremlo"),
-                     QStringLiteral("Tremlo"));
-  EXPECT_THAT(settings.allKeys(), ElementsAre("recentFiles"));
+/// All files of the user, by their whole paths.
+QStringList FilesOfTheUser() {
+  QStringList paths;
+  for (const char* folder :
+       {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR"}) {
+    QDirIterator files(qEnvironmentVariable(folder), QDir::Files | QDir::Hidden,
+                       QDirIterator::Subdirectories);
+    while (files.hasNext()) paths << files.next();
+  }
+  paths.sort();
+  return paths;
+}
+
+TEST_F(RecentFilesTest, NothingIsKeptButTheListInItsOneFile) {
+  const QString settings = qEnvironmentVariable("XDG_CONFIG_HOME");
+  ASSERT_TRUE(settings.startsWith(QDir::tempPath() + u'/')) << "the home of this process alone";
+  QDir(settings).removeRecursively();  // what tests before this one have left
+  const QString file = settings + QStringLiteral("/Tremlo/Tremlo.ini");
+  const QStringList before = FilesOfTheUser();
+  {
+    RecentFiles list;
+    list.Add(P(1));
+    list.Add(P(2));
+    list.Remove(P(1));
+  }
+  QStringList kept = FilesOfTheUser();
+  for (const QString& path : before) kept.removeAll(path);
+  EXPECT_THAT(kept, ElementsAre(file));
+  EXPECT_THAT(QSettings(file, QSettings::IniFormat).allKeys(), ElementsAre("recentFiles"));
 }
 
 TEST_F(RecentFilesTest, LongListWrittenByHandIsCut) {

@@ -1,5 +1,6 @@
 #include "core/files/Cp932Text.h"
 #include "core/sources/SystemTables.h"
+#include "support/CommaLocale.h"
 #include "support/TestFolder.h"
 
 #include <QDir>
@@ -49,6 +50,37 @@ TEST_F(SystemTablesTest, TheListingIsByNameWithoutCaseAndTakesCsvFilesOnly) {
   for (const TableFile& file : ListTableFiles(m_folder.Path(), "LowSpec")) names << file.name;
   EXPECT_EQ(names, (QStringList{"A.CSV", "a1.csv", "b.csv", "Z.csv"}));
   EXPECT_TRUE(ListTableFiles(m_folder.Path(), "absent").empty());
+}
+
+TEST_F(SystemTablesTest, CoefficientsOfAFolderStandInTheOrderOfTheListing) {
+  for (const char* name : {"b", "C", "a", "B", "10", "9"})
+    m_folder.Write(QStringLiteral("DamCoef/%1.csv").arg(QLatin1String(name)),
+                   m_horizontal + "0\n" + name + '\n');
+  std::vector<DamCoefSet> sets;
+  ASSERT_FALSE(LoadDamCoefFolder(m_folder.Path(), sets));
+  QStringList titles;
+  for (const DamCoefSet& set : sets) titles << set.title;
+  EXPECT_EQ(titles, (QStringList{"10", "9", "a", "B", "b", "C"}));
+}
+
+TEST_F(SystemTablesTest, NumbersOfAllTablesHaveAPointInALocaleWithAComma) {
+  const test::CommaLocale locale;
+  ASSERT_FALSE(LoadCoefficients(m_horizontal + "0\n\n\n0.5,1.5,2.5,3.5,4.5,5.5,6.5,7.5,8.5,9.5,10.5,11.5\n"));
+  EXPECT_EQ(m_set.period, Numbers{0.5});
+  EXPECT_EQ(m_set.ampA, Numbers{1.5});
+  EXPECT_EQ(m_set.coefNear, Numbers{11.5});
+  std::vector<MainFaultRow> rows;
+  ASSERT_FALSE(LoadFaultDataFile(
+      File("SystemData", "FaultData.csv", "F1,a,1,1.5,2,3,4,5,6,7,8,9,10,11,12.5,137.5,36.25\n"), rows));
+  EXPECT_EQ(rows.at(0).cornerA[0], 1.5);
+  EXPECT_EQ(rows.at(0).cornerC[3], 12.5);
+  EXPECT_EQ(rows.at(0).lon, 137.5);
+  EXPECT_EQ(rows.at(0).lat, 36.25);
+  QString name;
+  Numbers periods, values;
+  ASSERT_FALSE(LoadLowSpecFile(File("LowSpec", "x.csv", "n\n4.5,28.25\n"), name, periods, values));
+  EXPECT_EQ(periods, Numbers{4.5});
+  EXPECT_EQ(values, Numbers{28.25});
 }
 
 TEST_F(SystemTablesTest, ShippedTablesAreComplete) {

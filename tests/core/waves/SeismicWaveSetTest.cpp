@@ -103,6 +103,13 @@ TEST(SeismicWaveSet, LargestSample) {
   ExpectMax({9.0, 5.0}, 0.01, 9.0, 0.0);
 }
 
+TEST(SeismicWaveSet, OfEqualLargestOrSmallestSamplesTheFirstCounts) {
+  ExpectMax({1.0, 9.0, 5.0, 9.0, 9.0}, 0.01, 9.0, 0.01);
+  ExpectMin({1.0, -9.0, 5.0, -9.0, -9.0}, 0.01, -9.0, 0.01);
+  ExpectMax({9.0, 1.0, 9.0}, 0.01, 9.0, 0.0);
+  ExpectMin({9.0, 1.0, 9.0, 1.0}, 0.01, 1.0, 0.01);
+}
+
 TEST(SeismicWaveSet, LeadingLargestSampleBehindABlankHasTimeZero) {
   ExpectMax({kBlank, 9.0, 5.0}, 0.01, 9.0, 0.0);
 }

@@ -86,6 +86,18 @@ TEST(MatchRatio, TheLimitsOfTheBandBelongToItWithoutTolerance) {
   EXPECT_EQ(ratios[2], 0.0);
 }
 
+TEST(MatchRatio, OnlyFrequenciesStrictlyBelowCount) {
+  // At the step of the target, from 20 to 40 at 2 Hz, the stretch before it holds.
+  for (const TargetSpectrum& target :
+       {TargetSpectrum{{1.0, 2.0, 2.0, 3.0}, {10.0, 20.0, 40.0, 50.0}},
+        TargetSpectrum{{1.0, 2.0, 2.0, 1.5, 3.0},
+                       {10.0, 20.0, 40.0, 45.0, 50.0}}}) {  // scanned from the start
+    std::vector<double> ratios;
+    MatchRatio(target, ratios, {1.0, 1.0, 1.0}, 1.0);
+    EXPECT_EQ(ratios, (std::vector<double>{10.0, 20.0, 50.0}));
+  }
+}
+
 TEST(MatchRatio, HasTheBitsOfAScanFromTheStart) {
   TargetSpectrum target;
   for (int i = 0; i < 200; ++i) {

@@ -96,6 +96,21 @@ TEST(FourierSpectrum, IsAlwaysTakenOnThePaddedLength) {
   EXPECT_DOUBLE_EQ(padded.periods.front(), 10.24);
 }
 
+TEST(FourierSpectrum, TheAmplitudesOfAPaddedWaveAreTheSumsOverItsSamplesTimesTheStep) {
+  for (const std::size_t count : {5U, 1000U}) {
+    const std::vector<double> acc = test::Noise(count, 3);
+    std::vector<double> padded = acc;
+    padded.resize(PaddedLength(count), 0.0);
+    const Spectrum spectrum = SpectrumOf(acc, 0.02);
+    ASSERT_EQ(spectrum.amplitudes.size(), padded.size() / 2);
+    for (std::size_t k = 1; k <= padded.size() / 2; ++k) {
+      const double sum = std::abs(DirectCoefficient(padded, k)) * static_cast<double>(padded.size());
+      EXPECT_NEAR(spectrum.amplitudes[k - 1], sum * 0.02, 1e-11 * static_cast<double>(count))
+          << count << ' ' << k;
+    }
+  }
+}
+
 TEST(FourierSpectrum, TheShortestPeriodIsTwoSteps) {
   EXPECT_DOUBLE_EQ(SpectrumOf(test::Noise(100, 1), 0.01).periods.back(), 0.02);
 }

@@ -7,6 +7,10 @@
 
 #include <gmock/gmock.h>
 
+#ifdef __GLIBC__
+#include <pthread.h>
+#endif
+
 namespace tremlo {
 namespace {
 
@@ -85,6 +89,46 @@ TEST(ComputeMissingSpectra, ShowsNothingWhenNoneIsMissing) {
   EXPECT_TRUE(ComputeMissingSpectra(waves, nullptr, kNoPause));
   EXPECT_THAT(log.names, IsEmpty());
 }
+
+#ifdef __GLIBC__
+
+/// While it lives no thread can begin: each would take more memory than any machine has.
+class NoThreads {
+ public:
+  NoThreads() {
+    EXPECT_EQ(pthread_getattr_default_np(&m_before), 0);
+    pthread_attr_t huge;
+    EXPECT_EQ(pthread_getattr_default_np(&huge), 0);
+    EXPECT_EQ(pthread_attr_setstacksize(&huge, std::size_t{1} << 46), 0);
+    EXPECT_EQ(pthread_setattr_default_np(&huge), 0);
+    pthread_attr_destroy(&huge);
+  }
+  ~NoThreads() {
+    pthread_setattr_default_np(&m_before);
+    pthread_attr_destroy(&m_before);
+  }
+  NoThreads(const NoThreads&) = delete;
+  NoThreads& operator=(const NoThreads&) = delete;
+
+ private:
+  pthread_attr_t m_before;
+};
+
+TEST(ComputeMissingSpectra, AFailedBatchStoresNothing) {
+  CSeismicWaveSet waves = Waves({"a", "b"});
+  waves.SetPeriods("a", {1.0});
+  waves.SetAccSpec("a", {2.0});
+  const std::vector<CSeismicWave> before = waves.Records();
+  {
+    const NoThreads none;
+    EXPECT_FALSE(ComputeMissingSpectra(waves, nullptr, kNoPause));
+  }
+  EXPECT_TRUE(waves.Records() == before);
+  EXPECT_TRUE(ComputeMissingSpectra(waves, nullptr, kNoPause)) << "and the next one works";
+  EXPECT_TRUE(waves.GetSpectrumValid("a") && waves.GetSpectrumValid("b"));
+}
+
+#endif
 
 TEST(AdjustBehindDialog, GivesTheResultOfTheRun) {
   const DialogLog log;
