@@ -6,8 +6,13 @@ namespace tremlo {
 
 namespace {
 
+/// The planes that can be chosen.
+std::size_t CandidateCount(const FaultInfo& fault) {
+  return PlaneCount(fault, fault.attenUse);
+}
+
 QString PlaneLabel(const QString& distance, const FaultInfo& fault, std::size_t plane) {
-  if (PlaneCount(fault) < 2) return distance + fault.ltename;
+  if (CandidateCount(fault) < 2) return distance + fault.ltename;
   return distance + u'(' + QString::number(plane + 1) + u')' + fault.ltename;
 }
 
@@ -31,7 +36,7 @@ std::optional<BaseItem> FindNeighbourWave(const CSeismicWaveSet& waves, const QS
 
 std::optional<BaseItem> FindPlane(const std::vector<FaultInfo>& faults, const QString& label) {
   for (std::size_t i = 0; i < faults.size(); ++i) {
-    for (std::size_t plane = 0; plane < PlaneCount(faults[i]); ++plane) {
+    for (std::size_t plane = 0; plane < CandidateCount(faults[i]); ++plane) {
       if (!faults[i].attenUse[plane]) continue;
       if (ShortestLabel(faults[i], plane) == label) return BaseItem{BaseSource::ShortestPlane, i, plane};
       if (EquivalentLabel(faults[i], plane) == label) return BaseItem{BaseSource::EquivalentPlane, i, plane};

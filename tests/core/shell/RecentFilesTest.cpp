@@ -79,15 +79,20 @@ QStringList FilesOfTheUser() {
 }
 
 TEST_F(RecentFilesTest, NothingIsKeptButTheListInItsOneFile) {
-  const QString file = qEnvironmentVariable("XDG_CONFIG_HOME") + QStringLiteral("/Tremlo/Tremlo.ini");
-  for (const QString& path : FilesOfTheUser()) QFile::remove(path);  // of tests before this one
+  const QString settings = qEnvironmentVariable("XDG_CONFIG_HOME");
+  ASSERT_TRUE(settings.startsWith(QDir::tempPath() + u'/')) << "the home of this process alone";
+  QDir(settings).removeRecursively();  // what tests before this one have left
+  const QString file = settings + QStringLiteral("/Tremlo/Tremlo.ini");
+  const QStringList before = FilesOfTheUser();
   {
     RecentFiles list;
     list.Add(P(1));
     list.Add(P(2));
     list.Remove(P(1));
   }
-  EXPECT_THAT(FilesOfTheUser(), ElementsAre(file));
+  QStringList kept = FilesOfTheUser();
+  for (const QString& path : before) kept.removeAll(path);
+  EXPECT_THAT(kept, ElementsAre(file));
   EXPECT_THAT(QSettings(file, QSettings::IniFormat).allKeys(), ElementsAre("recentFiles"));
 }
 
