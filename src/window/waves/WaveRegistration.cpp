@@ -46,6 +46,11 @@ int TimeDecimals(double timeStep) {
   return point < 0 ? 0 : std::min(kMostDecimals, static_cast<int>(text.size() - point - 1));
 }
 
+/// A text that is no number is 0.
+double TimeStepOf(const QString& text) {
+  return TextToDouble(HalfWidthNumber(text));
+}
+
 void FitHeight(CSpread7* grid) {
   grid->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   grid->setFixedHeight(grid->horizontalHeader()->sizeHint().height() + grid->verticalHeader()->length() +
@@ -90,7 +95,12 @@ void WaveRegistration::MakeFields() {
   m_countEdit->setReadOnly(true);
   m_timeStepEdit = new CExpEdit(this);
   m_timeStepEdit->setObjectName(QStringLiteral("timeStepEdit"));
-  RefuseEmpty(*m_timeStepEdit, m_prompt, QStringLiteral("時間間隔の入力エラーです。"));
+  const QString refusal = QStringLiteral("時間間隔の入力エラーです。");
+  RefuseEmpty(*m_timeStepEdit, m_prompt, refusal);
+  m_timeStepEdit->SetOwnerCheck([refusal](const QString& text) {
+    const bool tooLarge = ReadNumber(text).fault == NumberFault::TooLarge;
+    return text.isEmpty() || tooLarge ? refusal : QString();
+  });
   connect(m_timeStepEdit, &CExpEdit::Entered, this, &WaveRegistration::EnterTimeStep);
   connect(m_timeStepEdit, &CExpEdit::Abandoned, this, &WaveRegistration::ShowTimeStep);
 }
@@ -240,7 +250,7 @@ void WaveRegistration::ReadFile() {
 void WaveRegistration::EnterTimeStep() {
   CSeismicWave* const wave = Wave();
   if (!wave) return;
-  const double timeStep = TextToDouble(m_timeStepEdit->GetText());
+  const double timeStep = TimeStepOf(m_timeStepEdit->GetText());
   if (timeStep == wave->timeStep || !ChangeWave([&] { wave->timeStep = timeStep; })) {
     ShowTimeStep();
     return;
