@@ -13,4 +13,11 @@ QWidget* FrontWindow() {
   return nullptr;
 }
 
+bool IsBehindModalWindow(const QWidget& widget) {
+  const QWidget* const modal = QApplication::activeModalWidget();
+  for (const QWidget* above = &widget; modal && above; above = above->parentWidget())
+    if (above == modal) return false;
+  return modal != nullptr;
+}
+
 }  // namespace tremlo

@@ -9,4 +9,8 @@ namespace tremlo {
 /// them is on the screen.
 QWidget* FrontWindow();
 
+/// Whether a modal window stands in front of the widget's window: the user cannot reach the widget then, and
+/// what arrives for it by another way, such as the accessibility bus, must wait or be refused.
+bool IsBehindModalWindow(const QWidget& widget);
+
 }  // namespace tremlo

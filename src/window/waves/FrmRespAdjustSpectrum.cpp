@@ -53,6 +53,7 @@ void CFrmRespAdjustSpectrum::MakeControls() {
   };
   m_spectrumGrid = Named(new CSpread7(this), "spectrumGrid", QStringLiteral("加速度応答スペクトル"));
   m_spectrumGrid->SetMenu(CSpread7::Menu::FullEdit);
+  m_spectrumGrid->SetShowWarning(WarningsBy(m_prompt));
   m_spectrumGrid->SetData(std::make_shared<NumberRows>(std::vector<NumberRows::Column>{
       {QStringLiteral("周期 (sec)"), column(&CSeismicWave::periods), nullptr, {}, {}},
       {QStringLiteral("応答値 (gal)"), column(&CSeismicWave::accSpec), nullptr, {}, {}}}));

@@ -108,6 +108,7 @@ void WaveRegistration::MakeFields() {
 void WaveRegistration::MakeGrids() {
   m_sampleGrid = Named(new CSpread7(this), "sampleGrid", QStringLiteral("波形データ"));
   m_sampleGrid->SetMenu(CSpread7::Menu::FullEdit);
+  m_sampleGrid->SetShowWarning(WarningsBy(m_prompt));
   // The questions come before the grid changes the samples, and what they clear is cleared by then.
   m_sampleGrid->SetGuard([this](const GridChange&) { return ChangeWave([] {}); });
   connect(m_sampleGrid, &CSpread7::Changed, this, &WaveRegistration::ShowData);
