@@ -295,6 +295,19 @@ class Route(unittest.TestCase):
     def test_the_graph_settings_keep_their_size_at_scale_2(self):
         self.graph_settings_keep_their_size("2")
 
+    def test_numbers_typed_ahead_go_each_into_its_cell(self):
+        program = self.start()
+        self.read_record(program, self.long_record())
+        # From here on every number that is taken makes the program compute for longer than a key takes.
+        program.press("周期－加速度応答スペクトル")
+        program.find("グラフ (周期－加速度応答スペクトル)")
+        program.click_cell("波形データ", 0, 1)
+        program.keys("1", "3", "Return", "1", "4", "Return", "1", "5", "Return", "1", "6", "Tab", "1", "7", "Return")
+        program.until(lambda: program.cell("波形データ", 4, 1) == "17", "last number")
+        self.assertEqual([program.cell("波形データ", row, 1) for row in range(5)], ["13", "14", "15", "16", "17"])
+        program.screenshot("typed_ahead")
+        self.close(program, "いいえ(N)")
+
     def test_every_control_has_a_name(self):
         program = self.start()
         for step in (SEED, TARGET, RESULT):

@@ -81,7 +81,8 @@ class ScreenDriver {
   void EnterCell(const char* name, int row, int column, const char* text) {
     Click(name, row, column);
     QTest::keyClick(&Grid(name), Qt::Key_F2);
-    auto* const editor = Grid(name).viewport()->findChild<QLineEdit*>();
+    // Beside one that was closed, which the event loop has still to delete.
+    auto* const editor = qobject_cast<QLineEdit*>(QApplication::focusWidget());
     ASSERT_NE(editor, nullptr);
     editor->selectAll();
     QTest::keyClick(editor, Qt::Key_Delete);

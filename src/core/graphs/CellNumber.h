@@ -27,8 +27,26 @@ double NumberOfText(const QString& text, double fallback = kNoNumber);
 /// is.
 bool IsCheckedText(const QString& text);
 
-/// The text with the full-width digits, signs and points of an input method made half-width, and without
-/// blanks at its ends.
+/// Why a text is no number that a cell could store without cutting something off.
+enum class NumberFault { None, TooLarge, Unclear };
+
+/// What a number cell stores of a text: a number as it was written but half-width and without thousands
+/// separators, the empty text for a blank, or nothing and the fault.
+struct NumberReading {
+  QString text;
+  NumberFault fault = NumberFault::None;
+};
+
+/// How a number cell reads what the user gives it. A word without a number is 0, as a heading is; "inf" is
+/// the blank as which it is exported. A number with something behind it, or that is written in another way
+/// (1,23 or ▲5), is unclear: a part of it would be another number. One beyond the doubles is too large.
+NumberReading ReadNumber(const QString& text);
+
+/// The number that groups of three digits, separated by commas, show; empty for any other text.
+QString UngroupedNumber(const QString& text);
+
+/// The text with the full-width digits, signs, points and commas of an input method made half-width, and
+/// without blanks at its ends.
 QString HalfWidthNumber(const QString& text);
 
 }  // namespace tremlo

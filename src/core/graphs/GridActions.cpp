@@ -9,29 +9,93 @@ namespace tremlo {
 
 namespace {
 
-/// Calls `visit(row, column, field)` for the cells of the block that a field stands for, until it says true.
-template <class Visit>
-bool AnyField(const GridBlock& block, const GridText& lines, Visit visit) {
-  for (int row = block.top; row <= block.bottom; ++row) {
-    const QStringList& fields = lines[static_cast<std::size_t>(row - block.top)];
-    const int last = std::min(block.right, block.left + static_cast<int>(fields.size()) - 1);
-    for (int column = block.left; column <= last; ++column)
-      if (visit(row, column, fields[column - block.left])) return true;
+using Reason = GridRefusal::Reason;
+
+constexpr qsizetype kLongestQuotation = 60;
+
+QString ReasonText(Reason reason) {
+  switch (reason) {
+    case Reason::TooLarge:
+      return QStringLiteral("数値が大きすぎます。");
+    case Reason::NoNumber:
+      return QStringLiteral("数値として読めません。");
+    case Reason::NoChoice:
+      return QStringLiteral("選択肢にない値です。");
+    case Reason::PastColumns:
+      return QStringLiteral("貼り付ける列が表に入りきりません。");
+    case Reason::PastRows:
+      return QStringLiteral("貼り付ける行が表に入りきりません。");
+    case Reason::UnclearComma:
+      break;
   }
-  return false;
+  return QStringLiteral(
+      "コンマが桁区切りか列の区切りか判断できません。\n"
+      "（桁区切りのコンマを除くか、列をタブで区切ってください。）");
+}
+
+QString TitleOr(const QString& title, int number) {
+  return title.isEmpty() ? QString::number(number) : title;
+}
+
+bool IsLineEnd(QChar c) {
+  return c == u'\n' || c == u'\r' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
+}
+
+/// A text without its line ends, those within it being blanks: a cell shows one line.
+QString OneLine(const QString& text) {
+  if (std::none_of(text.begin(), text.end(), IsLineEnd)) return text;
+  QString line;
+  bool behindLine = false;
+  for (const QChar c : text) {
+    if (IsLineEnd(c)) {
+      behindLine = true;
+      continue;
+    }
+    if (behindLine && !line.isEmpty()) line += u' ';
+    behindLine = false;
+    line += c;
+  }
+  return line;
+}
+
+CellAnswer NumberAnswer(const QString& text) {
+  const NumberReading reading = ReadNumber(text);
+  switch (reading.fault) {
+    case NumberFault::TooLarge:
+      return {{}, Reason::TooLarge};
+    case NumberFault::Unclear:
+      return {{}, Reason::NoNumber};
+    case NumberFault::None:
+      break;
+  }
+  return {reading.text, {}};
 }
 
 }  // namespace
 
-std::optional<QString> AcceptedText(const GridData& data, int row, int column, const QString& text) {
+QString RefusalText(const GridData& data, const GridRefusal& refusal) {
+  const bool known = refusal.row <= data.RowCount();
+  QString text = ReasonText(refusal.reason) + QStringLiteral("\n\n行：") +
+                 TitleOr(known ? data.Text(refusal.row, 0) : QString(), refusal.row);
+  if (refusal.column > 0)
+    text += QStringLiteral("\n列：") + TitleOr(data.Text(0, refusal.column), refusal.column);
+  const bool isLong = refusal.text.size() > kLongestQuotation;
+  text += QStringLiteral("\n内容：") + refusal.text.left(kLongestQuotation).simplified();
+  return isLong ? text + u'…' : text;
+}
+
+CellAnswer AnswerOfCell(const GridData& data, int row, int column, const QString& text) {
   const CellFormat format = data.Format(row, column);
   if (format.locked) return {};
-  const auto ifTaken = [&](bool takes) { return takes ? std::optional<QString>(text) : std::nullopt; };
+  const auto ifTaken = [&](bool takes) -> CellAnswer {
+    if (takes) return {text, {}};
+    return text.isEmpty() ? CellAnswer() : CellAnswer{{}, Reason::NoChoice};
+  };
   switch (format.type) {
     case CellType::Text:
-      return text;
+      return {OneLine(text), {}};
     case CellType::Number:
-      return HalfWidthNumber(text);
+      return NumberAnswer(text);
     case CellType::List:
       return ifTaken(format.choices.contains(text));
     case CellType::Check:
@@ -54,32 +118,11 @@ GridText CopyCells(const GridData& data, const GridBlock& block) {
   return lines;
 }
 
-GridBlock PasteBlock(const GridData& data, int row, int column, const GridText& lines) {
-  if (row < 1 || column < 1 || lines.empty()) return {};
-  qsizetype width = 0;
-  for (const QStringList& fields : lines) width = std::max(width, fields.size());
-  GridBlock block{row, column, row + static_cast<int>(lines.size()) - 1,
-                  column + static_cast<int>(width) - 1};
-  block.right = std::min(block.right, data.ColumnCount());
-  if (!data.Grows()) block.bottom = std::min(block.bottom, data.RowCount());
-  const bool takesAny = !block.IsEmpty() && AnyField(block, lines, [&](int r, int c, const QString& field) {
-    return AcceptedText(data, r, c, field).has_value();
-  });
-  return takesAny ? block : GridBlock();
-}
-
-void PasteCells(GridData& data, const GridBlock& block, const GridText& lines) {
-  AnyField(block, lines, [&](int row, int column, const QString& field) {
-    if (const auto text = AcceptedText(data, row, column, field)) data.SetText(row, column, *text);
-    return false;
-  });
-}
-
 bool HasClearableCell(const GridData& data, const GridBlock& block) {
   if (block.IsEmpty()) return false;
   for (int row = block.top; row <= block.bottom; ++row)
     for (int column = block.left; column <= block.right; ++column)
-      if (AcceptedText(data, row, column, QString())) return true;
+      if (AnswerOfCell(data, row, column, QString()).text) return true;
   return false;
 }
 
@@ -87,7 +130,7 @@ void ClearCells(GridData& data, const GridBlock& block) {
   if (block.IsEmpty()) return;
   for (int row = block.top; row <= block.bottom; ++row)
     for (int column = block.left; column <= block.right; ++column)
-      if (AcceptedText(data, row, column, QString())) data.SetText(row, column, QString());
+      if (AnswerOfCell(data, row, column, QString()).text) data.SetText(row, column, QString());
 }
 
 int FirstOpenColumn(const GridData& data) {

@@ -59,6 +59,8 @@ class GridData {
   virtual QString Text(int row, int column) const = 0;
   /// Stores the text of a cell; the empty text empties it.
   virtual void SetText(int row, int column, const QString& text) = 0;
+  /// Whether SetText would change what is stored: 1.50 in place of 1.5 does not.
+  virtual bool WouldChange(int row, int column, const QString& text) const;
   /// Of data that grows, also for rows past the last.
   virtual CellFormat Format(int row, int column) const = 0;
   /// What copying takes from a cell: its text, or the number behind a text that is rounded.
@@ -66,6 +68,8 @@ class GridData {
 
   /// Whether the user may insert and remove rows. Data that says so implements the two operations.
   virtual bool Grows() const { return false; }
+  /// Makes room for so many more rows, so that InsertRows does not fail. Throws where memory is short.
+  virtual void ReserveRows(int count);
   virtual void InsertRows(int before, int count);
   virtual void RemoveRows(int first, int count);
 };

@@ -1,8 +1,19 @@
 #include "core/graphs/GridTable.h"
 
+#include "core/graphs/CellNumber.h"
+
 #include <algorithm>
 
 namespace tremlo {
+
+bool GridData::WouldChange(int row, int column, const QString& text) const {
+  if (text == Text(row, column)) return false;
+  const QString stored = ExactText(row, column);
+  const bool numbers = Format(row, column).type == CellType::Number && !text.isEmpty() && !stored.isEmpty();
+  return !numbers || NumberOfText(text) != NumberOfText(stored);
+}
+
+void GridData::ReserveRows(int /*count*/) {}
 
 void GridData::InsertRows(int /*before*/, int /*count*/) {}
 

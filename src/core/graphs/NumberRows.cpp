@@ -14,6 +14,11 @@ namespace {
 /// A view counts the pixels of all its rows in an int, which more rows than these would overflow.
 constexpr int kMostRows = 20'000'000;
 
+double ValueOf(const NumberRows::Column& column, const QString& text) {
+  const double value = NumberOfText(text, column.blank.value_or(0.0));
+  return std::isfinite(value) || value == column.blank ? value : 0.0;
+}
+
 }  // namespace
 
 int NumberRows::RowCount() const {
@@ -62,13 +67,21 @@ QString NumberRows::ExactText(int row, int column) const {
   return TextOf(row, *found, found->values ? std::nullopt : found->decimals);
 }
 
-void NumberRows::SetText(int row, int column, const QString& text) {
+double* NumberRows::Element(int row, int column) const {
   const Column* const found = Find(column);
   std::vector<double>* const values = found && found->values ? found->values() : nullptr;
-  if (!values || row < 1 || static_cast<std::size_t>(row) > values->size()) return;
-  double value = NumberOfText(text, found->blank.value_or(0.0));
-  if (!std::isfinite(value) && value != found->blank) value = 0.0;
-  (*values)[static_cast<std::size_t>(row - 1)] = value;
+  if (!values || row < 1 || static_cast<std::size_t>(row) > values->size()) return nullptr;
+  return &(*values)[static_cast<std::size_t>(row - 1)];
+}
+
+void NumberRows::SetText(int row, int column, const QString& text) {
+  if (double* const element = Element(row, column)) *element = ValueOf(*Find(column), text);
+}
+
+bool NumberRows::WouldChange(int row, int column, const QString& text) const {
+  const double* const element = Element(row, column);
+  // A number shown rounded is not meant to be rounded by the one who leaves it as it looks.
+  return element && text != Text(row, column) && ValueOf(*Find(column), text) != *element;
 }
 
 CellFormat NumberRows::Format(int /*row*/, int column) const {
@@ -77,6 +90,16 @@ CellFormat NumberRows::Format(int /*row*/, int column) const {
   format.type = CellType::Number;
   format.locked = !found || !found->values;
   return format;
+}
+
+void NumberRows::ReserveRows(int count) {
+  for (const Column& column : m_columns) {
+    std::vector<double>* const values = column.values ? column.values() : nullptr;
+    if (!values || count < 1) continue;
+    const std::size_t needed = values->size() + static_cast<std::size_t>(count);
+    // Rows that are added one by one must not copy the list each time.
+    if (needed > values->capacity()) values->reserve(std::max(needed, values->size() + values->size() / 2));
+  }
 }
 
 void NumberRows::InsertRows(int before, int count) {

@@ -31,13 +31,17 @@ class NumberRows : public GridData {
   QString ExactText(int row, int column) const override;
   /// A text that does not parse, and a number that is not finite, counts as 0.
   void SetText(int row, int column, const QString& text) override;
+  bool WouldChange(int row, int column, const QString& text) const override;
   CellFormat Format(int row, int column) const override;
-  bool Grows() const override;                      ///< not when there are more elements than rows are shown
+  bool Grows() const override;  ///< not when there are more elements than rows are shown
+  void ReserveRows(int count) override;
   void InsertRows(int before, int count) override;  ///< rows of 0
   void RemoveRows(int first, int count) override;
 
  private:
   const Column* Find(int column) const;
+  /// The element that a cell shows; null for a computed one.
+  double* Element(int row, int column) const;
   QString TextOf(int row, const Column& column, std::optional<int> decimals) const;
 
   std::vector<Column> m_columns;

@@ -104,6 +104,7 @@ EntryFault CheckEntry(const EntryRule& rule, const QString& text) {
   if (rule.kind == EntryKind::Text || text.isEmpty()) return EntryFault::None;
   if (!IsNumberText(text, rule.kind == EntryKind::Decimal)) return EntryFault::NoNumber;
   if (!IsInRange(rule, text)) return EntryFault::OutOfRange;
+  if (rule.kind == EntryKind::Decimal && !std::isfinite(TextToDouble(text))) return EntryFault::NoNumber;
   return HasAllowedDigits(text, rule.decimals) ? EntryFault::None : EntryFault::Digits;
 }
 

@@ -11,6 +11,11 @@ namespace {
 constexpr int kXRow = 1, kYRow = 2;
 constexpr int kName = 1, kMin = 2, kMax = 3, kStep = 4;
 
+double ValueOf(const QString& text, double stored) {
+  const double value = NumberOfText(text, stored);
+  return std::isfinite(value) ? value : stored;
+}
+
 }  // namespace
 
 QString RangeRows::Title() const {
@@ -32,11 +37,12 @@ QString RangeRows::Text(int row, int column) const {
 }
 
 void RangeRows::SetText(int row, int column, const QString& text) {
+  if (const auto field = FieldOf(row, column)) m_block.** field = ValueOf(text, m_block.**field);
+}
+
+bool RangeRows::WouldChange(int row, int column, const QString& text) const {
   const auto field = FieldOf(row, column);
-  if (!field) return;
-  double& stored = m_block.**field;
-  const double value = NumberOfText(text, stored);
-  if (std::isfinite(value)) stored = value;
+  return field && ValueOf(text, m_block.**field) != m_block.**field;
 }
 
 CellFormat RangeRows::Format(int row, int column) const {

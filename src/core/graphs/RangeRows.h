@@ -26,6 +26,7 @@ class RangeRows : public GridData {
   int ColumnCount() const override { return 4; }
   QString Text(int row, int column) const override;
   void SetText(int row, int column, const QString& text) override;
+  bool WouldChange(int row, int column, const QString& text) const override;
   CellFormat Format(int row, int column) const override;
 
  private:

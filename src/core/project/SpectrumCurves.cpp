@@ -85,7 +85,8 @@ std::optional<GraphSeries> TargetCurve(const CMorvaneDoc& doc) {
     target = {doc.respSpectra.At(0).periods, doc.respSpectra.At(0).accSpec};
   }
   std::vector<GraphSeries> curves;
-  AddCurve(curves, QStringLiteral("目標スペクトル"), target, {.color = kTargetColor, .line = CurveLine::Dashed});
+  AddCurve(curves, QStringLiteral("目標スペクトル"), target,
+           {.color = kTargetColor, .line = CurveLine::Dashed});
   if (curves.empty()) return std::nullopt;
   return std::move(curves.front());
 }

@@ -213,7 +213,18 @@ void CExpEdit::contextMenuEvent(QContextMenuEvent* event) {
   menu->popup(event->globalPos());
 }
 
+void CExpEdit::dragEnterEvent(QDragEnterEvent* event) {
+  // While the text is dragged over the field its selection goes.
+  if (event->source() == this && hasSelectedText()) m_draggedFrom = selectionStart();
+  QLineEdit::dragEnterEvent(event);
+}
+
 void CExpEdit::dropEvent(QDropEvent* event) {
+  if (event->source() == this && !event->modifiers().testFlag(Qt::ControlModifier) && !isReadOnly()) {
+    MoveText(m_draggedFrom, event->mimeData()->text(), cursorPositionAt(event->position().toPoint()));
+    event->acceptProposedAction();
+    return;
+  }
   const QString dropped = PastedText(m_rule, event->mimeData()->text());
   if (isReadOnly() || dropped.isEmpty() || !FitsInto(m_rule, {text(), 0, 0}, dropped)) {
     QApplication::beep();
@@ -232,12 +243,29 @@ void CExpEdit::dropEvent(QDropEvent* event) {
   event->setAccepted(taken.isAccepted());
 }
 
+/// Moved text counts once towards the limit: it is taken out before it is put back in.
+void CExpEdit::MoveText(int from, const QString& moved, int to) {
+  const int length = static_cast<int>(moved.size());
+  const bool outside = to < from || to > from + length;
+  if (from < 0 || text().mid(from, length) != moved) return;
+  const int place = !outside ? from : to > from ? to - length : to;
+  setSelection(from, length);
+  if (outside) {
+    del();
+    setCursorPosition(place);
+    insert(moved);
+  }
+  setSelection(place, length);
+}
+
 void CExpEdit::changeEvent(QEvent* event) {
   QLineEdit::changeEvent(event);
-  if (event->type() == QEvent::ReadOnlyChange || event->type() == QEvent::PaletteChange) UpdateLook();
+  const bool palette = event->type() == QEvent::PaletteChange && !m_updatingLook;
+  if (palette || event->type() == QEvent::ReadOnlyChange) UpdateLook();
 }
 
 void CExpEdit::UpdateLook() {
+  const QScopedValueRollback updating(m_updatingLook, true);
   QPalette colors;
   const QPalette standard = QApplication::palette(this);
   if (isReadOnly()) {

@@ -65,6 +65,7 @@ class CExpEdit : public QLineEdit {
   void focusOutEvent(QFocusEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
   void changeEvent(QEvent* event) override;
 
@@ -79,6 +80,7 @@ class CExpEdit : public QLineEdit {
   void Refuse(Refusal refusal);
   void TellRefusal();
   void PasteFrom(QClipboard::Mode mode);
+  void MoveText(int from, const QString& moved, int to);
   void UpdateLook();
 
   EntryRule m_rule;
@@ -94,6 +96,8 @@ class CExpEdit : public QLineEdit {
   bool m_enterPressed = false;
   bool m_selectAllOnFocus = true;
   bool m_selectOnRelease = false;
+  bool m_updatingLook = false;
+  int m_draggedFrom = -1;   ///< where the selection began that is dragged
   bool m_refusing = false;  ///< from a refusal until text and focus are back
 };
 

@@ -9,12 +9,15 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QHelpEvent>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
 #include <QRegularExpression>
-#include <QTimer>
+#include <QScopedValueRollback>
 #include <QToolTip>
 #include <QValidator>
+
+#include <optional>
 
 namespace tremlo {
 
@@ -31,9 +34,47 @@ class NumberCellValidator : public QValidator {
   State validate(QString& input, int& /*position*/) const override {
     static const QRegularExpression kNumber(QStringLiteral("^[-+]?[0-9]*\\.?[0-9]*([eE][-+]?[0-9]*)?$"));
     input = HalfWidthNumber(input);
+    const QString plain = UngroupedNumber(input);  // as a page shows it, pasted into the editor
+    if (!plain.isEmpty()) input = plain;
     return kNumber.match(input).hasMatch() ? Acceptable : Invalid;
   }
 };
+
+/// The list of a cell. Keys choose within it until it is left; what is chosen from the open list is taken at
+/// once.
+class ListEditor : public QComboBox {
+ public:
+  using QComboBox::QComboBox;
+  bool IsChoosingByKey() const { return m_byKey; }
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    const QScopedValueRollback byKey(m_byKey, true);
+    QComboBox::keyPressEvent(event);
+  }
+  /// The wheel scrolls the grid and chooses nothing.
+  void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+
+ private:
+  bool m_byKey = false;
+};
+
+std::optional<GridDelegate::EntryEnd> EndBy(const QKeyEvent& key) {
+  using End = GridDelegate::EntryEnd;
+  if (key.modifiers() & (Qt::AltModifier | Qt::MetaModifier)) return {};
+  const bool leave = key.modifiers().testFlag(Qt::ControlModifier);
+  switch (key.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      return End::Below;
+    case Qt::Key_Tab:
+      return leave ? End::LeaveForward : End::Next;
+    case Qt::Key_Backtab:
+      return leave ? End::LeaveBackward : End::Previous;
+    default:
+      return {};
+  }
+}
 
 QStyle& StyleOf(const QStyleOptionViewItem& option) {
   return option.widget ? *option.widget->style() : *QApplication::style();
@@ -114,6 +155,8 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
 QWidget* GridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& /*option*/,
                                     const QModelIndex& index) const {
   const CellFormat format = m_model->Format(index);
+  m_shown = QString();
+  m_composing = false;
   if (format.type == CellType::List) {
     m_editor = MakeListEditor(parent, format.choices);
   } else {
@@ -133,31 +176,55 @@ QWidget* GridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
 }
 
 QWidget* GridDelegate::MakeListEditor(QWidget* parent, const QStringList& choices) const {
-  auto* const combo = new QComboBox(parent);
+  auto* const combo = new ListEditor(parent);
   combo->addItems(choices);
   auto* const self = const_cast<GridDelegate*>(this);
   connect(combo, &QComboBox::activated, self, [self, combo] {
+    if (combo->IsChoosingByKey()) return;
     Q_EMIT self->commitData(combo);
     Q_EMIT self->closeEditor(combo);
   });
-  // The list can only open once the editor has its place.
-  QTimer::singleShot(0, combo, &QComboBox::showPopup);
   return combo;
+}
+
+bool GridDelegate::IsWrittenIn(const QWidget* editor) const {
+  if (const auto* const combo = qobject_cast<const QComboBox*>(editor))
+    return combo->currentIndex() != combo->findText(m_shown);
+  const auto* const line = qobject_cast<const QLineEdit*>(editor);
+  return m_composing || (line && line->isModified());
 }
 
 void GridDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const {
   const QString text = index.data(Qt::EditRole).toString();
+  const bool opens = m_shown.isNull();
+  if (!opens && (text == m_shown || IsWrittenIn(editor))) return;
+  m_shown = text.isNull() ? QStringLiteral("") : text;
   if (auto* const combo = qobject_cast<QComboBox*>(editor)) combo->setCurrentIndex(combo->findText(text));
-  if (auto* const line = qobject_cast<QLineEdit*>(editor)) line->setText(text);
+  if (auto* const line = qobject_cast<QLineEdit*>(editor)) {
+    line->setText(text);
+    if (!opens) line->selectAll();
+  }
 }
 
-void GridDelegate::setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const {
+void GridDelegate::setModelData(QWidget* editor, QAbstractItemModel* /*model*/,
+                                const QModelIndex& index) const {
   const auto* const combo = qobject_cast<QComboBox*>(editor);
   const auto* const line = qobject_cast<QLineEdit*>(editor);
   if (combo && combo->currentIndex() < 0) return;
   const QString text = combo ? combo->currentText() : line ? line->text() : QString();
-  // A number shown rounded must not flow back when nobody has touched it.
-  if (text != index.data(Qt::EditRole).toString()) model->setData(index, text, Qt::EditRole);
+  if (text != index.data(Qt::EditRole).toString()) m_take(index.row() + 1, index.column() + 1, text);
+}
+
+bool GridDelegate::eventFilter(QObject* watched, QEvent* event) {
+  if (m_editor && watched == m_editor) {
+    if (event->type() == QEvent::InputMethod) m_composing = true;
+    if (event->type() == QEvent::KeyPress)
+      if (const auto end = EndBy(*static_cast<QKeyEvent*>(event))) {
+        Q_EMIT EntryEnded(m_editor, *end);
+        return true;
+      }
+  }
+  return QStyledItemDelegate::eventFilter(watched, event);
 }
 
 void GridDelegate::destroyEditor(QWidget* editor, const QModelIndex& index) const {

@@ -8,6 +8,15 @@
 
 namespace tremlo {
 
+namespace {
+
+QString SpokenCheck(const QString& title, const QString& text) {
+  const QString state = IsCheckedText(text) ? QStringLiteral("オン") : QStringLiteral("オフ");
+  return title.isEmpty() ? state : title + u' ' + state;
+}
+
+}  // namespace
+
 GridModel::GridModel(std::shared_ptr<GridData> data, EditCell editCell, QObject* parent)
     : QAbstractTableModel(parent), m_data(std::move(data)), m_editCell(std::move(editCell)) {
   m_rows = m_data->RowCount();
@@ -105,6 +114,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     case Qt::AccessibleTextRole:
       if (format.type == CellType::Color)
         if (const auto color = TextToColor(text())) return SpokenColor(*color);
+      if (format.type == CellType::Check) return SpokenCheck(m_data->Text(0, index.column() + 1), text());
       return {};
     default:
       return {};

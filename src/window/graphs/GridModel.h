@@ -13,7 +13,8 @@ namespace tremlo {
 /// the view and the data agree on it between a change behind the view's back and Refresh.
 class GridModel : public QAbstractTableModel {
  public:
-  /// Takes what the user wrote into a cell; says whether it was taken.
+  /// Takes what comes for a cell from outside the grid's own editors, as over the accessibility bus; says
+  /// whether it will be looked at.
   using EditCell = std::function<bool(int row, int column, const QString& text)>;
 
   GridModel(std::shared_ptr<GridData> data, EditCell editCell, QObject* parent);
@@ -31,7 +32,7 @@ class GridModel : public QAbstractTableModel {
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
-  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+  QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
   Qt::ItemFlags flags(const QModelIndex& index) const override;
   bool setData(const QModelIndex& index, const QVariant& value, int role) override;
 

@@ -2,26 +2,35 @@
 
 #include "core/graphs/CellNumber.h"
 #include "core/graphs/ColorText.h"
-#include "core/graphs/GridActions.h"
+#include "core/graphs/GridPaste.h"
 #include "core/graphs/GridTable.h"
 #include "window/graphs/BgrColor.h"
 #include "window/graphs/EntryGate.h"
-#include "window/graphs/GridDelegate.h"
+#include "window/graphs/GridAccess.h"
 #include "window/graphs/GridModel.h"
+#include "window/graphs/ModalWindow.h"
 
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QColorDialog>
+#include <QComboBox>
 #include <QContextMenuEvent>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPainter>
+#include <QPersistentModelIndex>
+#include <QPointer>
+#include <QScopeGuard>
 #include <QScopedValueRollback>
+#include <QTimer>
+#include <QToolTip>
 
 #include <algorithm>
+#include <new>
 
 namespace tremlo {
 
@@ -43,17 +52,21 @@ CSpread7::CSpread7(QWidget* parent)
       m_table(std::make_shared<GridTable>()),
       m_model(new GridModel(
           m_table,
+          [this](int row, int column, const QString& text) { return TakeFromOutside(row, column, text); },
+          this)),
+      m_delegate(new GridDelegate(
+          m_model,
           [this](int row, int column, const QString& text) {
             Post([=, this] { return ApplyEdit(row, column, text); });
-            return true;
           },
           this)),
-      m_delegate(new GridDelegate(m_model, this)),
       m_gate(new EntryGate(this, [this] { return FinishEdit(); })),
       m_menu(new QMenu(QStringLiteral("値編集"), this)),
       m_chooseColor(ChooseColorInDialog) {
+  InstallGridAccess();
   setModel(m_model);
   setItemDelegate(m_delegate);
+  connect(m_delegate, &GridDelegate::EntryEnded, this, &CSpread7::EndEntry);
   m_menu->setObjectName(QStringLiteral("menu"));
   m_menu->setAccessibleName(m_menu->title());
   if (auto* const corner = findChild<QAbstractButton*>()) {
@@ -71,8 +84,10 @@ CSpread7::CSpread7(QWidget* parent)
   verticalHeader()->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("0000")) + kRowPadding);
   verticalHeader()->setHighlightSections(false);
   horizontalHeader()->setHighlightSections(false);
+  FollowHeader(*verticalHeader());
+  FollowHeader(*horizontalHeader());
   connect(this, &QTableView::clicked, this, [this](const QModelIndex& index) {
-    if (QApplication::keyboardModifiers() == Qt::NoModifier) PressCell(index);
+    if (QApplication::keyboardModifiers() == Qt::NoModifier && RunPosted()) PressCell(index);
   });
 }
 
@@ -177,6 +192,8 @@ void CSpread7::SetColumnWidth(int column, int width) {
 }
 
 void CSpread7::SetSpan(int row, int column, int rows, int columns) {
+  const bool single = rows == 1 && columns == 1;
+  if (single && rowSpan(row - 1, column - 1) == 1 && columnSpan(row - 1, column - 1) == 1) return;
   setSpan(row - 1, column - 1, rows, columns);
 }
 
@@ -186,12 +203,14 @@ QString CSpread7::GetCellText(int row, int column) const {
 
 void CSpread7::SetCellText(int row, int column, const QString& text) {
   Data().SetText(row, column, text);
-  if (row >= 1 && column >= 1)
+  if (row >= 1 && column >= 1) {
     m_model->TellCells({row, column, row, column});
-  else if (row == 0 && column >= 1 && column <= m_model->columnCount())
+    if (Data().Format(row, column).type == CellType::Check) TellCheckState(*this, row, column);
+  } else if (row == 0 && column >= 1 && column <= m_model->columnCount()) {
     Q_EMIT m_model->headerDataChanged(Qt::Horizontal, column - 1, column - 1);
-  else if (column == 0 && row >= 1 && row <= m_model->rowCount())
+  } else if (column == 0 && row >= 1 && row <= m_model->rowCount()) {
     Q_EMIT m_model->headerDataChanged(Qt::Vertical, row - 1, row - 1);
+  }
 }
 
 double CSpread7::GetCellNumber(int row, int column) const {
@@ -301,14 +320,38 @@ bool CSpread7::FinishEdit() {
   return RunPosted();
 }
 
+void CSpread7::Press(int row, int column) {
+  const auto press = [=, this] {
+    if (!isEnabled() || !MayAct()) return;
+    setCurrentIndex(IndexOf(row, column));
+    PressCell(currentIndex());
+  };
+  if (!IsBehindModalWindow(this)) QMetaObject::invokeMethod(this, press, Qt::QueuedConnection);
+}
+
+bool CSpread7::MayAct() {
+  return !IsBehindModalWindow(this) && FinishEdit();
+}
+
+void CSpread7::Refuse(const GridRefusal& refusal) {
+  m_show(window(), QStringLiteral("Tremlo"), RefusalText(Data(), refusal));
+}
+
 void CSpread7::Post(std::function<bool()> task) {
   m_posted.push_back(std::move(task));
   QMetaObject::invokeMethod(this, &CSpread7::RunPosted, Qt::QueuedConnection);
 }
 
 bool CSpread7::RunPosted() {
+  // A task may open a box, and one that is up has none behind it.
+  if (m_running || IsBehindModalWindow(this)) return m_posted.empty();
+  const QPointer<CSpread7> self(this);
+  m_running = true;
+  const auto end = qScopeGuard([this, self] {
+    if (self) m_running = false;
+  });
   bool accepted = true;
-  while (!m_posted.empty()) {
+  while (self && !m_posted.empty()) {
     const std::function<bool()> task = std::move(m_posted.front());
     m_posted.pop_front();
     if (!task()) accepted = false;
@@ -317,12 +360,30 @@ bool CSpread7::RunPosted() {
 }
 
 bool CSpread7::ApplyEdit(int row, int column, const QString& text) {
-  const auto accepted = AcceptedText(Data(), row, column, text);
-  if (!accepted || *accepted == GetCellText(row, column)) return true;
+  if (row > RowCount() || column > ColumnCount()) return true;
+  const CellAnswer answer = AnswerOfCell(Data(), row, column, text);
+  if (answer.refusal) {
+    Refuse({*answer.refusal, row, column, text});
+    return false;
+  }
+  if (!answer.text || !Data().WouldChange(row, column, *answer.text)) return true;
   const GridChange change{GridChange::Action::Edit, {row, column, row, column}};
   if (!Allows(change)) return false;
-  SetCellText(row, column, *accepted);
+  SetCellText(row, column, *answer.text);
   Q_EMIT Changed(change);
+  return true;
+}
+
+bool CSpread7::TakeFromOutside(int row, int column, const QString& text) {
+  if (!isEnabled() || IsBehindModalWindow(this)) return false;
+  const bool check = Data().Format(row, column).type == CellType::Check;
+  if (check)
+    Post([=, this] {
+      PressCheckCell(row, column, text == QStringLiteral("1"));
+      return true;
+    });
+  else
+    Post([=, this] { return ApplyEdit(row, column, text); });
   return true;
 }
 
@@ -333,18 +394,24 @@ bool CSpread7::PressCell(const QModelIndex& index) {
   const int column = index.column() + 1;
   switch (format.type) {
     case CellType::Check:
-      if (ApplyEdit(row, column, GetCheck(row, column) ? QStringLiteral("0") : QStringLiteral("1")))
-        Q_EMIT CellClicked(row, column);
+      PressCheckCell(row, column, !GetCheck(row, column));
       return true;
     case CellType::Color:
       PressColorCell(row, column);
       return true;
     case CellType::List:
-      if (state() != EditingState) QTableView::edit(index);
+      if (!m_delegate->Editor()) QTableView::edit(index);
       return true;
     default:
       return false;
   }
+}
+
+void CSpread7::PressCheckCell(int row, int column, bool checked) {
+  const bool locked = Data().Format(row, column).locked;
+  if (locked || checked == GetCheck(row, column)) return;
+  if (ApplyEdit(row, column, checked ? QStringLiteral("1") : QStringLiteral("0")))
+    Q_EMIT CellClicked(row, column);
 }
 
 void CSpread7::PressColorCell(int row, int column) {
@@ -358,19 +425,20 @@ void CSpread7::ShowRow(int row, int column) {
 }
 
 void CSpread7::InsertRow() {
-  if (!Data().Grows()) return;
-  const GridBlock selected = SelectedCells();
-  const int row = selected.IsEmpty() ? RowCount() + 1 : selected.top;
+  if (!MayAct() || !Data().Grows()) return;
+  const bool active = currentIndex().isValid();
+  const int row = active ? ActiveRow() : RowCount() + 1;
+  const int column = active ? ActiveColumn() : FirstOpenColumn(Data());
   const GridChange change{GridChange::Action::InsertRow, {row, 1, row, ColumnCount()}};
   if (!Allows(change)) return;
   const QScopedValueRollback quiet(m_quiet, true);
   m_model->InsertGridRows(row, 1);
-  ShowRow(row, selected.IsEmpty() ? FirstOpenColumn(Data()) : selected.left);
+  ShowRow(row, column);
   Q_EMIT Changed(change);
 }
 
 void CSpread7::AppendRow() {
-  if (!Data().Grows()) return;
+  if (!MayAct() || !Data().Grows()) return;
   const int row = RowCount() + 1;
   const GridChange change{GridChange::Action::AppendRow, {row, 1, row, ColumnCount()}};
   if (!Allows(change)) return;
@@ -381,6 +449,7 @@ void CSpread7::AppendRow() {
 }
 
 void CSpread7::RemoveRows() {
+  if (!MayAct()) return;
   const GridBlock selected = SelectedCells();
   if (!Data().Grows() || selected.IsEmpty()) return;
   const GridChange change{GridChange::Action::RemoveRows, {selected.top, 1, selected.bottom, ColumnCount()}};
@@ -392,6 +461,7 @@ void CSpread7::RemoveRows() {
 }
 
 void CSpread7::Cut() {
+  if (!MayAct()) return;
   const GridBlock block = SelectedCells();
   if (!HasClearableCell(Data(), block)) return;
   const GridChange change{GridChange::Action::Cut, block};
@@ -402,24 +472,33 @@ void CSpread7::Cut() {
 }
 
 void CSpread7::Copy() {
+  if (!MayAct()) return;
   const GridBlock block = SelectedCells();
   if (!block.IsEmpty()) QApplication::clipboard()->setText(FormatGridText(CopyCells(Data(), block)));
 }
 
 void CSpread7::Paste() {
+  if (!MayAct()) return;
   const GridBlock selected = SelectedCells();
   const int row = selected.IsEmpty() ? RowCount() + 1 : selected.top;
   const int column = selected.IsEmpty() ? FirstOpenColumn(Data()) : selected.left;
-  const bool numbers = Data().Format(row, column).type == CellType::Number;
-  const GridText lines = ParseGridText(QApplication::clipboard()->text(),
-                                       numbers ? FieldSeparator::TabOrComma : FieldSeparator::Tab);
-  const GridBlock block = PasteBlock(Data(), row, column, lines);
+  GridPaste paste;
+  try {
+    paste = ReadPaste(Data(), row, column, QApplication::clipboard()->text());
+    Data().ReserveRows(paste.block.bottom - RowCount());
+  } catch (const std::bad_alloc&) {
+    m_show(window(), QStringLiteral("Tremlo"),
+           QStringLiteral("メモリが不足しているため貼り付けできません。"));
+    return;
+  }
+  if (paste.refusal) Refuse(*paste.refusal);
+  const GridBlock& block = paste.block;
   if (block.IsEmpty()) return;
   const GridChange change{GridChange::Action::Paste, block};
   if (!Allows(change)) return;
   const QScopedValueRollback quiet(m_quiet, true);
   m_model->InsertGridRows(RowCount() + 1, block.bottom - RowCount());
-  PasteCells(Data(), block, lines);
+  PasteCells(Data(), paste);
   m_model->TellCells(block);
   SelectBlock(block);
   Q_EMIT Changed(change);
@@ -431,6 +510,53 @@ void CSpread7::ClearBlock(const GridBlock& block) {
   m_model->TellCells(cells);
 }
 
+bool CSpread7::event(QEvent* event) {
+  if (event->type() == QEvent::WindowUnblocked && !m_posted.empty())
+    QMetaObject::invokeMethod(this, &CSpread7::RunPosted, Qt::QueuedConnection);
+  return QTableView::event(event);
+}
+
+bool CSpread7::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::ToolTip)
+    for (const QHeaderView* const header : {horizontalHeader(), verticalHeader()})
+      if (header && watched == header->viewport()) {
+        ShowHeaderTip(*header, *static_cast<QHelpEvent*>(event));
+        return true;
+      }
+  return QTableView::eventFilter(watched, event);
+}
+
+void CSpread7::FollowHeader(QHeaderView& header) {
+  header.viewport()->installEventFilter(this);
+  header.setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(&header, &QWidget::customContextMenuRequested, this,
+          [this, &header](const QPoint& spot) { OpenHeaderMenu(header, spot); });
+}
+
+void CSpread7::OpenHeaderMenu(QHeaderView& header, const QPoint& spot) {
+  setFocus(Qt::MouseFocusReason);
+  const bool ofRows = header.orientation() == Qt::Vertical;
+  const int section = header.logicalIndexAt(spot);
+  // The commands act on the selection: it must hold what was pointed at.
+  if (section >= 0 && ofRows && !selectionModel()->rowIntersectsSelection(section)) selectRow(section);
+  if (section >= 0 && !ofRows && !selectionModel()->isColumnSelected(section)) selectColumn(section);
+  Q_EMIT RightClicked(ofRows ? section + 1 : 0, ofRows ? 0 : section + 1);
+  if (!m_menu->isEmpty()) m_menu->popup(header.viewport()->mapToGlobal(spot));
+}
+
+void CSpread7::ShowHeaderTip(const QHeaderView& header, const QHelpEvent& event) {
+  const bool ofRows = header.orientation() == Qt::Vertical;
+  const int section = header.logicalIndexAt(event.pos());
+  const QString title =
+      section < 0 ? QString() : m_model->headerData(section, header.orientation()).toString();
+  const int margin = header.style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, &header);
+  const int room = (ofRows ? header.width() : header.sectionSize(section)) - 2 * margin;
+  const bool cut = header.fontMetrics().horizontalAdvance(title) > room;
+  QToolTip::showText(event.globalPos(),
+                     cut ? QStringLiteral("<qt>%1</qt>").arg(title.toHtmlEscaped()) : QString(),
+                     header.viewport());
+}
+
 void CSpread7::paintEvent(QPaintEvent* event) {
   const QColor beyond = m_greyArea ? ColorFromBgr(*m_greyArea) : palette().color(QPalette::Window);
   QPainter(viewport()).fillRect(event->rect(), beyond);
@@ -438,10 +564,14 @@ void CSpread7::paintEvent(QPaintEvent* event) {
 }
 
 void CSpread7::keyPressEvent(QKeyEvent* event) {
+  // What was entered before the key is taken before the key has its effect.
+  const QPointer<CSpread7> self(this);
+  if (!m_posted.empty()) RunPosted();
+  if (!self) return;
   const bool press =
       event->key() == Qt::Key_Space || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
-  if (press && plain && state() != EditingState && PressCell(currentIndex())) return;
+  if (press && plain && !m_delegate->Editor() && PressCell(currentIndex())) return;
   QTableView::keyPressEvent(event);
 }
 
@@ -482,20 +612,71 @@ void CSpread7::currentChanged(const QModelIndex& current, const QModelIndex& pre
 }
 
 bool CSpread7::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
+  const QWidget* const before = m_delegate->Editor();
   const bool edits = QTableView::edit(index, trigger, event);
-  m_gate->SetOpen(m_delegate->Editor());
+  QWidget* const editor = m_delegate->Editor();
+  m_gate->SetOpen(editor);
+  // A list that was come to by Tab stays closed, and the list can only open once the editor has its place.
+  auto* const combo = qobject_cast<QComboBox*>(editor);
+  if (combo && editor != before && !m_walking) QTimer::singleShot(0, combo, &QComboBox::showPopup);
   return edits;
 }
 
 void CSpread7::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
   const QScopedValueRollback closing(m_closingEditor, true);
-  const QModelIndex cell = currentIndex();
+  const QPersistentModelIndex cell = currentIndex();
   QTableView::closeEditor(editor, hint);
   m_gate->SetOpen(m_delegate->Editor());
-  // Enter goes on to the cell below, as lists of numbers are typed.
-  if (hint == QAbstractItemDelegate::SubmitModelCache && cell.row() + 1 < m_model->rowCount())
-    setCurrentIndex(cell.siblingAtRow(cell.row() + 1));
-  if (!hasFocus() && state() != EditingState) LeaveGrid(cell);
+  if (!hasFocus() && !m_delegate->Editor()) LeaveGrid(cell);
+}
+
+/// The view drops the editor of a row that goes, but would go on waiting for it to be closed.
+void CSpread7::rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last) {
+  const bool edited = m_delegate->Editor();
+  QTableView::rowsAboutToBeRemoved(parent, first, last);
+  if (!edited || m_delegate->Editor()) return;
+  setState(NoState);
+  m_gate->SetOpen(false);
+  setFocus();
+}
+
+void CSpread7::EndEntry(QWidget* editor, GridDelegate::EntryEnd end) {
+  using End = GridDelegate::EntryEnd;
+  const QPointer<CSpread7> self(this);
+  const QPersistentModelIndex cell = currentIndex();
+  commitData(editor);
+  closeEditor(editor, QAbstractItemDelegate::NoHint);
+  // One who was refused corrects what was refused.
+  if (!RunPosted() || !self || !cell.isValid() || currentIndex() != cell) return;
+  if (end == End::Below) {
+    GoTo(cell.sibling(cell.row() + 1, cell.column()));
+    return;
+  }
+  const bool forward = end == End::Next || end == End::LeaveForward;
+  const bool leaves = end == End::LeaveForward || end == End::LeaveBackward;
+  const QModelIndex next = leaves ? QModelIndex() : NextWritten(cell, forward ? 1 : -1);
+  if (!next.isValid()) {
+    focusNextPrevChild(forward);
+    return;
+  }
+  GoTo(next);
+  const QScopedValueRollback walking(m_walking, true);
+  QTableView::edit(next);
+}
+
+QModelIndex CSpread7::NextWritten(const QModelIndex& from, int step) const {
+  const int columns = m_model->columnCount();
+  const int cells = m_model->rowCount() * columns;
+  for (int at = from.row() * columns + from.column() + step; at >= 0 && at < cells; at += step) {
+    const QModelIndex index = m_model->index(at / columns, at % columns);
+    if (index.flags().testFlag(Qt::ItemIsEditable) && !isIndexHidden(index)) return index;
+  }
+  return {};
+}
+
+void CSpread7::GoTo(const QModelIndex& cell) {
+  const QScopedValueRollback walking(m_walking, true);
+  if (cell.isValid()) setCurrentIndex(cell);
 }
 
 /// What was typed must be in the data before the button that took the focus acts on them.
@@ -507,8 +688,8 @@ void CSpread7::LeaveGrid(const QModelIndex& cell) {
 QItemSelectionModel::SelectionFlags CSpread7::selectionCommand(const QModelIndex& index,
                                                                const QEvent* event) const {
   constexpr Qt::KeyboardModifiers kToTheEdge = Qt::ShiftModifier | Qt::ControlModifier;
-  // Ctrl is still down behind Ctrl+INS, and would add the new row to the selection.
-  if (m_quiet && !event) return QItemSelectionModel::ClearAndSelect;
+  // Ctrl is still down behind Ctrl+INS, and Shift behind Shift+Tab: they would extend the selection.
+  if ((m_quiet || m_walking) && !event) return QItemSelectionModel::ClearAndSelect;
   if (!event || event->type() != QEvent::KeyPress) return QTableView::selectionCommand(index, event);
   const auto* const key = static_cast<const QKeyEvent*>(event);
   if ((key->modifiers() & kToTheEdge) != kToTheEdge) return QTableView::selectionCommand(index, event);

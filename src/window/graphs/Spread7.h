@@ -1,6 +1,8 @@
 #pragma once
 
-#include "core/graphs/GridData.h"
+#include "core/graphs/GridActions.h"
+#include "window/graphs/GridDelegate.h"
+#include "window/graphs/MessageBox.h"
 
 #include <QTableView>
 
@@ -9,12 +11,13 @@
 #include <memory>
 #include <optional>
 
+class QHeaderView;
+class QHelpEvent;
 class QMenu;
 
 namespace tremlo {
 
 class EntryGate;
-class GridDelegate;
 class GridModel;
 class GridTable;
 
@@ -25,7 +28,12 @@ class GridTable;
 /// the program calls emit no signal and ask nothing: signals tell of the user's actions alone. A change by
 /// the user goes this way, once for each action however many cells it touches: the guard is asked, the data
 /// change, Changed is emitted. What was typed into a cell goes this way once its editor is closed, so that
-/// guard and slots may open boxes, and before a button that took the focus acts.
+/// guard and slots may open boxes: at once when a key ends it, and before a command or a button that took the
+/// focus acts. An edit that leaves the value as it was is no change.
+///
+/// What a cell does not take, and a paste that does not fit, is told in one box and changes nothing. Behind a
+/// modal window the grid takes no change; an entry that such a window has come in between of waits for its
+/// end.
 class CSpread7 : public QTableView {
   Q_OBJECT
  public:
@@ -41,12 +49,14 @@ class CSpread7 : public QTableView {
   void SetMenu(Menu menu);  ///< the context menu, and the keys that it names
   void SetGuard(Guard guard) { m_guard = std::move(guard); }
   void SetColorChooser(ColorChooser chooser) { m_chooseColor = std::move(chooser); }
+  void SetShowWarning(ShowWarning show) { m_show = std::move(show); }
 
   /// Shows other data, or with null its own table. They live as long as they are shown.
   void SetData(std::shared_ptr<GridData> shown);
   GridData& Data() const;
   GridTable& Table() { return *m_table; }
-  /// To be called when the data have changed behind the grid's back. Selection and scroll position stay.
+  /// To be called when the data have changed behind the grid's back. Selection and scroll position stay, and
+  /// so does an open editor with what was typed; one that nobody has written in shows the new text.
   void Refresh();
 
   int RowCount() const;
@@ -61,6 +71,7 @@ class CSpread7 : public QTableView {
   void SetGreyAreaColor(std::int32_t bgr);   ///< beyond the last row and column
   void SetSelectionColor(std::int32_t bgr);  ///< of selected cells
   void SetColumnWidth(int column, int width);
+  /// A span of one cell undoes the one that begins there; clearSpans undoes all.
   void SetSpan(int row, int column, int rows, int columns);
   void SetRedraw(bool on) { setUpdatesEnabled(on); }
 
@@ -86,11 +97,13 @@ class CSpread7 : public QTableView {
   GridBlock GetSelectedBlock() const;
 
   void SetEditMode(bool on);  ///< opens an editor on the active cell, or drops the open one with its text
-  /// Takes what stands in an open editor; false if the guard refused it.
+  /// Takes what stands in an open editor; false if it was refused.
   bool FinishEdit();
+  /// Does what a click on a check, colour or list cell does, as soon as the event loop is reached.
+  void Press(int row, int column);
 
   // The commands of the context menus.
-  void InsertRow();
+  void InsertRow();  ///< before the active row
   void AppendRow();
   void RemoveRows();
   void Cut();
@@ -109,6 +122,8 @@ class CSpread7 : public QTableView {
   void FocusCame();
 
  protected:
+  bool event(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void inputMethodEvent(QInputMethodEvent* event) override;
@@ -118,6 +133,7 @@ class CSpread7 : public QTableView {
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
   void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
+  void rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last) override;
   QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
                                                        const QEvent* event) const override;
 
@@ -128,11 +144,23 @@ class CSpread7 : public QTableView {
   GridBlock WithoutWholes(const GridBlock& block) const;
   void ChangeFormats(const GridBlock& block, const std::function<void(CellFormat&)>& change);
   void AddCommand(const QString& text, const QKeySequence& key, Command command);
+  void FollowHeader(QHeaderView& header);
+  void OpenHeaderMenu(QHeaderView& header, const QPoint& spot);
+  void ShowHeaderTip(const QHeaderView& header, const QHelpEvent& event);
   /// Toggles, colours or opens the cell if it is one that a click or key presses.
   bool PressCell(const QModelIndex& index);
+  void PressCheckCell(int row, int column, bool checked);
   void PressColorCell(int row, int column);
+  bool TakeFromOutside(int row, int column, const QString& text);
+  /// Whether a command of the user may act now; takes an open entry first.
+  bool MayAct();
   bool Allows(const GridChange& change) const { return !m_guard || m_guard(change); }
+  void Refuse(const GridRefusal& refusal);
   bool ApplyEdit(int row, int column, const QString& text);
+  void EndEntry(QWidget* editor, GridDelegate::EntryEnd end);
+  /// The next cell, or with -1 the one before, that can be written to; none behind the last.
+  QModelIndex NextWritten(const QModelIndex& from, int step) const;
+  void GoTo(const QModelIndex& cell);
   void ShowRow(int row, int column);
   void Post(std::function<bool()> task);
   bool RunPosted();
@@ -146,9 +174,12 @@ class CSpread7 : public QTableView {
   QMenu* m_menu;
   Guard m_guard;
   ColorChooser m_chooseColor;
+  ShowWarning m_show = ShowWarningBox;
   std::optional<std::int32_t> m_greyArea;
   std::deque<std::function<bool()>> m_posted;
-  bool m_quiet = false;  ///< the active cell is moved by the program
+  bool m_quiet = false;    ///< the active cell is moved by the program
+  bool m_walking = false;  ///< the active cell is moved by the key that ended an entry
+  bool m_running = false;  ///< what was posted is being done
   bool m_closingEditor = false;
 };
 

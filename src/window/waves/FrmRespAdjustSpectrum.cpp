@@ -6,7 +6,6 @@
 #include "core/waves/WaveFileQuestion.h"
 #include "window/graphs/DlgGraphEditBaseSpec.h"
 #include "window/graphs/DrawFreqAccSpec.h"
-#include "window/graphs/ModalWindow.h"
 #include "window/graphs/NamedControl.h"
 #include "window/graphs/RefuseEmpty.h"
 #include "window/graphs/Spread7.h"
@@ -56,6 +55,7 @@ void CFrmRespAdjustSpectrum::MakeControls() {
   };
   m_spectrumGrid = Named(new CSpread7(this), "spectrumGrid", QStringLiteral("加速度応答スペクトル"));
   m_spectrumGrid->SetMenu(CSpread7::Menu::FullEdit);
+  m_spectrumGrid->SetShowWarning(WarningsBy(m_prompt));
   m_spectrumGrid->SetData(std::make_shared<NumberRows>(std::vector<NumberRows::Column>{
       {QStringLiteral("周期 (sec)"), column(&CSeismicWave::periods), nullptr, {}, {}},
       {QStringLiteral("応答値 (gal)"), column(&CSeismicWave::accSpec), nullptr, {}, {}}}));
@@ -121,7 +121,7 @@ void CFrmRespAdjustSpectrum::ShowData() {
 
 bool CFrmRespAdjustSpectrum::MayChange(const GridChange& change) {
   CSeismicWave* const target = Target();
-  if (!target || IsBehindModalWindow(m_spectrumGrid)) return false;
+  if (!target) return false;
   // Where there is no memory for the values it shows before anything has changed.
   const auto rows = static_cast<std::size_t>(std::max(change.block.bottom, 0));
   target->periods.reserve(rows);

@@ -13,7 +13,6 @@
 #include "window/graphs/DrawFourier.h"
 #include "window/graphs/DrawFreqAccSpec.h"
 #include "window/graphs/DrawTimeAccGal.h"
-#include "window/graphs/ModalWindow.h"
 #include "window/graphs/NamedControl.h"
 #include "window/graphs/RefuseEmpty.h"
 #include "window/graphs/Spread7.h"
@@ -45,6 +44,11 @@ int TimeDecimals(double timeStep) {
   const qsizetype point = text.indexOf(u'.');
   if (text.contains(u'e')) return kMostDecimals;
   return point < 0 ? 0 : std::min(kMostDecimals, static_cast<int>(text.size() - point - 1));
+}
+
+/// A text that is no number is 0.
+double TimeStepOf(const QString& text) {
+  return TextToDouble(HalfWidthNumber(text));
 }
 
 void FitHeight(CSpread7* grid) {
@@ -93,7 +97,12 @@ void WaveRegistration::MakeFields() {
   m_countEdit->setReadOnly(true);
   m_timeStepEdit = new CExpEdit(this);
   m_timeStepEdit->setObjectName(QStringLiteral("timeStepEdit"));
-  RefuseEmpty(*m_timeStepEdit, m_prompt, QStringLiteral("時間間隔の入力エラーです。"));
+  const QString refusal = QStringLiteral("時間間隔の入力エラーです。");
+  RefuseEmpty(*m_timeStepEdit, m_prompt, refusal);
+  m_timeStepEdit->SetOwnerCheck([refusal](const QString& text) {
+    const bool tooLarge = ReadNumber(text).fault == NumberFault::TooLarge;
+    return text.isEmpty() || tooLarge ? refusal : QString();
+  });
   connect(m_timeStepEdit, &CExpEdit::Entered, this, &WaveRegistration::EnterTimeStep);
   connect(m_timeStepEdit, &CExpEdit::Abandoned, this, &WaveRegistration::ShowTimeStep);
 }
@@ -101,6 +110,7 @@ void WaveRegistration::MakeFields() {
 void WaveRegistration::MakeGrids() {
   m_sampleGrid = Named(new CSpread7(this), "sampleGrid", QStringLiteral("波形データ"));
   m_sampleGrid->SetMenu(CSpread7::Menu::FullEdit);
+  m_sampleGrid->SetShowWarning(WarningsBy(m_prompt));
   // The questions come before the grid changes the samples, and what they clear is cleared by then.
   m_sampleGrid->SetGuard([this](const GridChange& change) { return MayChange(change); });
   connect(m_sampleGrid, &CSpread7::Changed, this, &WaveRegistration::ShowData);
@@ -123,7 +133,7 @@ void WaveRegistration::MakeGrids() {
 
 bool WaveRegistration::MayChange(const GridChange& change) {
   CSeismicWave* const wave = Wave();
-  if (!wave || IsBehindModalWindow(m_sampleGrid)) return false;
+  if (!wave) return false;
   // Where there is no memory for the samples it shows before anything has changed.
   wave->acc.reserve(static_cast<std::size_t>(std::max(change.block.bottom, 0)));
   return ChangeWave([] {});
@@ -270,7 +280,7 @@ void WaveRegistration::ReadFile() {
 void WaveRegistration::EnterTimeStep() {
   const CSeismicWave* const shown = Wave();
   if (!shown) return;
-  const double timeStep = TextToDouble(m_timeStepEdit->GetText());
+  const double timeStep = TimeStepOf(m_timeStepEdit->GetText());
   // Questions come first, so the record is looked up behind them.
   const auto apply = [&] {
     if (CSeismicWave* const wave = Wave()) wave->timeStep = timeStep;

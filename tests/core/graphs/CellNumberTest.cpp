@@ -87,5 +87,40 @@ TEST(CellNumber, FullWidthNumbersBecomeHalfWidth) {
   EXPECT_EQ(HalfWidth("断層"), "断層");
 }
 
+TEST(CellNumber, OnlyWellFormedGroupsOfThousandsAreANumber) {
+  const auto ungrouped = [](const char* text) {
+    return UngroupedNumber(QString::fromUtf8(text)).toStdString();
+  };
+  EXPECT_EQ(ungrouped("1,234.5"), "1234.5");
+  EXPECT_EQ(ungrouped("-12,345,678"), "-12345678");
+  EXPECT_EQ(ungrouped("+123,456."), "+123456.");
+  for (const char* text : {"", "1", "1234", "1,23", "1,2345", "1234,567", "0,123", ",123", "1,,234", "1,234,",
+                           "1,234.5.6", "1,234e3", "a1,234", "1,234 ", "-", "1,234.5,678"})
+    EXPECT_EQ(ungrouped(text), "") << text;
+}
+
+TEST(CellNumber, ANumberIsReadWholeOrNotAtAll) {
+  const auto reading = [](const char* text) { return ReadNumber(QString::fromUtf8(text)); };
+  for (const char* text : {"5", "-5", "+5", "5.", ".5", "1.50", "1e3", "1.5E-3", "1e-400"}) {
+    EXPECT_EQ(reading(text).text.toStdString(), text);
+    EXPECT_EQ(reading(text).fault, NumberFault::None) << text;
+  }
+  EXPECT_EQ(reading(" １，２３４．５　").text, QStringLiteral("1234.5"));
+  for (const char* text : {"", " ", "inf", "INF", "+Infinity"}) {
+    EXPECT_EQ(reading(text).text, QString()) << text;
+    EXPECT_EQ(reading(text).fault, NumberFault::None) << text;
+  }
+  for (const char* text : {"abc", "-", ".", "+", "T1", "nan", "-inf", "information", "#N/A"})
+    EXPECT_EQ(reading(text).text, QStringLiteral("0")) << text;
+  for (const char* text : {"1e", "1e+", "1.2.3", "1,23", "12gal", "5-", "(5)"})
+    EXPECT_EQ(reading(text).fault, NumberFault::Unclear) << text;
+  for (const char* text : {"1e400", "-1e309"}) EXPECT_EQ(reading(text).fault, NumberFault::TooLarge) << text;
+}
+
+TEST(CellNumber, DashesOfPagesAreMinusSigns) {
+  for (const char* text : {"−5", "‐5", "‑5", "–5", "—5", "－5", "﹣5"})
+    EXPECT_EQ(HalfWidthNumber(QString::fromUtf8(text)), QStringLiteral("-5")) << text;
+}
+
 }  // namespace
 }  // namespace tremlo

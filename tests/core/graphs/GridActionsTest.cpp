@@ -7,8 +7,6 @@
 namespace tremlo {
 namespace {
 
-using testing::ElementsAre;
-
 /// Three rows of one column of each type: text, number, list of A and B, check, colour.
 struct Mixed {
   GridTable table;
@@ -24,7 +22,7 @@ struct Mixed {
     }
   }
   bool Takes(int column, const char* text) const {
-    return AcceptedText(table, 1, column, QString::fromUtf8(text)).has_value();
+    return AnswerOfCell(table, 1, column, QString::fromUtf8(text)).text.has_value();
   }
   void Lock(int row, int column) {
     CellFormat format = table.Format(row, column);
@@ -39,10 +37,6 @@ struct List {
   NumberRows rows{{{QString(), nullptr, [](int index) { return 1.0 * index; }, 0, {}},
                    {QString(), [this] { return &values; }, nullptr, {}, {}}}};
 };
-
-GridText Lines(const char* text) {
-  return ParseGridText(QString::fromUtf8(text), FieldSeparator::TabOrComma);
-}
 
 TEST(GridActions, EachTypeTakesItsOwnTexts) {
   const Mixed mixed;
@@ -62,16 +56,60 @@ TEST(GridActions, OnlyTextsAndNumbersCanBeEmpty) {
   for (const int column : {3, 4, 5}) EXPECT_FALSE(mixed.Takes(column, ""));
 }
 
-TEST(GridActions, ALockedCellTakesNothing) {
+TEST(GridActions, ALockedCellTakesNothingAndRefusesNothing) {
   Mixed mixed;
-  mixed.Lock(1, 1);
-  EXPECT_FALSE(mixed.Takes(1, "x"));
+  for (const int column : {1, 2, 3}) {
+    mixed.Lock(1, column);
+    EXPECT_FALSE(mixed.Takes(column, "1e400")) << column;
+    EXPECT_FALSE(AnswerOfCell(mixed.table, 1, column, QStringLiteral("1e400")).refusal) << column;
+  }
+}
+
+TEST(GridActions, AnOpenCellTellsWhyItRefuses) {
+  const Mixed mixed;
+  using Reason = GridRefusal::Reason;
+  const auto refusal = [&](int column, const char* text) {
+    return AnswerOfCell(mixed.table, 1, column, QString::fromUtf8(text)).refusal;
+  };
+  EXPECT_EQ(refusal(2, "1e400"), Reason::TooLarge);
+  EXPECT_EQ(refusal(2, "1,23"), Reason::NoNumber);
+  EXPECT_EQ(refusal(2, "12 gal"), Reason::NoNumber);
+  for (const int column : {3, 4, 5}) {
+    EXPECT_EQ(refusal(column, "C"), Reason::NoChoice) << column;
+    EXPECT_EQ(refusal(column, ""), std::nullopt) << column;
+  }
+}
+
+TEST(GridActions, ARefusalNamesRowColumnAndText) {
+  Mixed mixed;
+  const GridRefusal refusal{GridRefusal::Reason::TooLarge, 2, 3, QStringLiteral("1e400")};
+  EXPECT_EQ(RefusalText(mixed.table, refusal).toStdString(),
+            "数値が大きすぎます。\n\n行：2\n列：3\n内容：1e400");
+  mixed.table.SetText(0, 3, QStringLiteral("分"));
+  mixed.table.SetText(2, 0, QStringLiteral("東経"));
+  EXPECT_EQ(RefusalText(mixed.table, refusal).toStdString(),
+            "数値が大きすぎます。\n\n行：東経\n列：分\n内容：1e400");
+  const GridRefusal behind{GridRefusal::Reason::PastRows, 4, 0, QString(100, u'x')};
+  EXPECT_EQ(RefusalText(mixed.table, behind).toStdString(),
+            "貼り付ける行が表に入りきりません。\n\n行：4\n内容：" + std::string(60, 'x') + "…");
 }
 
 TEST(GridActions, NumberCellsStoreHalfWidth) {
   const Mixed mixed;
-  EXPECT_EQ(AcceptedText(mixed.table, 1, 2, QStringLiteral("１２．５")), QStringLiteral("12.5"));
-  EXPECT_EQ(AcceptedText(mixed.table, 1, 1, QStringLiteral("１２")), QStringLiteral("１２"));
+  EXPECT_EQ(AnswerOfCell(mixed.table, 1, 2, QStringLiteral("１２．５")).text, QStringLiteral("12.5"));
+  EXPECT_EQ(AnswerOfCell(mixed.table, 1, 1, QStringLiteral("１２")).text, QStringLiteral("１２"));
+}
+
+TEST(GridActions, TextCellsStoreOneLine) {
+  const Mixed mixed;
+  const auto stored = [&](const char* text) {
+    return AnswerOfCell(mixed.table, 1, 1, QString::fromUtf8(text))
+        .text.value_or(QStringLiteral("none"))
+        .toStdString();
+  };
+  EXPECT_EQ(stored("上の\r\n\nダム\r\n"), "上の ダム");
+  EXPECT_EQ(stored("\n a \u2028b\r"), " a  b");
+  EXPECT_EQ(stored("\n"), "");
 }
 
 TEST(GridActions, CopyTakesTheBlock) {
@@ -81,52 +119,6 @@ TEST(GridActions, CopyTakesTheBlock) {
   EXPECT_EQ(CopyCells(mixed.table, {2, 1, 3, 2}),
             (GridText{{QStringLiteral("a"), QString()}, {QString(), QStringLiteral("4")}}));
   EXPECT_TRUE(CopyCells(mixed.table, {}).empty());
-}
-
-TEST(GridActions, PasteIsCutOffAtTheEdgesOfATable) {
-  const Mixed mixed;
-  EXPECT_EQ(PasteBlock(mixed.table, 2, 1, Lines("a\tb\nc\td\ne\tf\ng\th")), (GridBlock{2, 1, 3, 2}));
-  EXPECT_EQ(PasteBlock(mixed.table, 1, 1, Lines("a\t1\tA\t1\t#000000\tmore")), (GridBlock{1, 1, 1, 5}));
-}
-
-TEST(GridActions, PasteGrowsAList) {
-  List list;
-  const GridText lines = Lines("7\n8\n9");
-  const GridBlock block = PasteBlock(list.rows, 3, 2, lines);
-  EXPECT_EQ(block, (GridBlock{3, 2, 5, 2}));
-  list.rows.InsertRows(4, 2);
-  PasteCells(list.rows, block, lines);
-  EXPECT_THAT(list.values, ElementsAre(1.0, 2.0, 7.0, 8.0, 9.0));
-}
-
-TEST(GridActions, PasteThatNoCellTakesIsNone) {
-  const List list;
-  Mixed mixed;
-  mixed.Lock(2, 2);
-  EXPECT_TRUE(PasteBlock(list.rows, 1, 1, Lines("7\n8")).IsEmpty());
-  EXPECT_TRUE(PasteBlock(mixed.table, 2, 2, Lines("7")).IsEmpty());
-  EXPECT_TRUE(PasteBlock(mixed.table, 1, 4, Lines("7")).IsEmpty());
-  EXPECT_TRUE(PasteBlock(mixed.table, 1, 1, {}).IsEmpty());
-  EXPECT_TRUE(PasteBlock(mixed.table, 0, 0, Lines("7")).IsEmpty());
-  EXPECT_TRUE(PasteBlock(mixed.table, 4, 1, Lines("7")).IsEmpty());
-}
-
-TEST(GridActions, PasteOverALockedColumnReachesTheOpenOne) {
-  List list;
-  const GridText lines = Lines("100\t7\n100\t8");
-  PasteCells(list.rows, PasteBlock(list.rows, 1, 1, lines), lines);
-  EXPECT_THAT(list.values, ElementsAre(7.0, 8.0, 3.0));
-}
-
-TEST(GridActions, ShortLinesLeaveTheCellsBehindThemAlone) {
-  Mixed mixed;
-  mixed.table.SetText(2, 2, QStringLiteral("5"));
-  const GridText lines = Lines("a\t1\nb\nc\t3");
-  PasteCells(mixed.table, PasteBlock(mixed.table, 1, 1, lines), lines);
-  EXPECT_EQ(mixed.table.Text(1, 2), QStringLiteral("1"));
-  EXPECT_EQ(mixed.table.Text(2, 1), QStringLiteral("b"));
-  EXPECT_EQ(mixed.table.Text(2, 2), QStringLiteral("5"));
-  EXPECT_EQ(mixed.table.Text(3, 2), QStringLiteral("3"));
 }
 
 TEST(GridActions, ClearingEmptiesTheOpenTextsAndNumbers) {

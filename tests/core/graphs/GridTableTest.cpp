@@ -62,5 +62,21 @@ TEST(GridTable, FormatsOfDroppedCellsDoNotComeBack) {
   EXPECT_FALSE(table.Format(2, 1).locked);
 }
 
+TEST(GridTable, OnlyAnotherTextOrNumberWouldChangeACell) {
+  GridTable table;
+  table.SetSize(1, 2);
+  CellFormat number;
+  number.type = CellType::Number;
+  table.SetColumnFormat(2, number);
+  for (const int column : {1, 2}) table.SetText(1, column, QStringLiteral("1.500"));
+  EXPECT_FALSE(table.WouldChange(1, 1, QStringLiteral("1.500")));
+  EXPECT_TRUE(table.WouldChange(1, 1, QStringLiteral("1.5")));
+  EXPECT_FALSE(table.WouldChange(1, 2, QStringLiteral("1.5")));
+  EXPECT_TRUE(table.WouldChange(1, 2, QStringLiteral("1.51")));
+  EXPECT_TRUE(table.WouldChange(1, 2, QString()));
+  table.SetText(1, 2, QString());
+  EXPECT_TRUE(table.WouldChange(1, 2, QStringLiteral("-9e32")));
+}
+
 }  // namespace
 }  // namespace tremlo

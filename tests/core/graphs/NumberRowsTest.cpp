@@ -73,6 +73,33 @@ TEST(NumberRows, TextThatIsNoFiniteNumberCountsAsZero) {
   EXPECT_EQ(samples.values[0], 7.2);
 }
 
+TEST(NumberRows, OnlyAnotherNumberWouldChangeACell) {
+  Samples samples;
+  samples.values = {1.5, std::numeric_limits<double>::infinity()};
+  for (const char* text : {"1.5", "1.50", "15e-1"})
+    EXPECT_FALSE(samples.rows.WouldChange(1, 2, QString::fromLatin1(text))) << text;
+  for (const char* text : {"1.51", "", "abc"})
+    EXPECT_TRUE(samples.rows.WouldChange(1, 2, QString::fromLatin1(text))) << text;
+  EXPECT_FALSE(samples.rows.WouldChange(2, 2, QString()));
+  EXPECT_FALSE(samples.rows.WouldChange(1, 1, QStringLiteral("7")));
+  EXPECT_FALSE(samples.rows.WouldChange(3, 2, QStringLiteral("7")));
+}
+
+TEST(NumberRows, WithoutABlankTheEmptyTextChangesNoZero) {
+  std::vector<double> plain = {0.0, 1.0};
+  NumberRows rows({{QString(), [&] { return &plain; }, nullptr, {}, {}}});
+  EXPECT_FALSE(rows.WouldChange(1, 1, QString()));
+  EXPECT_TRUE(rows.WouldChange(2, 1, QString()));
+}
+
+TEST(NumberRows, ANumberThatIsLeftAsItIsShownIsNotRounded) {
+  std::vector<double> exact = {1.23456};
+  NumberRows rows({{QString(), [&] { return &exact; }, nullptr, 3, {}}});
+  EXPECT_FALSE(rows.WouldChange(1, 1, QStringLiteral("1.235")));
+  EXPECT_FALSE(rows.WouldChange(1, 1, QStringLiteral("1.23456")));
+  EXPECT_TRUE(rows.WouldChange(1, 1, QStringLiteral("1.2346")));
+}
+
 TEST(NumberRows, TheComputedColumnIsLocked) {
   Samples samples;
   samples.values = {1.0};

@@ -117,6 +117,15 @@ TEST(NumericText, EmptyIsGood) {
     EXPECT_EQ(Check(rule, ""), EntryFault::None);
 }
 
+TEST(NumericText, ANumberBeyondTheDoublesGivesCodeOne) {
+  const std::string nines(400, '9');
+  EXPECT_EQ(Check(Decimal(2), nines.c_str()), EntryFault::NoNumber);
+  EXPECT_EQ(Check(Decimal(2), ("-" + nines).c_str()), EntryFault::NoNumber);
+  EXPECT_EQ(Check(Decimal(2, 0.0, 100.0), nines.c_str()), EntryFault::OutOfRange);
+  EXPECT_EQ(Check(Decimal(2, 0.0), nines.c_str()), EntryFault::NoNumber);
+  EXPECT_EQ(Check(Decimal(2), std::string(300, '9').c_str()), EntryFault::None);
+}
+
 TEST(NumericText, WhatIsNoNumberGivesCodeOne) {
   for (const char* text : {"1-2", "--1", "1.5", "+1", "1e3", " 1", "１"})
     EXPECT_EQ(Check(Integer(), text), EntryFault::NoNumber) << text;

@@ -110,6 +110,14 @@ TEST_F(RangeRowsTest, AnEmptiedCellAndAnEndlessNumberLeaveTheBlock) {
   EXPECT_EQ(block.timeYMax, 0.0);
 }
 
+TEST_F(RangeRowsTest, OnlyAnotherNumberWouldChangeTheBlock) {
+  block.timeYMax = 1.5;
+  for (const char* text : {"1.5", "1.50", "", "1e400"})
+    EXPECT_FALSE(time.WouldChange(2, 3, QString::fromLatin1(text))) << text;
+  EXPECT_TRUE(time.WouldChange(2, 3, "1.6"));
+  EXPECT_FALSE(time.WouldChange(1, 1, "7"));
+}
+
 TEST_F(RangeRowsTest, TextsAndWordsAreNoNumbers) {
   block.specLog = 1;
   const WaveGraphSetting before = block;

@@ -184,6 +184,30 @@ TEST_F(ExpEditTest, ADropIsTakenByTheSameRuleAndBringsTheFocus) {
   EXPECT_THAT(entered, ElementsAre("abcd"));
 }
 
+TEST_F(ExpEditTest, AReadOnlyFieldFollowsAChangeOfThePalette) {
+  const QPalette before = QApplication::palette();
+  Show();
+  edit.setReadOnly(true);
+  QApplication::setPalette(QPalette(QColor(40, 40, 40)));
+  Settle();
+  EXPECT_EQ(edit.palette().color(QPalette::Base), QApplication::palette().color(QPalette::Window));
+  EXPECT_EQ(edit.palette().color(QPalette::Text), QApplication::palette().color(QPalette::WindowText));
+  QApplication::setPalette(before);
+  Settle();
+  EXPECT_EQ(edit.palette().color(QPalette::Base), before.color(QPalette::Window));
+}
+
+TEST_F(ExpEditTest, ADecimalFieldRefusesANumberBeyondTheDoubles) {
+  Show(EntryKind::Decimal, kNoNumber, kNoNumber, 2);
+  edit.SetNumber(1.5);
+  edit.setFocus();
+  edit.selectAll();
+  Type(std::string(400, '9').c_str());
+  Key(Qt::Key_Tab);
+  EXPECT_THAT(boxes, ElementsAre("入力確認: 値が正しくありません。\n\n（数値を入力してください。）"));
+  EXPECT_EQ(Text(), "1.50");
+}
+
 // Focus
 
 TEST_F(ExpEditTest, AllIsSelectedWhenTheFocusComes) {

@@ -13,13 +13,16 @@
 #include <QHelpEvent>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
 #include <QTimer>
 #include <QToolTip>
 #include <QVBoxLayout>
+#include <QWheelEvent>
 
+#include <functional>
 #include <gmock/gmock.h>
 #include <limits>
 
@@ -87,7 +90,12 @@ class Spread7Test : public testing::Test {
   void Type(const char* text) {
     for (const QChar c : QString::fromUtf8(text)) QTest::keyClick(QApplication::focusWidget(), c.toLatin1());
   }
-  QLineEdit* Editor() const { return grid.viewport()->findChild<QLineEdit*>(); }
+  /// The open editor; one that was closed is there until the event loop deletes it.
+  QLineEdit* Editor() const {
+    for (auto* const line : grid.viewport()->findChildren<QLineEdit*>())
+      if (line->isVisible()) return line;
+    return nullptr;
+  }
   static void SetClipboard(const char* text) { QApplication::clipboard()->setText(QString::fromUtf8(text)); }
   static std::string Clipboard() { return QApplication::clipboard()->text().toStdString(); }
 
@@ -562,6 +570,618 @@ TEST_F(MixedGridTest, AColourCellOffersAChoice) {
   EXPECT_EQ(changed.size(), 1U);
 }
 
+// From cell to cell
+
+/// Two columns of numbers, all of them open.
+class SpectrumGridTest : public Spread7Test {
+ protected:
+  SpectrumGridTest() {
+    grid.SetMenu(CSpread7::Menu::FullEdit);
+    grid.SetData(std::make_shared<NumberRows>(std::vector<NumberRows::Column>{
+        {QStringLiteral("周期 (sec)"), [this] { return &periods; }, nullptr, {}, {}},
+        {QStringLiteral("応答値 (gal)"), [this] { return &values; }, nullptr, {}, {}}}));
+    // As the screens do: whatever has changed, all of it is shown anew.
+    QObject::connect(&grid, &CSpread7::Changed, [this] { grid.Refresh(); });
+  }
+  void ShowSpectrum(std::vector<double> x, std::vector<double> y) {
+    periods = std::move(x);
+    values = std::move(y);
+    grid.Refresh();
+    Show();
+  }
+  /// Keys as they come typed ahead: one behind the other, without the event loop in between.
+  void TypeAhead(std::initializer_list<int> keys) {
+    for (const int key : keys) QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key));
+  }
+
+  std::vector<double> periods, values;
+};
+
+TEST_F(SpectrumGridTest, TabGoesOnToTheNextCellAndReplacesItsNumber) {
+  ShowSpectrum({1.0, 2.0}, {300.0, 400.0});
+  Click(1, 1);
+  Type("4");
+  Key(Qt::Key_Tab);
+  ASSERT_TRUE(Editor());
+  EXPECT_EQ(Editor()->selectedText(), QStringLiteral("300"));
+  Type("250");
+  Key(Qt::Key_Return);
+  EXPECT_THAT(periods, ElementsAre(4.0, 2.0));
+  EXPECT_THAT(values, ElementsAre(250.0, 400.0));
+  EXPECT_EQ(changed.size(), 2U);
+}
+
+TEST_F(SpectrumGridTest, ShiftTabGoesBackTheSameWay) {
+  ShowSpectrum({1.0, 2.0}, {300.0, 400.0});
+  Click(2, 1);
+  Type("4");
+  Key(Qt::Key_Backtab, Qt::ShiftModifier);
+  ASSERT_TRUE(Editor());
+  EXPECT_EQ(Editor()->selectedText(), QStringLiteral("300"));
+  Type("250");
+  Key(Qt::Key_Backtab, Qt::ShiftModifier);
+  Type("7");
+  Key(Qt::Key_Return);
+  EXPECT_THAT(periods, ElementsAre(7.0, 4.0));
+  EXPECT_THAT(values, ElementsAre(250.0, 400.0));
+}
+
+TEST_F(SpectrumGridTest, NumbersTypedAheadGoEachIntoItsCell) {
+  ShowSpectrum({1.0, 2.0, 3.0, 4.0}, {300.0, 400.0, 500.0, 600.0});
+  Click(1, 2);
+  TypeAhead({Qt::Key_1, Qt::Key_3, Qt::Key_Return, Qt::Key_1, Qt::Key_4, Qt::Key_Enter, Qt::Key_1, Qt::Key_5,
+             Qt::Key_Return});
+  EXPECT_THAT(values, ElementsAre(13.0, 14.0, 15.0, 600.0));
+  Settle();
+  EXPECT_THAT(values, ElementsAre(13.0, 14.0, 15.0, 600.0));
+  EXPECT_EQ(changed.size(), 3U);
+  Click(1, 1);
+  TypeAhead({Qt::Key_5, Qt::Key_Tab, Qt::Key_6, Qt::Key_Tab, Qt::Key_7, Qt::Key_Tab});
+  EXPECT_THAT(periods, ElementsAre(5.0, 7.0, 3.0, 4.0));
+  EXPECT_THAT(values, ElementsAre(6.0, 14.0, 15.0, 600.0));
+  TypeAhead({Qt::Key_8});
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_THAT(values, ElementsAre(6.0, 8.0, 15.0, 600.0));
+  ASSERT_TRUE(Editor());
+  EXPECT_EQ(Editor()->text(), QStringLiteral("7"));
+}
+
+TEST_F(SpectrumGridTest, ARefreshLeavesWhatIsBeingTyped) {
+  ShowSpectrum({1.0, 2.0}, {300.0, 400.0});
+  Click(1, 2);
+  Type("12345");
+  for (int i = 0; i < 2; ++i) QTest::keyClick(Editor(), Qt::Key_Left, Qt::ShiftModifier);
+  values[0] = 9.0;
+  grid.Refresh();
+  EXPECT_EQ(Editor()->text(), QStringLiteral("12345"));
+  EXPECT_EQ(Editor()->selectedText(), QStringLiteral("45"));
+  Key(Qt::Key_Return);
+  EXPECT_THAT(values, ElementsAre(12345.0, 400.0));
+}
+
+TEST_F(SpectrumGridTest, ARefreshLeavesTheSelectionOfAnUntouchedEditor) {
+  ShowSpectrum({1.0, 2.0}, {300.0, 400.0});
+  Click(1, 2);
+  Key(Qt::Key_F2);
+  QTest::keyClick(Editor(), Qt::Key_End);
+  QTest::keyClick(Editor(), Qt::Key_Left, Qt::ShiftModifier);
+  values[1] = 9.0;
+  grid.Refresh();
+  EXPECT_EQ(Editor()->selectedText(), QStringLiteral("0"));
+  EXPECT_EQ(Editor()->cursorPosition(), 2);
+}
+
+TEST_F(SpectrumGridTest, AnUntouchedEditorShowsTheNewTextOfItsCell) {
+  ShowSpectrum({1.0, 2.0}, {300.0, 400.0});
+  Click(1, 2);
+  Key(Qt::Key_F2);
+  values[0] = 9.5;
+  grid.Refresh();
+  EXPECT_EQ(Editor()->text(), QStringLiteral("9.5"));
+  EXPECT_EQ(Editor()->selectedText(), QStringLiteral("9.5"));
+  Key(Qt::Key_Return);
+  EXPECT_THAT(changed, IsEmpty());
+}
+
+TEST_F(SpectrumGridTest, TabBehindTheLastCellLeavesTheGrid) {
+  ShowSpectrum({1.0}, {300.0});
+  Click(1, 1);
+  Type("4");
+  Key(Qt::Key_Tab);
+  Type("5");
+  Key(Qt::Key_Tab);
+  EXPECT_TRUE(button.hasFocus());
+  EXPECT_THAT(periods, ElementsAre(4.0));
+  EXPECT_THAT(values, ElementsAre(5.0));
+}
+
+TEST_F(SpectrumGridTest, ShiftTabBeforeTheFirstCellLeavesTheGrid) {
+  ShowSpectrum({1.0}, {300.0});
+  Click(1, 1);
+  Type("4");
+  Key(Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_TRUE(button.hasFocus());
+  EXPECT_THAT(periods, ElementsAre(4.0));
+}
+
+TEST_F(SpectrumGridTest, CtrlTabLeavesTheGridFromAnyCell) {
+  ShowSpectrum({1.0, 2.0}, {300.0, 400.0});
+  Click(1, 1);
+  Type("4");
+  Key(Qt::Key_Tab, Qt::ControlModifier);
+  EXPECT_TRUE(button.hasFocus());
+  EXPECT_THAT(periods, ElementsAre(4.0, 2.0));
+}
+
+TEST_F(SampleGridTest, TabPassesLockedCells) {
+  ShowSamples({1.0, 2.0, 3.0});
+  Click(1, 2);
+  Type("4");
+  Key(Qt::Key_Tab);
+  Type("5");
+  Key(Qt::Key_Backtab, Qt::ShiftModifier);
+  Type("6");
+  Key(Qt::Key_Return);
+  EXPECT_THAT(acc, ElementsAre(6.0, 5.0, 3.0));
+}
+
+TEST_F(MixedGridTest, TabOpensAListThatArrowsChooseFrom) {
+  Show();
+  Click(1, 2);
+  Type("2");
+  Key(Qt::Key_Tab);
+  auto* const combo = grid.viewport()->findChild<QComboBox*>();
+  ASSERT_TRUE(combo);
+  EXPECT_FALSE(combo->view()->isVisible());
+  Key(Qt::Key_Down);
+  Key(Qt::Key_Down);
+  EXPECT_EQ(combo->currentText(), QStringLiteral("C"));
+  EXPECT_EQ(grid.GetCellText(1, 3), QStringLiteral("A"));
+  Key(Qt::Key_Return);
+  EXPECT_EQ(grid.GetCellText(1, 3), QStringLiteral("C"));
+  EXPECT_EQ(grid.ActiveRow(), 2);
+}
+
+TEST_F(MixedGridTest, ARefusedEntryStaysAtItsCell) {
+  Show();
+  answer = false;
+  Click(1, 1);
+  Type("dam");
+  Key(Qt::Key_Return);
+  EXPECT_EQ(grid.ActiveRow(), 1);
+  Type("dam");
+  Key(Qt::Key_Tab);
+  EXPECT_EQ(grid.ActiveColumn(), 1);
+  EXPECT_FALSE(Editor());
+}
+
+TEST_F(SpectrumGridTest, ANumberTypedAgainInAnotherFormIsNoChange) {
+  ShowSpectrum({1.5, 2.0}, {300.0, 400.0});
+  Click(1, 1);
+  for (const char* text : {"1.50", "1.5", "+1.5", "15e-1", "01.5"}) {
+    grid.SelectCell(1, 1);
+    Type(text);
+    Key(Qt::Key_Return);
+  }
+  grid.SelectCell(1, 2);
+  Type("3e2");
+  Key(Qt::Key_Tab);
+  EXPECT_THAT(asked, IsEmpty());
+  EXPECT_THAT(changed, IsEmpty());
+}
+
+TEST_F(SampleGridTest, AnEmptiedCellThatWasEmptyIsNoChange) {
+  ShowSamples({kBlank, 1.0});
+  Click(1, 2);
+  Key(Qt::Key_5);
+  Key(Qt::Key_Backspace);
+  Key(Qt::Key_Return);
+  EXPECT_THAT(asked, IsEmpty());
+  EXPECT_THAT(acc, ElementsAre(kBlank, 1.0));
+}
+
+TEST_F(SpectrumGridTest, ANumberWithoutBlankThatIsEmptiedAtZeroIsNoChange) {
+  ShowSpectrum({0.0}, {300.0});
+  Click(1, 1);
+  Key(Qt::Key_F2);
+  Key(Qt::Key_Delete);
+  Key(Qt::Key_Return);
+  EXPECT_THAT(asked, IsEmpty());
+  EXPECT_THAT(periods, ElementsAre(0.0));
+}
+
+TEST_F(SampleGridTest, ANumberShownRoundedIsChangedByTheOneThatIsTyped) {
+  ShowSamples({1.23456});
+  Click(1, 2);
+  Type("1.2346");
+  Key(Qt::Key_Return);
+  EXPECT_THAT(acc, ElementsAre(1.2346));
+}
+
+TEST_F(SpectrumGridTest, AClickOnARowNumberTakesTheEntryAndMovesThere) {
+  ShowSpectrum({1.0, 2.0, 3.0}, {300.0, 400.0, 500.0});
+  Click(1, 1);
+  Type("4");
+  QHeaderView* const rows = grid.verticalHeader();
+  const QPoint spot(5, rows->sectionViewportPosition(1) + 5);
+  QTest::mouseClick(rows->viewport(), Qt::LeftButton, {}, spot);
+  Settle();
+  EXPECT_THAT(periods, ElementsAre(4.0, 2.0, 3.0));
+  EXPECT_EQ(grid.GetSelectedBlock(), (GridBlock{2, -1, 2, -1}));
+  EXPECT_EQ(grid.ActiveRow(), 2);
+  EXPECT_TRUE(grid.hasFocus());
+}
+
+TEST_F(SpectrumGridTest, RowsSelectedByTheirNumbersAreRemovedByDel) {
+  ShowSpectrum({1.0, 2.0, 3.0, 4.0}, {300.0, 400.0, 500.0, 600.0});
+  button.setFocus();
+  QHeaderView* const rows = grid.verticalHeader();
+  const auto spot = [&](int row) { return QPoint(5, rows->sectionViewportPosition(row - 1) + 5); };
+  QTest::mouseClick(rows->viewport(), Qt::LeftButton, {}, spot(3));
+  QTest::mouseClick(rows->viewport(), Qt::LeftButton, Qt::ShiftModifier, spot(2));
+  Key(Qt::Key_Delete);
+  EXPECT_THAT(periods, ElementsAre(1.0, 4.0));
+  EXPECT_EQ(changed.size(), 1U);
+}
+
+TEST_F(SpectrumGridTest, AnEntryThatIsStillToBeTakenIsTakenBeforeACommand) {
+  ShowSpectrum({1.0, 2.0, 3.0}, {300.0, 400.0, 500.0});
+  Click(2, 1);
+  Type("4");
+  // A click on another cell and INS, in one batch.
+  QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, Middle(1, 1));
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Insert);
+  Settle();
+  EXPECT_THAT(periods, ElementsAre(0.0, 1.0, 4.0, 3.0));
+}
+
+TEST_F(SpectrumGridTest, AListThatShrankUnderAnOpenEditorCanBeTypedInto) {
+  ShowSpectrum({1.0, 2.0, 3.0}, {300.0, 400.0, 500.0});
+  Click(3, 1);
+  Type("4");
+  periods.resize(1);
+  values.resize(1);
+  grid.Refresh();
+  Settle();
+  EXPECT_TRUE(grid.hasFocus());
+  grid.SelectCell(1, 1);
+  Type("7");
+  Key(Qt::Key_Return);
+  EXPECT_THAT(periods, ElementsAre(7.0));
+}
+
+TEST_F(MixedGridTest, WhatIsTypedWhileTheGuardAsksIsAskedForAfterIt) {
+  Show();
+  int depth = 0, deepest = 0, questions = 0;
+  grid.SetGuard([&](const GridChange&) {
+    ++questions;
+    deepest = std::max(deepest, ++depth);
+    QDialog box(&window);
+    QTimer::singleShot(0, &box, [&] {
+      Settle();
+      box.accept();
+    });
+    box.exec();
+    --depth;
+    return true;
+  });
+  Click(1, 1);
+  Type("dam");
+  grid.SelectCell(2, 1);
+  grid.SetEditMode(true);
+  ASSERT_TRUE(Editor());
+  Editor()->selectAll();
+  Type("lake");  // its editor closes when the question takes the focus
+  ASSERT_TRUE(QTest::qWaitFor([&] { return questions == 2 && depth == 0; }));
+  Settle();
+  EXPECT_EQ(deepest, 1);
+  EXPECT_EQ(grid.GetCellText(1, 1), QStringLiteral("dam"));
+  EXPECT_EQ(grid.GetCellText(2, 1), QStringLiteral("lake"));
+}
+
+TEST_F(MixedGridTest, BehindAModalWindowNothingIsChanged) {
+  Show();
+  grid.SelectCell(1, 1);
+  grid.SetMenu(CSpread7::Menu::TextGrid);
+  SetClipboard("x");
+  QAccessibleTableInterface* const table = QAccessible::queryAccessibleInterface(&grid)->tableInterface();
+  QDialog box(&window);
+  QTimer::singleShot(0, &box, [&] {
+    grid.model()->setData(grid.model()->index(0, 0), QStringLiteral("dam"));
+    grid.model()->setData(grid.model()->index(0, 3), Qt::Checked, Qt::CheckStateRole);
+    table->cellAt(0, 0)->setText(QAccessible::Value, QStringLiteral("dam"));
+    table->cellAt(0, 3)->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    for (QAction* action : grid.actions()) action->trigger();
+    Settle();
+    box.accept();
+  });
+  box.exec();
+  Settle();
+  EXPECT_EQ(grid.GetCellText(1, 1), QStringLiteral("断層"));
+  EXPECT_FALSE(grid.GetCheck(1, 4));
+  EXPECT_THAT(asked, IsEmpty());
+  EXPECT_THAT(clicked, IsEmpty());
+}
+
+TEST_F(MixedGridTest, AnEntryThatAModalWindowInterruptsIsTakenBehindIt) {
+  Show();
+  Click(1, 1);
+  Type("dam");
+  QDialog box(&window);
+  std::string during;
+  QTimer::singleShot(0, &box, [&] {
+    Settle();
+    during = grid.GetCellText(1, 1).toStdString();
+    box.accept();
+  });
+  box.exec();
+  Settle();
+  EXPECT_EQ(during, "断層");
+  EXPECT_EQ(grid.GetCellText(1, 1), QStringLiteral("dam"));
+  EXPECT_EQ(changed.size(), 1U);
+}
+
+TEST_F(MixedGridTest, TheWheelOverAnOpenListChoosesNothing) {
+  Show();
+  Click(1, 3);
+  auto* const combo = grid.viewport()->findChild<QComboBox*>();
+  ASSERT_TRUE(combo);
+  QWheelEvent turn({5, 5}, combo->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                   Qt::NoScrollPhase, false);
+  QApplication::sendEvent(combo, &turn);
+  Settle();
+  EXPECT_EQ(grid.GetCellText(1, 3), QStringLiteral("A"));
+  EXPECT_EQ(combo->currentText(), QStringLiteral("A"));
+}
+
+TEST_F(SpectrumGridTest, AKeyHeldDownWritesIntoOneCell) {
+  ShowSpectrum({1.0, 2.0}, {300.0, 400.0});
+  Click(1, 1);
+  for (int i = 0; i < 5; ++i) {
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_5, Qt::NoModifier, QStringLiteral("5"), i > 0);
+    QApplication::sendEvent(QApplication::focusWidget(), &press);
+  }
+  Key(Qt::Key_Return);
+  EXPECT_THAT(periods, ElementsAre(55555.0, 2.0));
+}
+
+TEST_F(SpectrumGridTest, HomeAndEndStayInTheRowAndInTheText) {
+  ShowSpectrum({1.0, 2.0}, {300.0, 400.0});
+  Click(2, 1);
+  Key(Qt::Key_End);
+  EXPECT_EQ(std::pair(grid.ActiveRow(), grid.ActiveColumn()), std::pair(2, 2));
+  Key(Qt::Key_Home);
+  EXPECT_EQ(std::pair(grid.ActiveRow(), grid.ActiveColumn()), std::pair(2, 1));
+  Key(Qt::Key_F2);
+  Key(Qt::Key_End);
+  Type("5");
+  Key(Qt::Key_Home);
+  Type("1");
+  Key(Qt::Key_Return);
+  EXPECT_THAT(periods, ElementsAre(1.0, 125.0));
+}
+
+TEST_F(SpectrumGridTest, EscDropsWhatWasTypedAndTabThenLeavesTheGrid) {
+  ShowSpectrum({1.0, 2.0}, {300.0, 400.0});
+  Click(1, 1);
+  Type("4");
+  Key(Qt::Key_Tab);
+  Type("5");
+  Key(Qt::Key_Escape);
+  EXPECT_FALSE(Editor());
+  EXPECT_TRUE(grid.hasFocus());
+  Key(Qt::Key_Tab);
+  EXPECT_TRUE(button.hasFocus());
+  EXPECT_THAT(periods, ElementsAre(4.0, 2.0));
+  EXPECT_THAT(values, ElementsAre(300.0, 400.0));
+}
+
+TEST_F(SpectrumGridTest, ADraggedSelectionIsCutAndPasted) {
+  ShowSpectrum({1.0, 2.0, 3.0}, {300.0, 400.0, 500.0});
+  QWidget* const cells = grid.viewport();
+  QTest::mousePress(cells, Qt::LeftButton, {}, Middle(3, 2));
+  QMouseEvent move(QEvent::MouseMove, Middle(2, 1), cells->mapToGlobal(Middle(2, 1)), Qt::NoButton,
+                   Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(cells, &move);
+  QTest::mouseRelease(cells, Qt::LeftButton, {}, Middle(2, 1));
+  EXPECT_EQ(grid.SelectedCells(), (GridBlock{2, 1, 3, 2}));
+  Key(Qt::Key_X, Qt::ControlModifier);
+  EXPECT_THAT(periods, ElementsAre(1.0, 0.0, 0.0));
+  EXPECT_EQ(Clipboard(), "2\t400\n3\t500\n");
+  Click(1, 1);
+  Key(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_THAT(periods, ElementsAre(2.0, 3.0, 0.0));
+  EXPECT_THAT(values, ElementsAre(400.0, 500.0, 0.0));
+}
+
+TEST_F(SpectrumGridTest, AllIsCopiedAndPastedOverItselfUnchanged) {
+  ShowSpectrum({0.1 + 0.2, 1e-300}, {-1.5e300, 400.0});
+  const std::vector<double> x = periods, y = values;
+  Key(Qt::Key_A, Qt::ControlModifier);
+  Key(Qt::Key_C, Qt::ControlModifier);
+  Key(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(periods, x);
+  EXPECT_EQ(values, y);
+}
+
+TEST_F(SpectrumGridTest, DelRemovesRowsSelectedUpwardsAndInsActsOnTheActiveOne) {
+  ShowSpectrum({1.0, 2.0, 3.0, 4.0}, {300.0, 400.0, 500.0, 600.0});
+  Click(3, 2);
+  Key(Qt::Key_Up, Qt::ShiftModifier);
+  Key(Qt::Key_Insert);
+  EXPECT_THAT(periods, ElementsAre(1.0, 0.0, 2.0, 3.0, 4.0));
+  Click(4, 1);
+  Key(Qt::Key_Up, Qt::ShiftModifier);
+  Key(Qt::Key_Up, Qt::ShiftModifier);
+  Key(Qt::Key_Delete);
+  EXPECT_THAT(periods, ElementsAre(1.0, 4.0));
+}
+
+TEST_F(SpectrumGridTest, ADoubleClickEditsTheCellWithItsTextSelected) {
+  ShowSpectrum({1.0, 2.0}, {300.0, 400.0});
+  QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, Middle(1, 2));
+  QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, Middle(1, 2));
+  ASSERT_TRUE(Editor());
+  EXPECT_EQ(Editor()->selectedText(), QStringLiteral("300"));
+  Type("7");
+  Click(2, 2);
+  EXPECT_THAT(values, ElementsAre(7.0, 400.0));
+}
+
+TEST_F(SpectrumGridTest, ACommandOfTheMenuTakesTheOpenEntryFirst) {
+  ShowSpectrum({1.0, 2.0, 3.0}, {300.0, 400.0, 500.0});
+  Click(1, 1);
+  Type("4");
+  grid.RemoveRows();
+  EXPECT_THAT(periods, ElementsAre(2.0, 3.0));
+  EXPECT_EQ(changed.size(), 2U);
+  Type("5");
+  SetClipboard("9");
+  grid.Paste();
+  EXPECT_THAT(periods, ElementsAre(9.0, 3.0));
+  EXPECT_EQ(changed.size(), 4U);
+}
+
+TEST_F(MixedGridTest, AnEntryIsTakenBeforeTheCheckCellThatIsClickedBehindIt) {
+  Show();
+  Click(1, 1);
+  Type("dam");
+  QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, Middle(2, 4));
+  const std::vector<GridChange> expected{{Action::Edit, {1, 1, 1, 1}}, {Action::Edit, {2, 4, 2, 4}}};
+  EXPECT_EQ(changed, expected);
+  answer = false;
+  Click(1, 1);
+  Type("lake");
+  QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, Middle(2, 4));
+  Settle();
+  EXPECT_TRUE(grid.GetCheck(2, 4));
+  EXPECT_EQ(asked.size(), 3U);
+}
+
+TEST_F(MixedGridTest, ATextCellHoldsOneLineWhateverIsPastedIntoItsEditor) {
+  Show();
+  Click(1, 1);
+  Key(Qt::Key_F2);
+  SetClipboard("上の\r\nダム\r\n");
+  QTest::keyClick(Editor(), Qt::Key_V, Qt::ControlModifier);
+  Key(Qt::Key_Return);
+  EXPECT_EQ(grid.GetCellText(1, 1), QStringLiteral("上の ダム"));
+}
+
+// Paste, as spreadsheets and browsers put it
+
+/// The boxes that came up during an action, each answered with OK.
+std::vector<std::string> BoxesDuring(const std::function<void()>& action) {
+  std::vector<std::string> boxes;
+  QTimer answering;
+  QObject::connect(&answering, &QTimer::timeout, [&] {
+    if (auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+      boxes.push_back(box->text().toStdString());
+      box->buttons().front()->click();
+    }
+  });
+  answering.start(0);
+  QWidget* const window = QApplication::activeWindow();
+  action();
+  window->activateWindow();  // without a window manager nobody else does
+  EXPECT_TRUE(QTest::qWaitForWindowActive(window));
+  Settle();
+  return boxes;
+}
+
+TEST_F(SpectrumGridTest, ThousandsSeparatorsDoNotCutANumber) {
+  ShowSpectrum({1.0, 2.0}, {300.0, 400.0});
+  const auto paste = [&](int row, int column, const char* text) {
+    SetClipboard(text);
+    grid.SelectCell(row, column);
+    return BoxesDuring([&] { Key(Qt::Key_V, Qt::ControlModifier); });
+  };
+  EXPECT_THAT(paste(1, 2, "1,234.5"), IsEmpty());
+  EXPECT_THAT(values, ElementsAre(1234.5, 400.0));
+  EXPECT_THAT(paste(1, 1, "0.5\t2,345,678.25\r\n-1.5\t−1,000\r\n"), IsEmpty());
+  EXPECT_THAT(periods, ElementsAre(0.5, -1.5));
+  EXPECT_THAT(values, ElementsAre(2345678.25, -1000.0));
+  EXPECT_THAT(paste(1, 2, "１，２３４．５"), IsEmpty());
+  EXPECT_EQ(values[0], 1234.5);
+  changed.clear();
+  asked.clear();
+  const std::vector<double> before = values;
+  EXPECT_EQ(paste(1, 2, "0.1,7").size(), 1U);
+  EXPECT_EQ(paste(1, 1, "0.1,1,234.5").size(), 1U);
+  EXPECT_EQ(paste(1, 1, "1,234.5").size(), 1U);
+  EXPECT_EQ(paste(1, 1, "1\t2\t3").size(), 1U);
+  EXPECT_EQ(paste(1, 2, "1,23").size(), 1U);
+  EXPECT_THAT(changed, IsEmpty());
+  EXPECT_THAT(asked, IsEmpty());
+  EXPECT_EQ(values, before);
+}
+
+TEST_F(SpectrumGridTest, ANumberBeyondTheDoublesIsToldAndChangesNothing) {
+  ShowSpectrum({1.0, 2.0}, {300.0, 400.0});
+  grid.SelectCell(2, 2);
+  const auto typed = BoxesDuring([&] {
+    Type("1e400");
+    Key(Qt::Key_Return);
+  });
+  EXPECT_THAT(typed, ElementsAre("数値が大きすぎます。\n\n行：2\n列：応答値 (gal)\n内容：1e400"));
+  EXPECT_EQ(grid.ActiveRow(), 2);
+  SetClipboard("5\t6\n7\t-1e400");
+  grid.SelectCell(1, 1);
+  const auto pasted = BoxesDuring([&] { Key(Qt::Key_V, Qt::ControlModifier); });
+  EXPECT_THAT(pasted, ElementsAre("数値が大きすぎます。\n\n行：2\n列：応答値 (gal)\n内容：-1e400"));
+  EXPECT_THAT(periods, ElementsAre(1.0, 2.0));
+  EXPECT_THAT(values, ElementsAre(300.0, 400.0));
+  EXPECT_THAT(asked, IsEmpty());
+  EXPECT_THAT(changed, IsEmpty());
+}
+
+TEST_F(SampleGridTest, TheTextInfStaysABlank) {
+  ShowSamples({1.0, 2.0});
+  SetClipboard("inf\n5");
+  Click(1, 2);
+  Key(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_THAT(acc, ElementsAre(kBlank, 5.0));
+}
+
+TEST_F(SpectrumGridTest, AHeadingCountsAsZero) {
+  ShowSpectrum({1.0, 2.0}, {300.0, 400.0});
+  SetClipboard("周期\t応答値\r\n\"0.5\"\t\"1,250\"\r\n");
+  Click(1, 1);
+  Key(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_THAT(periods, ElementsAre(0.0, 0.5));
+  EXPECT_THAT(values, ElementsAre(0.0, 1250.0));
+  EXPECT_EQ(asked.size(), 1U);
+}
+
+TEST_F(MixedGridTest, APasteThatDoesNotFitIntoATableIsToldAndChangesNothing) {
+  grid.SetMenu(CSpread7::Menu::TextGrid);
+  Show();
+  SetClipboard("a\nb\nc\nd");
+  Click(2, 1);
+  EXPECT_THAT(BoxesDuring([&] { Key(Qt::Key_V, Qt::ControlModifier); }),
+              ElementsAre("貼り付ける行が表に入りきりません。\n\n行：3\n内容：b"));
+  EXPECT_EQ(grid.GetCellText(2, 1), QStringLiteral("断層"));
+  EXPECT_THAT(asked, IsEmpty());
+  SetClipboard("a\r\n\r\n\r\n");
+  Key(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(grid.GetCellText(2, 1), QStringLiteral("a"));
+  SetClipboard("b\t7\tD");
+  EXPECT_THAT(BoxesDuring([&] { Key(Qt::Key_V, Qt::ControlModifier); }),
+              ElementsAre("選択肢にない値です。\n\n行：2\n列：3\n内容：D"));
+  EXPECT_EQ(grid.GetCellText(2, 1), QStringLiteral("a"));
+}
+
+TEST_F(SpectrumGridTest, APasteIntoAnOpenEditorReadsThousandsToo) {
+  ShowSpectrum({1.0, 2.0}, {300.0, 400.0});
+  Click(1, 2);
+  Key(Qt::Key_F2);
+  SetClipboard("1,234.5\r\n");
+  QTest::keyClick(Editor(), Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(Editor()->text(), QStringLiteral("1234.5"));
+  Key(Qt::Key_Return);
+  EXPECT_EQ(values[0], 1234.5);
+}
+
 // Rows
 
 TEST_F(SampleGridTest, InsPutsARowBeforeTheActiveOne) {
@@ -574,13 +1194,17 @@ TEST_F(SampleGridTest, InsPutsARowBeforeTheActiveOne) {
   EXPECT_EQ(changed, asked);
 }
 
-TEST_F(SampleGridTest, InsOnABlockPutsARowBeforeItsFirst) {
+TEST_F(SampleGridTest, InsOnABlockPutsARowBeforeItsActiveOne) {
   ShowSamples({1.0, 2.0, 3.0, 4.0});
   Click(2, 2);
   Click(4, 2, Qt::ShiftModifier);
   Key(Qt::Key_Insert);
-  EXPECT_THAT(acc, ElementsAre(1.0, 0.0, 2.0, 3.0, 4.0));
-  EXPECT_EQ(grid.SelectedCells(), (GridBlock{2, 2, 2, 2}));
+  EXPECT_THAT(acc, ElementsAre(1.0, 2.0, 3.0, 0.0, 4.0));
+  EXPECT_EQ(grid.SelectedCells(), (GridBlock{4, 2, 4, 2}));
+  Click(3, 2);
+  Click(2, 2, Qt::ShiftModifier);
+  Key(Qt::Key_Insert);
+  EXPECT_THAT(acc, ElementsAre(1.0, 0.0, 2.0, 3.0, 0.0, 4.0));
 }
 
 TEST_F(SampleGridTest, CtrlInsPutsARowAtTheEnd) {
@@ -776,17 +1400,6 @@ TEST_F(MixedGridTest, TextGridsDoNotSplitAtCommas) {
   EXPECT_EQ(grid.GetCellText(1, 1), QStringLiteral("東京, 大手町"));
 }
 
-TEST_F(MixedGridTest, PasteIntoATableStopsAtItsLastRow) {
-  grid.SetMenu(CSpread7::Menu::TextGrid);
-  Show();
-  SetClipboard("a\nb\nc\nd");
-  Click(2, 1);
-  Key(Qt::Key_V, Qt::ControlModifier);
-  EXPECT_EQ(grid.RowCount(), 2);
-  EXPECT_EQ(grid.GetCellText(2, 1), QStringLiteral("a"));
-  EXPECT_THAT(changed, ElementsAre(GridChange{Action::Paste, {2, 1, 2, 1}}));
-}
-
 // Menus
 
 std::vector<std::string> MenuTexts(const QWidget& grid) {
@@ -843,6 +1456,36 @@ TEST_F(SampleGridTest, TheMenuOpensUnderTheMouseAndByItsKey) {
   QTest::keyClick(menu, Qt::Key_Down);
   QTest::keyClick(menu, Qt::Key_Return);
   EXPECT_THAT(acc, ElementsAre(1.0, 0.0, 2.0));
+}
+
+TEST_F(SampleGridTest, TheMenuOpensOverTheHeadersToo) {
+  ShowSamples({1.0, 2.0, 3.0});
+  QMenu* const menu = grid.findChild<QMenu*>();
+  std::vector<std::pair<int, int>> rightClicked;
+  QObject::connect(&grid, &CSpread7::RightClicked,
+                   [&](int row, int column) { rightClicked.emplace_back(row, column); });
+  const auto rightClick = [&](QHeaderView* header, int section) {
+    const int along = header->sectionViewportPosition(section) + 5;
+    const QPoint spot = header->orientation() == Qt::Vertical ? QPoint(5, along) : QPoint(along, 5);
+    QTest::mousePress(header->viewport(), Qt::RightButton, {}, spot);
+    QContextMenuEvent event(QContextMenuEvent::Mouse, spot, header->viewport()->mapToGlobal(spot));
+    QApplication::sendEvent(header->viewport(), &event);
+    QTest::mouseRelease(header->viewport(), Qt::RightButton, {}, spot);
+    const bool opened = menu->isVisible();
+    menu->hide();
+    return opened;
+  };
+  // Rows that are selected stay so; another row is selected first, since the commands act on the selection.
+  Click(1, 1);
+  Click(2, 2, Qt::ShiftModifier);
+  EXPECT_TRUE(rightClick(grid.verticalHeader(), 1));
+  EXPECT_EQ(grid.SelectedCells(), (GridBlock{1, 1, 2, 2}));
+  EXPECT_TRUE(rightClick(grid.verticalHeader(), 2));
+  EXPECT_EQ(grid.SelectedCells(), (GridBlock{3, 1, 3, 2}));
+  EXPECT_TRUE(rightClick(grid.horizontalHeader(), 1));
+  EXPECT_EQ(grid.SelectedCells(), (GridBlock{1, 2, 3, 2}));
+  EXPECT_THAT(rightClicked, ElementsAre(std::pair(2, 0), std::pair(3, 0), std::pair(0, 2)));
+  EXPECT_TRUE(grid.hasFocus());
 }
 
 // Moving about
@@ -932,6 +1575,47 @@ TEST_F(MixedGridTest, ScreenReadersHearColoursAndChecks) {
   EXPECT_TRUE(cell(1, 4)->state().checkable);
   EXPECT_FALSE(cell(1, 4)->state().checked);
   EXPECT_TRUE(cell(2, 4)->state().checked);
+}
+
+TEST_F(MixedGridTest, ScreenReadersHearTheColumnAndStateOfACheckCell) {
+  grid.SetCellText(0, 4, QStringLiteral("表示"));
+  grid.SetCheck(2, 4, true);
+  QAccessibleTableInterface* const table = QAccessible::queryAccessibleInterface(&grid)->tableInterface();
+  EXPECT_EQ(table->cellAt(0, 3)->text(QAccessible::Name), QStringLiteral("表示 オフ"));
+  EXPECT_EQ(table->cellAt(1, 3)->text(QAccessible::Name), QStringLiteral("表示 オン"));
+}
+
+TEST_F(MixedGridTest, TheAccessibleActionOfACheckCellIsAClick) {
+  grid.SetCellFormat(2, 4, Format(CellType::Check, true));
+  Show();
+  QAccessibleTableInterface* const table = QAccessible::queryAccessibleInterface(&grid)->tableInterface();
+  QAccessibleActionInterface* const cell = table->cellAt(0, 3)->actionInterface();
+  ASSERT_TRUE(cell);
+  for (const QString& action :
+       {QAccessibleActionInterface::toggleAction(), QAccessibleActionInterface::pressAction()}) {
+    ASSERT_TRUE(cell->actionNames().contains(action)) << action.toStdString();
+    const bool before = grid.GetCheck(1, 4);
+    cell->doAction(action);
+    Settle();
+    EXPECT_EQ(grid.GetCheck(1, 4), !before) << action.toStdString();
+    EXPECT_EQ(table->cellAt(0, 3)->state().checked, !before);
+  }
+  EXPECT_THAT(clicked, ElementsAre(std::pair(1, 4), std::pair(1, 4)));
+  EXPECT_THAT(asked,
+              ElementsAre(GridChange{Action::Edit, {1, 4, 1, 4}}, GridChange{Action::Edit, {1, 4, 1, 4}}));
+  EXPECT_EQ(changed, asked);
+  answer = false;
+  cell->doAction(QAccessibleActionInterface::toggleAction());
+  Settle();
+  EXPECT_FALSE(grid.GetCheck(1, 4));
+  EXPECT_EQ(clicked.size(), 2U);
+
+  QAccessibleActionInterface* const locked = table->cellAt(1, 3)->actionInterface();
+  answer = true;
+  locked->doAction(QAccessibleActionInterface::toggleAction());
+  Settle();
+  EXPECT_FALSE(grid.GetCheck(2, 4));
+  EXPECT_EQ(clicked.size(), 2U);
 }
 
 TEST_F(MixedGridTest, EditorsAndMenuHaveNames) {
@@ -1025,11 +1709,56 @@ TEST_F(MixedGridTest, ACutOffTextIsToldByATip) {
   EXPECT_EQ(tip(1, 5), "色 赤50 緑50 青255");
 }
 
-TEST_F(Spread7Test, CellsSpan) {
+TEST_F(SampleGridTest, ACutOffTitleIsToldByATip) {
+  ShowSamples({1.0, 2.0});
+  grid.SetColumnWidth(2, 30);
+  const auto tip = [&](int column) {
+    const QHeaderView* const titles = grid.horizontalHeader();
+    const QPoint spot(titles->sectionViewportPosition(column - 1) + 5, 5);
+    QHelpEvent event(QEvent::ToolTip, spot, titles->viewport()->mapToGlobal(spot));
+    QApplication::sendEvent(titles->viewport(), &event);
+    return QToolTip::text().toStdString();
+  };
+  EXPECT_EQ(tip(2), "<qt>加速度</qt>");
+  tip(1);
+  EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
+}
+
+TEST_F(Spread7Test, ACutOffRowTitleIsToldByATip) {
+  grid.SetSize(2, 1);
+  grid.SetCellText(1, 0, QStringLiteral("(水平)H20ダム距離減衰"));
+  grid.SetColumnWidth(0, 40);
+  Show();
+  QWidget* const rows = grid.verticalHeader()->viewport();
+  QHelpEvent event(QEvent::ToolTip, {5, 5}, rows->mapToGlobal(QPoint(5, 5)));
+  QApplication::sendEvent(rows, &event);
+  EXPECT_EQ(QToolTip::text(), QStringLiteral("<qt>(水平)H20ダム距離減衰</qt>"));
+}
+
+QStringList& Warnings() {
+  static QStringList warnings;
+  return warnings;
+}
+
+TEST_F(Spread7Test, CellsSpanAndSpansCanBeCleared) {
+  Warnings().clear();
+  const QtMessageHandler before = qInstallMessageHandler(
+      [](QtMsgType, const QMessageLogContext&, const QString& text) { Warnings() << text; });
   grid.SetSize(4, 3);
   grid.SetSpan(2, 1, 3, 1);
+  grid.SetSpan(1, 1, 1, 1);
   EXPECT_EQ(grid.rowSpan(1, 0), 3);
   EXPECT_EQ(grid.rowSpan(0, 0), 1);
+  grid.SetSpan(2, 1, 1, 1);
+  EXPECT_EQ(grid.rowSpan(1, 0), 1);
+  grid.SetSpan(2, 1, 3, 1);
+  grid.SetSpan(1, 2, 2, 2);
+  grid.clearSpans();
+  EXPECT_EQ(grid.rowSpan(1, 0), 1);
+  EXPECT_EQ(grid.columnSpan(0, 1), 1);
+  grid.clearSpans();
+  qInstallMessageHandler(before);
+  EXPECT_TRUE(Warnings().isEmpty()) << Warnings().join(u'\n').toStdString();
 }
 
 }  // namespace

@@ -552,6 +552,19 @@ TEST_F(OrigSeismicWaveScreen, ABaseWaveWithoutAnyAdjustmentAsksOnce) {
   EXPECT_EQ(Wave().acc[0], 9.0);
 }
 
+TEST_F(OrigSeismicWaveScreen, WhatTheGridRefusesIsToldBeforeAnyQuestion) {
+  SetAdjusted(0);
+  const std::vector<double> before = Wave().acc;
+  prompt.ExpectMessage("数値が大きすぎます。\n\n行：1\n列：加速度 (gal)\n内容：1e400");
+  driver.EnterCell("sampleGrid", 1, 2, "1e400");
+  prompt.ExpectMessage("貼り付ける列が表に入りきりません。\n\n行：1\n内容：1,5");
+  QApplication::clipboard()->setText("1,5");
+  driver.Key(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(Wave().acc, before);
+  EXPECT_TRUE(Wave().adjusted);
+  EXPECT_FALSE(doc.IsModified());
+}
+
 TEST_F(OrigSeismicWaveScreen, EachActionOnTheGridAsksOnceBeforeTheGridChanges) {
   SetAdjusted(0);
   QApplication::clipboard()->setText("1\n2\n3\n4\n5\n");

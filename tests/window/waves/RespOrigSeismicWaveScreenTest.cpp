@@ -142,6 +142,23 @@ TEST_F(RespOrigSeismicWaveScreen, ATimeStepThatDoesNotParseCountsAs0) {
   EXPECT_EQ(driver.Text("timeStepEdit"), "0.02");
 }
 
+TEST_F(RespOrigSeismicWaveScreen, FullWidthDigitsOfATimeStepAreRead) {
+  driver.Type("timeStepEdit", "");
+  QInputMethodEvent input;
+  input.setCommitString(QStringLiteral("０．０２"));
+  QApplication::sendEvent(&driver.Find<QLineEdit>("timeStepEdit"), &input);
+  driver.Key(Qt::Key_Tab);
+  EXPECT_EQ(Wave().timeStep, 0.02);
+  EXPECT_EQ(driver.Text("timeStepEdit"), "0.02");
+}
+
+TEST_F(RespOrigSeismicWaveScreen, ATimeStepBeyondTheDoublesIsRefused) {
+  prompt.ExpectMessage("時間間隔の入力エラーです。");
+  driver.Enter("timeStepEdit", "1e400");
+  EXPECT_EQ(driver.Text("timeStepEdit"), "0.01");
+  ExpectKept();
+}
+
 TEST_F(RespOrigSeismicWaveScreen, AnEditedSampleClears) {
   driver.EnterCell("sampleGrid", 2, 2, "-7.25");
   EXPECT_THAT(Wave().acc, ElementsAre(1.5, -7.25, 0.5));
