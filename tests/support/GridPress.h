@@ -7,8 +7,8 @@ namespace tremlo::test {
 
 /// Gives a cell a text as a grid does: only an open cell takes one, and only what belongs there and is new.
 inline void GiveText(GridData& data, int row, int column, const QString& text) {
-  const auto accepted = AcceptedText(data, row, column, text);
-  if (accepted && *accepted != data.Text(row, column)) data.SetText(row, column, *accepted);
+  const std::optional<QString> taken = AnswerOfCell(data, row, column, text).text;
+  if (taken && data.WouldChange(row, column, *taken)) data.SetText(row, column, *taken);
 }
 
 /// Presses a check cell.

@@ -62,8 +62,8 @@ TEST(TitledRows, TextsAndNumbersAreLockedAndTheOthersOpen) {
 
 TEST(TitledRows, OnlyOpenCellsTakeATextThatBelongsThere) {
   Rows rows;
-  EXPECT_EQ(AcceptedText(rows, 1, 3, "C"), std::nullopt);
-  EXPECT_EQ(AcceptedText(rows, 1, 1, "x"), std::nullopt);
+  EXPECT_EQ(AnswerOfCell(rows, 1, 3, "C").text, std::nullopt);
+  EXPECT_EQ(AnswerOfCell(rows, 1, 1, "x").text, std::nullopt);
   rows.SetText(1, 1, "x");
   rows.SetText(3, 4, "1");
   rows.SetText(0, 4, "1");

@@ -176,7 +176,7 @@ TEST_F(OrigSeismicWaveScreen, TheScreenFollowsThePalette) {
   palette.Back();
   EXPECT_EQ(driver.Picture(), light);
   palette.ToDark();
-  CFrmOrigSeismicWave fresh(doc, prompt, files, parts.rules);
+  CFrmOrigSeismicWave fresh(doc, prompt, files, parts.rules, gate);
   fresh.Entered();
   ScreenDriver another(fresh);
   another.Find<QWidget>("graph").setFocus();

@@ -329,7 +329,7 @@ TEST_F(RespVisualizationScreen, TheScreenFollowsThePalette) {
   palette.Back();
   EXPECT_EQ(driver.Picture(), light);
   palette.ToDark();
-  CFrmRespVisualization fresh(doc, files);
+  CFrmRespVisualization fresh(doc, files, gate);
   fresh.Prepare();
   fresh.Entered();
   ScreenDriver another(fresh);

@@ -145,17 +145,18 @@ class NoThreads {
 };
 
 TEST(ComputeMissingSpectra, AFailedBatchStoresNothing) {
-  CSeismicWaveSet waves = Waves({"a", "b"});
-  waves.SetPeriods("a", {1.0});
-  waves.SetAccSpec("a", {2.0});
-  const std::vector<CSeismicWave> before = waves.Records();
+  CMorvaneDoc doc = DocWith({"a", "b"});
+  doc.seedWaves.SetPeriods("a", {1.0});
+  doc.seedWaves.SetAccSpec("a", {2.0});
+  const std::vector<CSeismicWave> before = doc.seedWaves.Records();
   {
     const NoThreads none;
-    EXPECT_FALSE(ComputeMissingSpectra(waves, nullptr, kNoPause));
+    EXPECT_FALSE(ComputeMissingSpectra(doc, nullptr, kNoPause));
   }
-  EXPECT_TRUE(waves.Records() == before);
-  EXPECT_TRUE(ComputeMissingSpectra(waves, nullptr, kNoPause)) << "and the next one works";
-  EXPECT_TRUE(waves.GetSpectrumValid("a") && waves.GetSpectrumValid("b"));
+  EXPECT_TRUE(doc.seedWaves.Records() == before);
+  EXPECT_FALSE(doc.IsModified());
+  EXPECT_TRUE(ComputeMissingSpectra(doc, nullptr, kNoPause)) << "and the next one works";
+  EXPECT_TRUE(doc.seedWaves.GetSpectrumValid("a") && doc.seedWaves.GetSpectrumValid("b"));
 }
 
 #endif
