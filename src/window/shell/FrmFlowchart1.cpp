@@ -40,7 +40,7 @@ CFrmFlowchart1::CFrmFlowchart1(CMorvaneDoc& doc, Prompt& prompt, WorkProcedure& 
 }
 
 void CFrmFlowchart1::Entered() {
-  m_onDisplay = true;
+  m_asking = true;
   m_round.Begin();
   m_dialogPos = FirstPlace();
   Refresh();
@@ -48,7 +48,7 @@ void CFrmFlowchart1::Entered() {
 }
 
 void CFrmFlowchart1::Left() {
-  m_onDisplay = false;
+  m_asking = false;
   m_timer->stop();
 }
 
@@ -57,7 +57,7 @@ void CFrmFlowchart1::CommandBegins() {
 }
 
 void CFrmFlowchart1::CommandEnded() {
-  if (m_onDisplay) m_timer->start();
+  if (m_asking) m_timer->start();
 }
 
 void CFrmFlowchart1::Refresh() {
@@ -78,8 +78,9 @@ void CFrmFlowchart1::AskDueQuestion() {
   m_dialogPos = PlaceOnAMonitor();
   const QuestionEnd end = m_ask(
       *question, [this] { return m_round.MayCancel(); }, m_dialogPos, FrontWindow());
-  if (!m_onDisplay) return;
+  if (!m_asking) return;
   if (const std::optional<SwitchOutcome> over = m_round.Take(end)) {
+    m_asking = false;
     m_follow(*over);
     return;
   }

@@ -41,8 +41,8 @@ class CFrmFlowchart1 : public ChartScreen {
   std::function<void(SwitchOutcome)> m_follow;
   AskQuestion m_ask;
   QTimer* m_timer;
-  QPoint m_dialogPos;  ///< where the next dialog appears
-  bool m_onDisplay = false;
+  QPoint m_dialogPos;     ///< where the next dialog appears
+  bool m_asking = false;  ///< on display, and the round is not over
 };
 
 }  // namespace tremlo

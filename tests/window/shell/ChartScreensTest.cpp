@@ -606,7 +606,8 @@ TEST_F(ChartScreensTest, ADialogThatCannotBeShownEndsTheProgram) {
   Open(ScreenId::Flowchart1);
   ASSERT_TRUE(QTest::qWaitFor([this] { return !ended.empty(); }));
   EXPECT_THAT(ended, ElementsAre(1));
-  EXPECT_FALSE(app->Frame()->ScreenOnDisplay()->findChild<QTimer*>()->isActive());
+  app->Frame()->ScreenOnDisplay()->CommandEnded();
+  EXPECT_FALSE(app->Frame()->ScreenOnDisplay()->findChild<QTimer*>()->isActive()) << "nothing more is asked";
 }
 
 // --- The clicks ---
