@@ -500,6 +500,24 @@ TEST_F(QuestionScreenTest, TheFirstDialogStandsByTheMonitorAndTheOthersWhereItWa
            }}});
 }
 
+TEST_F(QuestionScreenTest, TheFirstDialogStandsOnTheMonitorOfTheWindow) {
+  if (QGuiApplication::screens().size() < 2) GTEST_SKIP() << "for a machine with two monitors";
+  const auto firstPlace = [this](QPoint windowAt) {
+    QPoint place;
+    app->Frame()->move(windowAt);
+    Open(ScreenId::FlowCheck);
+    ClickButton("questionsButton");
+    Answer({{PhaseQ1, [&](QWidget& dialog) {
+               place = dialog.pos();
+               CancelAt(PhaseQ1).act(dialog);
+             }}});
+    return place;
+  };
+  EXPECT_EQ(firstPlace({20, 40}), QPoint(426, 298));
+  // 1280 + 5120 / 3; (1440 - 5120 / 3) / 2 would be above the monitor
+  EXPECT_EQ(firstPlace({1500, 100}), QPoint(2986, 0));
+}
+
 TEST_F(QuestionScreenTest, ADialogLeftPartlyOutsideStaysThereAndALostOneIsFetchedBack) {
   const QRect monitor = app->Frame()->screen()->geometry();
   const QPoint partly(monitor.left() - 100, monitor.bottom() - 60);
