@@ -171,7 +171,7 @@ class Program:
         """Clicks the shown button or box to tick of that name."""
         self.click(name, BUTTONS)
 
-    def act(self, name, role=ROLE.PUSH_BUTTON):
+    def act_on(self, name, role=ROLE.PUSH_BUTTON):
         """Does what the accessibility bus offers on the control of that name."""
         self.until(lambda: Atspi.Action.do_action(self.find(name, role), 0), f"action of {name}")
 

@@ -269,21 +269,21 @@ class Route(unittest.TestCase):
         # All by keys and the actions of the bus: at other scales than 1 it does not tell where a control is seen.
         self.desktop.env["QT_SCALE_FACTOR"] = scale
         program = self.launch()
-        program.act("OK")
-        program.act(SETTINGS)
+        program.act_on("OK")
+        program.act_on(SETTINGS)
         x, y, width, height = program.settled_geometry(SETTINGS)
         program.screenshot(f"settings_at_scale_{scale}")
         self.assertTrue(x >= 0 and y >= 0 and x + width <= 1024 and y + height <= 768, (x, y, width, height))
         # What the bus offers on the box acts: the fixed range takes the place of the automatic one.
         self.assertIn("時間 (sec)：0 ～ 20", program.description("グラフ"))
-        program.act(AUTOMATIC, ROLE.CHECK_BOX)
+        program.act_on(AUTOMATIC, ROLE.CHECK_BOX)
         program.until(lambda: "時間 (sec)：0 ～ 30" in program.description("グラフ"), "the fixed range")
         self.assertEqual(program.settled_geometry(SETTINGS), (x, y, width, height))
-        program.act("OK")
+        program.act_on("OK")
         program.until(lambda: not program.look(SETTINGS, ROLE.DIALOG), "dialog closed")
         program.close_window()
         program.until(program.has_box, "question about unsaved work")
-        program.act("いいえ(N)")
+        program.act_on("いいえ(N)")
         self.assertEqual(program.wait_for_end(), 0)
 
     def test_the_graph_settings_keep_their_size(self):

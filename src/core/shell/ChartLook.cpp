@@ -68,7 +68,7 @@ QString TextOf(ChartBox box) {
 }
 
 QString SpokenName(ChartBox box) {
-  const QString text = TextOf(box).remove(u'\n');
+  QString text = TextOf(box).remove(u'\n');
   if (NumberOf(box).isEmpty()) return text;
   return QString::fromUtf16(TextsOf(box).characteristic) + u'　' + NumberOf(box) + u'　' + text;
 }

@@ -14,7 +14,7 @@ constexpr char16_t kYes[] = u"YES";
 constexpr char16_t kNo[] = u"NO";
 constexpr char16_t kBack[] = u"戻る";
 
-/// In the order of ChartQuestion. That the fourth one reports the number of the third is as required.
+/// In the order of ChartQuestion. The message of the fourth names the third, on purpose.
 constexpr std::array<ChartQuestionRow, 8> kRows = {{
     {PhaseQ1, "CDlgPhaseProperty1", u"位相特性　Q1", u"対象ダムに地震計は設置されていますか？", kYes, kNo,
      nullptr, TREMLO_MANUAL u"18", u"位相特性Q1を表示させることができませんでした。"},

@@ -6,7 +6,7 @@ namespace tremlo {
 
 QPoint FirstQuestionPlace(QSize monitor) {
   const int third = monitor.width() / 3;
-  // The width counts for the height, too: as required.
+  // The width counts for the height, too, on purpose.
   return {third * 2 / 2, (monitor.height() / 3 * 3 - third) / 2};
 }
 

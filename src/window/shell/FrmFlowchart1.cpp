@@ -17,17 +17,17 @@ namespace {
 constexpr int kPauseMs = 100;       ///< before a dialog
 constexpr int kCaptionMiddle = 12;  ///< pixels down from the upper edge of a dialog
 
-/// A box, a dialog or a menu is open.
-bool IsOccupied() {
-  return QApplication::activeModalWidget() || QApplication::activePopupWidget();
+bool MenuIsOpen() {
+  return QApplication::activePopupWidget() != nullptr;
 }
 
 }  // namespace
 
-CFrmFlowchart1::CFrmFlowchart1(CMorvaneDoc& doc, Prompt& prompt, WorkProcedure& procedure,
+CFrmFlowchart1::CFrmFlowchart1(CMorvaneDoc& doc, Prompt& prompt, WorkProcedure& procedure, CommandGate& gate,
                                std::function<void(SwitchOutcome)> follow, AskQuestion ask, QWidget* parent)
     : ChartScreen(FlowChartView::Use::Shows, parent),
       m_round(doc, prompt, procedure),
+      m_gate(gate),
       m_follow(std::move(follow)),
       m_ask(ask ? std::move(ask) : CPropertyQa::Ask),
       m_timer(new QTimer(this)) {
@@ -40,7 +40,7 @@ CFrmFlowchart1::CFrmFlowchart1(CMorvaneDoc& doc, Prompt& prompt, WorkProcedure& 
 }
 
 void CFrmFlowchart1::Entered() {
-  m_onDisplay = true;
+  m_asking = true;
   m_round.Begin();
   m_dialogPos = FirstPlace();
   Refresh();
@@ -48,7 +48,7 @@ void CFrmFlowchart1::Entered() {
 }
 
 void CFrmFlowchart1::Left() {
-  m_onDisplay = false;
+  m_asking = false;
   m_timer->stop();
 }
 
@@ -57,7 +57,7 @@ void CFrmFlowchart1::CommandBegins() {
 }
 
 void CFrmFlowchart1::CommandEnded() {
-  if (m_onDisplay) m_timer->start();
+  if (m_asking) m_timer->start();
 }
 
 void CFrmFlowchart1::Refresh() {
@@ -66,10 +66,8 @@ void CFrmFlowchart1::Refresh() {
 }
 
 void CFrmFlowchart1::OnTimer() {
-  if (IsOccupied())
-    m_timer->start();
-  else
-    AskDueQuestion();
+  if (!m_round.Due()) return;
+  if (MenuIsOpen() || !m_gate.Run([this] { AskDueQuestion(); })) m_timer->start();
 }
 
 void CFrmFlowchart1::AskDueQuestion() {
@@ -78,8 +76,9 @@ void CFrmFlowchart1::AskDueQuestion() {
   m_dialogPos = PlaceOnAMonitor();
   const QuestionEnd end = m_ask(
       *question, [this] { return m_round.MayCancel(); }, m_dialogPos, FrontWindow());
-  if (!m_onDisplay) return;
+  if (!m_asking) return;
   if (const std::optional<SwitchOutcome> over = m_round.Take(end)) {
+    m_asking = false;
     m_follow(*over);
     return;
   }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/shell/QuestionRound.h"
+#include "window/graphs/CommandGate.h"
 #include "window/shell/ChartScreen.h"
 
 #include <functional>
@@ -19,7 +20,7 @@ class CFrmFlowchart1 : public ChartScreen {
   Q_OBJECT
  public:
   /// `follow` is told the outcome of each switch; without `ask` the program's own dialogs are shown.
-  CFrmFlowchart1(CMorvaneDoc& doc, Prompt& prompt, WorkProcedure& procedure,
+  CFrmFlowchart1(CMorvaneDoc& doc, Prompt& prompt, WorkProcedure& procedure, CommandGate& gate,
                  std::function<void(SwitchOutcome)> follow, AskQuestion ask = {}, QWidget* parent = nullptr);
 
   void Entered() override;
@@ -38,11 +39,12 @@ class CFrmFlowchart1 : public ChartScreen {
   void ShowLitBox();
 
   QuestionRound m_round;
+  CommandGate& m_gate;
   std::function<void(SwitchOutcome)> m_follow;
   AskQuestion m_ask;
   QTimer* m_timer;
-  QPoint m_dialogPos;  ///< where the next dialog appears
-  bool m_onDisplay = false;
+  QPoint m_dialogPos;     ///< where the next dialog appears
+  bool m_asking = false;  ///< on display, and the round is not over
 };
 
 }  // namespace tremlo

@@ -179,6 +179,8 @@ QuestionEnd CPropertyQa::Ask(ChartQuestion question, const std::function<bool()>
   dialog.m_place = place;
   dialog.move(place);
   dialog.exec();
+  // Question and dialog go together: not every window manager finds the window behind both by itself.
+  if (parent && dialog.End() == QuestionEnd::Cancelled) parent->activateWindow();
   place = dialog.Place();
   return dialog.End();
 }

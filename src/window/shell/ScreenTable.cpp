@@ -46,7 +46,7 @@ void AddCharts(ScreenTable& table) {
     return new CFrmFlowCheck(parts.procedure, parts.gate, parts.follow);
   };
   table.screens[ScreenId::Flowchart1] = [](const ScreenParts& parts) {
-    return new CFrmFlowchart1(parts.doc, parts.prompt, parts.procedure, parts.follow);
+    return new CFrmFlowchart1(parts.doc, parts.prompt, parts.procedure, parts.gate, parts.follow);
   };
   table.screens[ScreenId::Flowchart2] = [](const ScreenParts& parts) {
     return new CFrmFlowchart2(parts.prompt, parts.procedure, parts.gate, parts.follow);

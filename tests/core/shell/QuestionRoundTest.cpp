@@ -159,6 +159,15 @@ TEST_F(QuestionRoundTest, OkOpensTheStepsOfTheTakenPaths) {
   }
 }
 
+TEST_F(QuestionRoundTest, StepsFollowThePathAsDrawnEvenWhereTheFlagStaysCleared) {
+  using enum QuestionEnd;
+  OnQuestions at({No, Yes, Yes, No, Back, Yes, No});
+  EXPECT_EQ(at.round.Take(Yes), SwitchOutcome::Open);
+  EXPECT_FALSE(at.doc.flowFaultSource);
+  const std::vector<FlowStep> enabled = at.pane.EnabledSteps();
+  EXPECT_NE(std::find(enabled.begin(), enabled.end(), FlowStep::FaultSpectra), enabled.end());
+}
+
 TEST_F(QuestionRoundTest, ADialogThatCannotBeShownIsToldAndEndsTheProgram) {
   const std::vector<const char*> texts = {"位相特性Q1", "位相特性Q2", "位相特性Q3", "位相特性Q3",
                                           "振幅特性Q1", "振幅特性Q2", "振幅特性Q3", "フローチャートの確認"};

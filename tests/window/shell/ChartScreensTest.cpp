@@ -76,7 +76,7 @@ class ChartScreensTest : public test::ShellTest {
       screens.screens[id] = own.screens.at(id);
     if (ask)
       screens.screens[ScreenId::Flowchart1] = [ask](const ScreenParts& parts) {
-        return new CFrmFlowchart1(parts.doc, parts.prompt, parts.procedure, parts.follow, ask);
+        return new CFrmFlowchart1(parts.doc, parts.prompt, parts.procedure, parts.gate, parts.follow, ask);
       };
     app = std::make_unique<CMorvaneApp>(settings, std::move(screens),
                                         DoorsWith([](bool, QWidget*) { return TopChoice::GuidelineRoute; }));
@@ -500,6 +500,24 @@ TEST_F(QuestionScreenTest, TheFirstDialogStandsByTheMonitorAndTheOthersWhereItWa
            }}});
 }
 
+TEST_F(QuestionScreenTest, TheFirstDialogStandsOnTheMonitorOfTheWindow) {
+  if (QGuiApplication::screens().size() < 2) GTEST_SKIP() << "for a machine with two monitors";
+  const auto firstPlace = [this](QPoint windowAt) {
+    QPoint place;
+    app->Frame()->move(windowAt);
+    Open(ScreenId::FlowCheck);
+    ClickButton("questionsButton");
+    Answer({{PhaseQ1, [&](QWidget& dialog) {
+               place = dialog.pos();
+               CancelAt(PhaseQ1).act(dialog);
+             }}});
+    return place;
+  };
+  EXPECT_EQ(firstPlace({20, 40}), QPoint(426, 298));
+  // 1280 + 5120 / 3; (1440 - 5120 / 3) / 2 would be above the monitor
+  EXPECT_EQ(firstPlace({1500, 100}), QPoint(2986, 0));
+}
+
 TEST_F(QuestionScreenTest, ADialogLeftPartlyOutsideStaysThereAndALostOneIsFetchedBack) {
   const QRect monitor = app->Frame()->screen()->geometry();
   const QPoint partly(monitor.left() - 100, monitor.bottom() - 60);
@@ -606,7 +624,8 @@ TEST_F(ChartScreensTest, ADialogThatCannotBeShownEndsTheProgram) {
   Open(ScreenId::Flowchart1);
   ASSERT_TRUE(QTest::qWaitFor([this] { return !ended.empty(); }));
   EXPECT_THAT(ended, ElementsAre(1));
-  EXPECT_FALSE(app->Frame()->ScreenOnDisplay()->findChild<QTimer*>()->isActive());
+  app->Frame()->ScreenOnDisplay()->CommandEnded();
+  EXPECT_FALSE(app->Frame()->ScreenOnDisplay()->findChild<QTimer*>()->isActive()) << "nothing more is asked";
 }
 
 // --- The clicks ---

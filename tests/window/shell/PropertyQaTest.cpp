@@ -116,7 +116,8 @@ TEST_P(PropertyQaTest, AppearsAtAPlaceAndTellsWhereItWasLeft) {
   EXPECT_EQ(place, QPoint(31, 45));
 }
 
-INSTANTIATE_TEST_SUITE_P(AllQuestions, PropertyQaTest, testing::ValuesIn(kChartQuestions));
+INSTANTIATE_TEST_SUITE_P(AllQuestions, PropertyQaTest, testing::ValuesIn(kChartQuestions),
+                         [](const auto& question) { return std::string(RowOf(question.param).dialog); });
 
 }  // namespace
 }  // namespace tremlo

@@ -1,6 +1,9 @@
 // The dialogs of the questions on a desktop whose window manager puts a frame around every window.
 
+#include "core/project/ChangeQuestions.h"
+#include "window/graphs/FrontWindow.h"
 #include "window/graphs/JapaneseFont.h"
+#include "window/graphs/MessageBox.h"
 #include "window/shell/PropertyQa.h"
 
 #include <QAbstractButton>
@@ -57,9 +60,10 @@ class QuestionDesktopTest : public testing::Test {
               QuestionEnd::Yes);
   }
 
+  QWidget m_window;
+
  private:
   QProcess m_manager;
-  QWidget m_window;
 };
 
 TEST_F(QuestionDesktopTest, ADialogStandsWhereTheLastOneWasLeftThroughTenQuestions) {
@@ -81,6 +85,31 @@ TEST_F(QuestionDesktopTest, ADialogStandsWhereTheLastOneWasLeftThroughTenQuestio
     EXPECT_EQ(place, left) << i;
     Show(kChartQuestions[static_cast<std::size_t>(i % 8)], place,
          [&](QWidget& dialog) { EXPECT_EQ(dialog.frameGeometry().topLeft(), left) << i; });
+  }
+}
+
+TEST_F(QuestionDesktopTest, TheWindowIsActiveAgainBehindACancelledQuestion) {
+  for (int i = 0; i < 3; ++i) {
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, &poll, [&] {
+      QWidget* const front = QApplication::activeModalWidget();
+      if (!front || !front->isActiveWindow()) return;
+      poll.stop();
+      if (front->inherits("QMessageBox")) {
+        QTest::mouseClick(front->findChild<QAbstractButton*>(QStringLiteral("yes")), Qt::LeftButton);
+        return;
+      }
+      poll.start(1);
+      QTest::keyClick(front, Qt::Key_Escape);
+    });
+    poll.start(1);
+    const auto mayCancel = [] {
+      return ShowMessageBox(FrontWindow(), {.text = LeaveFlowCheckQuestion(),
+                                            .buttons = PromptButtons::YesNo}) == PromptAnswer::Yes;
+    };
+    QPoint place(426, 298);
+    EXPECT_EQ(CPropertyQa::Ask(ChartQuestion::PhaseQ1, mayCancel, place, &m_window), QuestionEnd::Cancelled);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&m_window));
   }
 }
 
