@@ -24,16 +24,24 @@ constexpr TileNumber kTile{15, 28817, 12802};
 
 /// A tile service that answers every request alike and notes what it was asked.
 struct Service {
-  bool answers = true;
+  TileOutcome outcome = TileOutcome::Done;
   QByteArray content = "picture";
   QStringList asked;
 
   TileCache Cache(const QString& folder) {
-    return {folder, kAddress, [this](const QString& url, QByteArray& answer) {
+    return {folder, kAddress, [this](const QString& url, QByteArray& answer, const std::stop_token&) {
               asked << url;
               answer = content;
-              return answers;
+              return outcome;
             }};
+  }
+
+  /// The tile's file, downloaded when it is missing, as a map gets it.
+  std::optional<QString> Fetch(const QString& folder) {
+    const TileCache cache = Cache(folder);
+    if (const auto path = cache.Find(kTile)) return path;
+    cache.Download(kTile, {});
+    return cache.Find(kTile);
   }
 };
 
@@ -64,7 +72,7 @@ TEST(TileUrl, StandsBehindSchemeAndHost) {
 TEST(TileCache, AMissingTileIsDownloadedIntoItsFile) {
   const TestFolder folder;
   Service service;
-  const auto path = service.Cache(folder.Path()).Fetch(kTile);
+  const auto path = service.Fetch(folder.Path());
   ASSERT_TRUE(path);
   EXPECT_EQ(*path, folder.Path("_cache/15/28817/12802.png"));
   EXPECT_EQ(ReadAll(*path), "picture");
@@ -77,7 +85,7 @@ TEST(TileCache, ATileThatIsThereIsNotAskedForAndTakenAsItIs) {
   const TestFolder folder;
   const QString path = folder.Write("_cache/15/28817/12802.png", "no picture at all");
   Service service;
-  EXPECT_EQ(service.Cache(folder.Path()).Fetch(kTile), path);
+  EXPECT_EQ(service.Fetch(folder.Path()), path);
   EXPECT_TRUE(service.asked.isEmpty());
   EXPECT_EQ(ReadAll(path), "no picture at all");
 }
@@ -85,8 +93,8 @@ TEST(TileCache, ATileThatIsThereIsNotAskedForAndTakenAsItIs) {
 TEST(TileCache, ATileIsAskedForOnceForAllMaps) {
   const TestFolder folder;
   Service service;
-  service.Cache(folder.Path()).Fetch(kTile);
-  service.Cache(folder.Path()).Fetch(kTile);
+  service.Fetch(folder.Path());
+  service.Fetch(folder.Path());
   EXPECT_EQ(service.asked.size(), 1);
 }
 
@@ -94,7 +102,7 @@ TEST(TileCache, AnErrorPageIsKeptUnderTheTilesName) {
   const TestFolder folder;
   Service service;
   service.content = "<html>404 Not Found</html>";
-  const auto path = service.Cache(folder.Path()).Fetch(kTile);
+  const auto path = service.Fetch(folder.Path());
   ASSERT_TRUE(path);
   EXPECT_EQ(ReadAll(*path), service.content);
 }
@@ -103,7 +111,7 @@ TEST(TileCache, AnAnswerOfNoBytesIsKeptLikeAnyOther) {
   const TestFolder folder;
   Service service;
   service.content.clear();
-  const auto path = service.Cache(folder.Path()).Fetch(kTile);
+  const auto path = service.Fetch(folder.Path());
   ASSERT_TRUE(path);
   EXPECT_EQ(ReadAll(*path), QByteArray());
 }
@@ -112,7 +120,7 @@ TEST(TileCache, AllBytesOfAnAnswerAreKept) {
   const TestFolder folder;
   Service service;
   service.content = QByteArray(3 * 4096, '\0') + "\r\n\x1a";
-  const auto path = service.Cache(folder.Path()).Fetch(kTile);
+  const auto path = service.Fetch(folder.Path());
   ASSERT_TRUE(path);
   EXPECT_EQ(ReadAll(*path), service.content);
 }
@@ -120,35 +128,55 @@ TEST(TileCache, AllBytesOfAnAnswerAreKept) {
 TEST(TileCache, AFailedDownloadLeavesNothingBehind) {
   const TestFolder folder;
   Service service;
-  service.answers = false;
+  service.outcome = TileOutcome::Failed;
   service.content.clear();
-  EXPECT_FALSE(service.Cache(folder.Path()).Fetch(kTile));
+  EXPECT_FALSE(service.Fetch(folder.Path()));
   EXPECT_TRUE(folder.Names().isEmpty());
 }
 
 TEST(TileCache, HalfADownloadLeavesNothingBehindAndIsMadeUpForLater) {
   const TestFolder folder;
   Service service;
-  service.answers = false;
+  service.outcome = TileOutcome::Failed;
   service.content = "pict";
-  EXPECT_FALSE(service.Cache(folder.Path()).Fetch(kTile));
+  EXPECT_FALSE(service.Fetch(folder.Path()));
   EXPECT_TRUE(folder.Names().isEmpty());
-  service.answers = true;
+  service.outcome = TileOutcome::Done;
   service.content = "picture";
-  const auto path = service.Cache(folder.Path()).Fetch(kTile);
+  const auto path = service.Fetch(folder.Path());
   ASSERT_TRUE(path);
   EXPECT_EQ(ReadAll(*path), "picture");
+}
+
+TEST(TileCache, AnAnswerThatIsNoLongerWantedIsNotKept) {
+  const TestFolder folder;
+  Service service;
+  std::stop_source stop;
+  stop.request_stop();
+  EXPECT_EQ(service.Cache(folder.Path()).Download(kTile, stop.get_token()), TileOutcome::BrokenOff);
+  service.outcome = TileOutcome::BrokenOff;
+  EXPECT_EQ(service.Cache(folder.Path()).Download(kTile, {}), TileOutcome::BrokenOff);
+  EXPECT_TRUE(folder.Names().isEmpty());
+}
+
+TEST(TileCache, TheOutcomeOfADownloadIsTold) {
+  const TestFolder folder;
+  Service service;
+  EXPECT_EQ(service.Cache(folder.Path()).Download(kTile, {}), TileOutcome::Done);
+  EXPECT_EQ(service.Cache(folder.Write("file", "kept")).Download(kTile, {}), TileOutcome::Failed);
+  service.outcome = TileOutcome::Failed;
+  EXPECT_EQ(service.Cache(folder.Path()).Download(kTile, {}), TileOutcome::Failed);
 }
 
 TEST(TileCache, AFolderThatCannotBeMadeGivesNoTile) {
   const TestFolder folder;
   const QString file = folder.Write("file", "kept");
   Service service;
-  EXPECT_FALSE(service.Cache(file).Fetch(kTile));
+  EXPECT_FALSE(service.Fetch(file));
   EXPECT_EQ(ReadAll(file), "kept");
 
   const QString cacheFile = folder.Write("_cache", "kept too");
-  EXPECT_FALSE(service.Cache(folder.Path()).Fetch(kTile));
+  EXPECT_FALSE(service.Fetch(folder.Path()));
   EXPECT_EQ(ReadAll(cacheFile), "kept too");
 }
 
@@ -156,7 +184,7 @@ TEST(TileCache, AFolderUnderTheTilesNameIsLeftAlone) {
   const TestFolder folder;
   folder.Write("_cache/15/28817/12802.png/inner", "kept");
   Service service;
-  service.Cache(folder.Path()).Fetch(kTile);
+  service.Fetch(folder.Path());
   EXPECT_TRUE(service.asked.isEmpty());
   EXPECT_EQ(ReadAll(folder.Path("_cache/15/28817/12802.png/inner")), "kept");
 }
@@ -167,7 +195,7 @@ void FetchOnFullDisk(Service& service, const QString& folder) {
   std::signal(SIGXFSZ, SIG_IGN);
   const rlimit limit{1000, 1000};
   if (setrlimit(RLIMIT_FSIZE, &limit) != 0) std::_Exit(2);
-  std::_Exit(service.Cache(folder).Fetch(kTile) ? 1 : 0);
+  std::_Exit(service.Fetch(folder) ? 1 : 0);
 }
 
 TEST(TileCache, AFullDiskGivesNoTileAndNoStump) {
