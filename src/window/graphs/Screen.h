@@ -22,6 +22,14 @@ class Screen : public QWidget {
   /// It is about to leave the display: timers stop.
   virtual void Left() {}
 
+  /// A command begins, whoever gave it: before its question or dialog, before another project takes this
+  /// one's place. Timers and jobs of zero timers stop, a drag ends, a painting under way is abandoned.
+  virtual void CommandBegins() {}
+
+  /// That command is over, and the screen is still on display: timers go on, an abandoned painting is made
+  /// anew.
+  virtual void CommandEnded() {}
+
   /// Reads the document again. No calculation, no message, and nothing in the document changes. Also called
   /// when the program goes online or offline.
   virtual void Refresh() = 0;
