@@ -161,14 +161,9 @@ void MapControl::DescribeView() {
 
 void MapControl::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  painter.fillRect(rect(), QColor(MapSurface::kGap));
+  if (!m_hasShown || m_shown.Size() != size()) painter.fillRect(rect(), QColor(MapSurface::kGap));
   if (m_hasShown) {
-    // One of another size, while the next is painted, keeps its middle.
-    const QSize shown = m_shown.Size();
-    const QRect place(QPoint(width() / 2 - shown.width() / 2, height() / 2 - shown.height() / 2), shown);
-    painter.drawImage(place, m_shown.Image());
-    if (m_shown.PixelRatio() != devicePixelRatioF())
-      QMetaObject::invokeMethod(this, &MapControl::Repaint, Qt::QueuedConnection);
+    PaintShown(painter);
   } else if (IsPainting()) {
     painter.setPen(Qt::black);
     painter.drawText(rect(), Qt::AlignCenter, QStringLiteral("地図を取得しています。"));
@@ -179,6 +174,19 @@ void MapControl::paintEvent(QPaintEvent* /*event*/) {
   painter.drawRect(frame);
   painter.setPen(QPen(Qt::black, 1, Qt::DashLine));
   painter.drawRect(frame);
+}
+
+/// Pixel by pixel of the device: nothing is to be stretched.
+void MapControl::PaintShown(QPainter& painter) {
+  const double ratio = m_shown.PixelRatio();
+  // One of another size, while the next is painted, keeps its middle.
+  const QPoint corner(width() / 2 - m_shown.Size().width() / 2, height() / 2 - m_shown.Size().height() / 2);
+  painter.save();
+  painter.scale(1.0 / ratio, 1.0 / ratio);
+  painter.drawImage(QPointF(corner) * ratio, m_shown.Image());
+  painter.restore();
+  if (ratio != devicePixelRatioF())
+    QMetaObject::invokeMethod(this, &MapControl::Repaint, Qt::QueuedConnection);
 }
 
 void MapControl::resizeEvent(QResizeEvent* event) {

@@ -78,6 +78,7 @@ class MapControl : public QWidget {
   void Turn(int delta);
   bool ShiftByKey(int key);
   void DescribeView();
+  void PaintShown(QPainter& painter);
 
   CMorvaneDoc& m_doc;
   OnlineFlag m_online;

@@ -52,7 +52,9 @@ void MapSurface::DrawTile(const QImage& tile, const PixelRect& target) {
   QPainter painter(&m_image);
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
   // Whole device pixels, or neighbours would leave a seam between them at a ratio of 1.5.
-  painter.drawImage(DevicePixels(target), tile);
+  // In memory a tile keeps the form in which it came, with a palette a quarter of the size; that would be
+  // stretched far more slowly.
+  painter.drawImage(DevicePixels(target), tile.convertToFormat(QImage::Format_RGB32));
 }
 
 void MapSurface::DrawOver(const QImage& picture) {

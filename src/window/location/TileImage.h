@@ -11,7 +11,7 @@ namespace tremlo {
 /// it is larger, in which case not one of its pixels is decoded.
 std::optional<QImage> LoadPicture(const QString& path, int largestSide);
 
-/// The same for a file of the tile cache, ready to be painted.
+/// The same for a file of the tile cache.
 std::optional<QImage> LoadTileImage(const QString& path);
 
 }  // namespace tremlo
