@@ -14,6 +14,9 @@ namespace {
 /// What stands in every text that the service has left out.
 const QString kNone = QStringLiteral("-");
 
+constexpr std::size_t kMostSources = 1000;
+constexpr std::size_t kMostPlanes = 100;
+
 constexpr std::string_view kBehind = " and more {[";
 
 void CheckOutcome(const AnswerResult& result) {
@@ -41,6 +44,7 @@ void CheckMesh(std::string_view text) {
     for (const QString& entry : {faults[i].rank, faults[i].ltecode, faults[i].ltename, faults[i].magnitude,
                                  faults[i].ijma, faults[i].i45_ps, faults[i].i60_ps})
       Require(!entry.isEmpty(), "no text of a record is empty");
+  Require(faults.size() <= 1 + kMostSources, "the number of records is bounded");
   if (result.outcome != ServiceOutcome::Done) return;
 
   std::vector<FaultInfo> plain{before};
@@ -57,6 +61,7 @@ void CheckMesh(std::string_view text) {
 
 void CheckPlanes(const FaultInfo& fault) {
   const std::size_t planes = fault.groundClass.size();
+  Require(planes <= kMostPlanes, "the number of planes is bounded");
   for (const QString& ground : fault.groundClass) Require(ground == u"A", "every plane starts on class A");
   for (const auto& texts : {fault.lon, fault.lat, fault.dep, fault.len, fault.wid, fault.str, fault.dip})
     Require(texts.size() == planes && std::find(texts.begin(), texts.end(), QString()) == texts.end(),

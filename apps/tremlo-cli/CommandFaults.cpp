@@ -136,12 +136,27 @@ void PrintFault(const FaultInfo& fault, bool ranking) {
                        kilometres(fault.shortestDistance[i]), kilometres(fault.equivalentDistance[i])));
 }
 
+/// A line that says how many sources it is about, and below it one for each; nothing without any.
+QStringList SourceLines(const QString& sentence, const std::vector<SourceName>& sources) {
+  QStringList lines;
+  if (!sources.empty()) lines << sentence.arg(sources.size());
+  for (const SourceName& source : sources)
+    lines << QStringLiteral("    %1（%2）").arg(source.name, source.code);
+  return lines;
+}
+
+/// What the service has no planes of, and what the rules leave out.
+QStringList LeftOutLines(const FaultAcquisitionResult& result) {
+  return SourceLines(QStringLiteral("%1 個の断層は地震活動モデルに断層面がありません。"), result.withoutPlanes) +
+         SourceLines(QStringLiteral("%1 個の断層は矩形の断層面で表されないため除きました。"), result.leftOut);
+}
+
 void PrintSummary(const FaultAcquisitionInput& input, const std::vector<FaultInfo>& faults,
-                  const QStringList& messages, const QString& dataFolder) {
+                  const QStringList& notes, const QString& dataFolder) {
   const bool ranking = input.mode == kAcquireRanking;
   PrintLine(QStringLiteral("断層：%1 個").arg(faults.size()));
   for (const FaultInfo& fault : faults) PrintFault(fault, ranking);
-  for (const QString& message : messages) PrintLine(message);
+  for (const QString& note : notes) PrintLine(note);
   QString versions =
       QStringLiteral("地震活動モデル ") + ActivityVersionLabel(input.parameters.activityVersionIndex);
   if (ranking)
@@ -175,6 +190,13 @@ std::optional<QString> ReadInputs(const Arguments& arguments, FaultAcquisitionIn
   return std::nullopt;
 }
 
+/// What goes to standard error beside the results: the sources that are missing from them.
+QStringList ErrorLines(const FaultAcquisitionResult& result) {
+  if (result.unread.empty()) return {};
+  return QStringList(FailureLine(result)) +
+         SourceLines(QStringLiteral("%1 個の断層の情報を取得できませんでした。"), result.unread);
+}
+
 bool IsServiceFailure(ServiceOutcome outcome) {
   return outcome != ServiceOutcome::Done && outcome != ServiceOutcome::NothingFound;
 }
@@ -199,13 +221,18 @@ int Run(const Arguments& arguments) {
       if (line.IsShown()) line.Show(QStringLiteral("断層データの取得中 %1 / %2").arg(fault).arg(count));
     });
   }
-  if (IsServiceFailure(result.outcome)) return Fail(kBadFile, FailureLine(result));
+  // Without a source that could not be read it is the ranking itself that came to nothing.
+  if (IsServiceFailure(result.outcome) && result.unread.empty()) return Fail(kBadFile, FailureLine(result));
+  const QStringList leftOut = LeftOutLines(result);
+  QStringList errors = ErrorLines(result);
   if (arguments.WantsJson()) {
     PrintObject(faults);
+    errors = leftOut + errors;
   } else {
-    PrintSummary(input, faults, messages.texts, arguments.DataFolder());
+    PrintSummary(input, faults, messages.texts + leftOut, arguments.DataFolder());
   }
-  return faults.empty() ? kGoalMissed : kDone;
+  const int status = !result.unread.empty() ? kBadFile : faults.empty() ? kGoalMissed : kDone;
+  return errors.isEmpty() ? status : Fail(status, errors.join(u'\n'));
 }
 
 }  // namespace

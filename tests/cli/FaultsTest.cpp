@@ -56,6 +56,14 @@ class FaultsCommandTest : public testing::Test {
     }
   }
 
+  /// What is said of the sources of the fixtures that have no planes.
+  const std::string kLeftOut =
+      "1 個の断層は地震活動モデルに断層面がありません。\n"
+      "    試験用の未登録断層（F099999）\n"
+      "2 個の断層は矩形の断層面で表されないため除きました。\n"
+      "    南海トラフの地震（ANNKI）\n"
+      "    相模トラフ沿いのＭ８クラスの地震（ASG05）\n";
+
   const QString kSite = "36.56144,136.61409";
   const QStringList kJson = {"--json"};
   const QStringList kRange = {"--mode", "range", "--range"};
@@ -65,7 +73,7 @@ class FaultsCommandTest : public testing::Test {
 TEST_F(FaultsCommandTest, RankingIsOneObjectOfWholeRecords) {
   const CliResult result = Run(kJson);
   EXPECT_EQ(result.status, 0);
-  EXPECT_EQ(result.err.toStdString(), "");
+  EXPECT_EQ(result.err.toStdString(), kLeftOut);
   const QJsonArray faults = Faults(result);
   ASSERT_EQ(faults.size(), 8);
   const QJsonObject first = faults[0].toObject();
@@ -150,9 +158,12 @@ TEST_F(FaultsCommandTest, EveryFieldStandsInTheOrderOfTheRecord) {
 TEST_F(FaultsCommandTest, SummaryNamesSourceMapVersionsAndSamples) {
   const CliResult result = Run({});
   EXPECT_EQ(result.status, 0);
+  EXPECT_EQ(result.err.toStdString(), "");
+  EXPECT_TRUE(result.out.contains(kLeftOut.c_str()));
   const QString text = QString::fromUtf8(result.out);
   for (const char16_t* part :
-       {u"断層：8 個", u"1 森本・富樫断層帯（F005701）M 7.21", u"最短距離 9.0158 km", u"J-SHIS",
+       {u"断層：8 個", u"試験用の未登録断層（F099999）", u"相模トラフ沿いのＭ８クラスの地震（ASG05）",
+        u"1 森本・富樫断層帯（F005701）M 7.21", u"最短距離 9.0158 km", u"J-SHIS",
         u"被害地検索 2019年版", u"地震活動モデル 2021年版", u"見本の表を使用中"})
     EXPECT_TRUE(text.contains(QStringView(part))) << QString::fromUtf16(part).toStdString();
 }
@@ -161,7 +172,7 @@ TEST_F(FaultsCommandTest, EveryParameterReachesTheService) {
   const auto result = Run({"--json", "--intensity-index", "1", "--catastrophe-weight", "-0.25",
                            "--mode-index", "1", "--version-index", "2", "--activity-version-index", "14",
                            "--case-index", "1", "--period-index", "1"});
-  EXPECT_EQ(result.status, 0);
+  EXPECT_EQ(result.status, 0) << result.err.toStdString();
   const QStringList paths = local.Paths();
   ASSERT_GT(paths.size(), 1);
   EXPECT_EQ(paths[0],
@@ -198,7 +209,6 @@ TEST_F(FaultsCommandTest, NothingToShowIsStatusThreeWithAnEmptyList) {
 TEST_F(FaultsCommandTest, ServiceThatDoesNotAnswerIsStatusTwo) {
   ExpectFailure(Run(kJson, "ranking=cut"), 2, "/map/api/fltsearch?");
   ExpectFailure(Run(kJson, "ranking=drop"), 2, "回答が途絶えました。");
-  ExpectFailure(Run(kJson, "F005501=cut"), 2, "/F005501/fltinfo.geojson");
   ExpectFailure(Run(kJson, "", "refused"), 2, "サービスに接続できないか");
 }
 
@@ -206,8 +216,57 @@ TEST_F(FaultsCommandTest, AnswerThatDoesNotParseIsStatusTwo) {
   ExpectFailure(Run(kJson, "ranking=file:fltsearch_broken.json"), 2,
                 "Jsonファイルの文法エラーです。(メッシュ別被害地震)");
   ExpectFailure(Run(kJson, "ranking=status:500"), 2, "文法エラー");
-  ExpectFailure(Run(kJson, "F005601=garbage"), 2, "(地震活動モデル情報, F005601)");
-  ExpectFailure(Run(kJson, "F005601=file:fltsearch_C.json"), 2, "is<object>()");
+}
+
+TEST_F(FaultsCommandTest, WhatIsThereIsPrintedWhenSingleModelsFail) {
+  const CliResult result = Run(kJson, "F005501=cut/F004701=garbage");
+  EXPECT_EQ(result.status, 2);
+  const QJsonArray faults = Faults(result);
+  ASSERT_EQ(faults.size(), 6);
+  EXPECT_EQ(faults[1].toObject()[u"ltecode"].toString(), u"F005601");
+  EXPECT_EQ(faults[1].toObject()[u"rank"].toString(), u"2");
+  const QString asked = local.Address("http", "F005501=cut/F004701=garbage");
+  EXPECT_EQ(result.err.toStdString(),
+            kLeftOut + asked.toStdString() +
+                "/map/api/pshm/Y2021/AVR/F005501/fltinfo.geojson?epsg=4612&jp: "
+                "サービスに接続できないか、回答が途絶えました。\n"
+                "2 個の断層の情報を取得できませんでした。\n"
+                "    邑知潟断層帯（F005501）\n"
+                "    跡津川断層帯（F004701）\n");
+
+  const CliResult summary = Run({}, "F005501=cut");
+  EXPECT_EQ(summary.status, 2);
+  EXPECT_TRUE(summary.out.contains("断層：7 個"));
+  EXPECT_TRUE(summary.out.contains(kLeftOut.c_str()));
+  EXPECT_TRUE(summary.err.endsWith("1 個の断層の情報を取得できませんでした。\n    邑知潟断層帯（F005501）\n"));
+}
+
+TEST_F(FaultsCommandTest, WhatIsThereIsPrintedWhenOneModelDoesNotParse) {
+  const CliResult grammar = Run(kJson, "F005601=garbage");
+  EXPECT_EQ(grammar.status, 2);
+  EXPECT_EQ(Faults(grammar).size(), 7);
+  EXPECT_TRUE(grammar.err.contains("Jsonファイルの文法エラーです。(地震活動モデル情報, F005601)\n"));
+  EXPECT_TRUE(grammar.err.contains("1 個の断層の情報を取得できませんでした。\n"));
+
+  const CliResult kind = Run(kJson, "F005601=file:fltsearch_C.json");
+  EXPECT_EQ(kind.status, 2);
+  EXPECT_EQ(Faults(kind).size(), 2);
+  EXPECT_TRUE(kind.err.contains("is<object>()"));
+  EXPECT_TRUE(kind.err.contains("9 個の断層の情報を取得できませんでした。\n    砺波平野断層帯（西部）（F005601）\n"));
+}
+
+TEST_F(FaultsCommandTest, NoModelAtAllIsAnEmptyListAndStatusTwo) {
+  const CliResult result = Run(kJson, "model=cut");
+  EXPECT_EQ(result.status, 2);
+  EXPECT_THAT(Faults(result), IsEmpty());
+  EXPECT_TRUE(result.err.contains("10 個の断層の情報を取得できませんでした。"));
+}
+
+TEST_F(FaultsCommandTest, FaultOfTheRangeThatCannotBeReadIsStatusTwo) {
+  const CliResult result = Run(kRange + QStringList{"20"} + kJson, "F005701=cut");
+  EXPECT_EQ(result.status, 2);
+  EXPECT_FALSE(Faults(result).isEmpty());
+  EXPECT_TRUE(result.err.contains("（F005701）\n"));
 }
 
 TEST_F(FaultsCommandTest, AddressThatIsNoneIsStatusTwo) {

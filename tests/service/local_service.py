@@ -11,7 +11,10 @@ Ends when its standard input is closed, so that it never outlives who started it
     https-host      certificate of another host
     https-expired   certificate of yesterday
     https-foreign   certificate of an authority that nobody knows
-    https-client    asks for a certificate of the client
+    https-client    asks for a certificate of the client, which it must have
+    https-client12  the same, TLS 1.2 alone
+    https-client13  the same, TLS 1.3 alone
+    https-may       asks for a certificate of the client and does without
     silent          takes connections and never says a word
     full            a connection to it never comes about
     refused         refuses connections
@@ -27,6 +30,7 @@ a fault's code, and HOW one of the methods "answer_..." below, with its argument
 """
 
 import argparse
+import gzip
 import json
 import os
 import pathlib
@@ -35,6 +39,7 @@ import shutil
 import socket
 import socketserver
 import ssl
+import struct
 import subprocess
 import sys
 import tempfile
@@ -83,12 +88,13 @@ class Certificates:
                       "-copy_extensions", "copy", "-days", "-1", "-out", expired)
         return expired
 
-    def context(self, certificate, wants_client=False):
+    def context(self, certificate, client=ssl.CERT_NONE, version=None):
         context = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
         context.load_cert_chain(certificate, certificate.with_suffix(".key"))
-        if wants_client:
-            context.load_verify_locations(self.ca)
-            context.verify_mode = ssl.CERT_REQUIRED
+        context.load_verify_locations(self.ca)
+        context.verify_mode = client
+        if version:
+            context.minimum_version = context.maximum_version = version
         return context
 
 
@@ -130,6 +136,7 @@ class Exchange(socketserver.StreamRequestHandler):
         super().setup()
 
     def handle(self):
+        self.answered = 0
         try:
             while self.one_request():
                 pass
@@ -146,7 +153,8 @@ class Exchange(socketserver.StreamRequestHandler):
             name, _, value = line.partition(":")
             headers[name] = value.strip()
         self.path = first[1]
-        self.server.log({"method": first[0], "path": self.path, "version": first[2], "headers": headers})
+        self.server.log({"method": first[0], "path": self.path, "version": first[2], "headers": headers,
+                         "connection": self.client_address[1]})
         wishes, path = {}, self.path.lstrip("/")
         while "=" in path.split("/", 1)[0].split("?")[0]:
             wish, _, path = path.partition("/")
@@ -154,6 +162,7 @@ class Exchange(socketserver.StreamRequestHandler):
             wishes[what] = how
         kind, code, self.status, self.body = self.server.content.find("/" + path)
         how = wishes.get(code) or wishes.get(kind) or wishes.get("all") or "honest"
+        self.answered += 1
         name, _, argument = how.partition(":")
         return bool(getattr(self, "answer_" + name.replace("-", "_"))(argument))
 
@@ -215,6 +224,25 @@ class Exchange(socketserver.StreamRequestHandler):
     def answer_drop(self, _):
         """The end of the connection at once."""
 
+    def answer_close(self, pause_ms):
+        """The honest answer; so much later the end of the connection, which nothing has announced."""
+        self.answer_honest("")
+        time.sleep(float(pause_ms or 0) / 1000)
+
+    def answer_reset(self, pause_ms):
+        """The same with the connection broken off in place of closed."""
+        self.answer_close(pause_ms)
+        self.connection.setsockopt(socket.SOL_SOCKET, socket.SO_LINGER, struct.pack("ii", 1, 0))
+
+    def answer_close_every(self, count):
+        """The honest answer, and behind every so many on a connection its end."""
+        self.answer_honest("")
+        return self.answered % int(count) != 0
+
+    def answer_drop_second(self, _):
+        """The honest answer to the first request of a connection; at the next one its end, without an answer."""
+        return self.answered == 1 and self.answer_honest("")
+
     def answer_trickle(self, pause_ms):
         """Byte by byte, the head too, with a pause behind each."""
         for byte in self.head() + self.body:
@@ -235,12 +263,75 @@ class Exchange(socketserver.StreamRequestHandler):
         self.wfile.write(self.head(length=LARGEST + 1))
         self.wait_for_client()
 
+    def endless(self, piece):
+        """So many bytes of copies of a piece as a client does not take."""
+        for _ in range(2 * LARGEST // (1 << 20)):
+            self.wfile.write(piece * ((1 << 20) // len(piece)))
+
+    def answer_heads(self, size):
+        """So many bytes of lines in the head, then the honest answer; without a number there is hardly an end."""
+        line = b"X-Filler: " + b"x" * 52 + b"\r\n"
+        self.wfile.write(b"HTTP/1.1 200 Answer\r\n")
+        if not size:
+            return self.endless(line)
+        self.wfile.write(line * (int(size) // len(line)))
+        self.wfile.write(f"Content-Length: {len(self.body)}\r\n\r\n".encode() + self.body)
+        return True
+
+    def answer_interim(self, _):
+        """Answers that announce the answer, hardly with an end."""
+        self.endless(b"HTTP/1.1 102 Processing\r\n\r\n")
+
+    def chunked(self):
+        self.wfile.write(self.head("Transfer-Encoding: chunked", length=-1))
+        self.wfile.write(f"{len(self.body):x}\r\n".encode() + self.body + b"\r\n")
+
+    def answer_trailers(self, size):
+        """The honest body, so many bytes of lines behind it; without a number there is hardly an end."""
+        line = b"X: y\r\n"
+        self.chunked()
+        self.wfile.write(b"0\r\n")
+        if not size:
+            return self.endless(line)
+        self.wfile.write(line * (int(size) // len(line)) + b"\r\n")
+        return True
+
+    def answer_bomb(self, size):
+        """So many zeros, packed for the way into a thousandth of that, whether the client asked for it or not."""
+        packed = gzip.compress(bytes(int(size)))
+        self.wfile.write(self.head("Transfer-Encoding: gzip, chunked", length=-1))
+        self.wfile.write(f"{len(packed):x}\r\n".encode() + packed + b"\r\n0\r\n\r\n")
+        return True
+
+    def answer_extension(self, _):
+        """A chunk whose extension hardly has an end."""
+        self.chunked()
+        self.wfile.write(b"1;x=")
+        self.endless(b"x")
+
+    def answer_redirect_huge(self, size):
+        """A redirect to the honest answer whose own body has so many bytes, or hardly an end."""
+        target = "/" + self.path.lstrip("/").replace(f"redirect-huge:{size}/" if size else "redirect-huge/", "honest/", 1)
+        self.status, count = 302, int(size or 2 * LARGEST)
+        self.wfile.write(self.head(f"Location: {target}", length=count))
+        while count > 0:
+            self.wfile.write(bytes(min(count, 1 << 20)))
+            count -= 1 << 20
+        return True
+
     def answer_redirect(self, hops):
         """So many redirects to the same request, then the answer; without a number there is no end to them."""
         if hops == "0":
             return self.answer_honest("")
         target = self.path.replace(f"redirect:{hops}/", f"redirect:{int(hops) - 1}/", 1) if hops else self.path
         return self.redirect(target)
+
+    def answer_redirect_then_close(self, hops):
+        """The same, the connection closed unannounced a moment behind each answer."""
+        if hops == "0":
+            return self.answer_close("1")
+        self.redirect(self.path.replace(f"close:{hops}/", f"close:{int(hops) - 1}/", 1))
+        time.sleep(0.001)
 
     def answer_redirect_to(self, address):
         """To another scheme or host: the address with percent signs."""
@@ -318,7 +409,10 @@ def main():
             "https-host": certificates.context(certificates.host),
             "https-expired": certificates.context(certificates.expired),
             "https-foreign": certificates.context(certificates.foreign),
-            "https-client": certificates.context(certificates.good, wants_client=True),
+            "https-client": certificates.context(certificates.good, ssl.CERT_REQUIRED),
+            "https-client12": certificates.context(certificates.good, ssl.CERT_REQUIRED, ssl.TLSVersion.TLSv1_2),
+            "https-client13": certificates.context(certificates.good, ssl.CERT_REQUIRED, ssl.TLSVersion.TLSv1_3),
+            "https-may": certificates.context(certificates.good, ssl.CERT_OPTIONAL),
         }
         for name, context in contexts.items():
             print(f"{name}={Listener(content, log, context).port()}")

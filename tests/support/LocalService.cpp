@@ -66,6 +66,7 @@ std::vector<ServiceRequest> LocalService::Requests() const {
     request.method = entry[u"method"].toString();
     request.path = entry[u"path"].toString();
     request.version = entry[u"version"].toString();
+    request.connection = entry[u"connection"].toInt();
     const QJsonObject headers = entry[u"headers"].toObject();
     for (auto it = headers.begin(); it != headers.end(); ++it)
       request.headers[it.key()] = it.value().toString();

@@ -18,6 +18,7 @@ struct ServiceRequest {
   QString path;  ///< with the wishes in front
   QString version;
   std::map<QString, QString> headers;
+  int connection = 0;  ///< the same number for requests of one connection
 };
 
 /// tests/service/local_service.py as a process of this one: its ports, its certificate and what it was asked.

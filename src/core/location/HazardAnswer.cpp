@@ -35,9 +35,22 @@ constexpr std::array<PlaneText, 7> kPlaneTexts = {{
     {"dip", &FaultInfo::dip},
 }};
 
+/// Thrown for an answer with more in it than any source has.
+struct OutOfBounds {};
+
+constexpr std::size_t kMostSources = 1000;
+constexpr std::size_t kMostPlanes = 100;
+constexpr std::size_t kLongestText = 10000;
+
+std::string TextOf(const picojson::value& object, const char* key) {
+  std::string text = StringOf(object, key);
+  if (text.size() > kLongestText) throw OutOfBounds();
+  return text;
+}
+
 /// A text of the service in the system's code page, which only the fault's name is not in; "-" for none.
 QString TextOrDash(const picojson::value& object, const char* key) {
-  const std::string text = StringOf(object, key);
+  const std::string text = TextOf(object, key);
   return text.empty() ? QStringLiteral("-") : DecodeCp932(text);
 }
 
@@ -45,7 +58,7 @@ FaultInfo ReadMeshEntry(const picojson::value& entry, bool withProbabilities) {
   FaultInfo fault;
   fault.rank = TextOrDash(entry, "rank");
   fault.ltecode = TextOrDash(entry, "ltecode");
-  const std::string name = StringOf(entry, "ltename");
+  const std::string name = TextOf(entry, "ltename");
   fault.ltename = name.empty() ? QStringLiteral("No Name") : QString::fromStdString(name);
   StringOf(entry, "eqgroup");  // not kept, but of the wrong kind it is a fault like the others
   fault.magnitude = TextOrDash(entry, "magnitude");
@@ -83,6 +96,7 @@ void ReadRing(const picojson::array& ring, FaultInfo& fault) {
 bool ReadFeature(const picojson::value& feature, FaultInfo& fault) {
   const picojson::value& geometry = feature.get("geometry");
   if (StringOf(geometry, "type") != "Polygon") return false;
+  if (fault.groundClass.size() == kMostPlanes) throw OutOfBounds();
   const picojson::value& properties = feature.get("properties");
   fault.groundClass.push_back(QStringLiteral("A"));
   for (const PlaneText& text : kPlaneTexts) (fault.*text.list).push_back(TextOrDash(properties, text.key));
@@ -120,6 +134,8 @@ AnswerResult ReadAnswer(std::string_view text, const Reader& read) {
     if (StringOf(root, "status") == "Error") return {ServiceOutcome::NothingFound, {}};
     read(root);
     return {};
+  } catch (const OutOfBounds&) {
+    return {ServiceOutcome::BadAnswer, {}};
   } catch (const std::exception& fault) {
     const QString reason = QString::fromLocal8Bit(fault.what());
     return {ServiceOutcome::TypeFault,
@@ -130,10 +146,14 @@ AnswerResult ReadAnswer(std::string_view text, const Reader& read) {
 }  // namespace
 
 AnswerResult ParseMeshAnswer(std::string_view text, bool withProbabilities, std::vector<FaultInfo>& faults) {
-  return ReadAnswer(text, [&](const picojson::value& root) {
-    for (const picojson::value& entry : root.get("Fault").get<picojson::array>())
-      faults.push_back(ReadMeshEntry(entry, withProbabilities));
+  const std::size_t before = faults.size();
+  AnswerResult result = ReadAnswer(text, [&](const picojson::value& root) {
+    const auto& entries = root.get("Fault").get<picojson::array>();
+    if (entries.size() > kMostSources) throw OutOfBounds();
+    for (const picojson::value& entry : entries) faults.push_back(ReadMeshEntry(entry, withProbabilities));
   });
+  if (result.outcome == ServiceOutcome::BadAnswer) faults.resize(before);
+  return result;
 }
 
 AnswerResult ParseActivityAnswer(std::string_view text, FaultInfo& fault, bool& erase) {

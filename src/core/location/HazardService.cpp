@@ -18,10 +18,7 @@ HazardService::HazardService(const ServiceSettings& settings, Prompt& prompt)
     : m_settings(settings), m_prompt(prompt), m_client(settings.hazard, settings.certificateFile) {}
 
 ServiceOutcome HazardService::SearchMeshFaults(FaultSearchRequest& request, std::vector<FaultInfo>& faults) {
-  if (const auto message = CheckSearchParameters(request)) {
-    Show(*message, PromptIcon::Stop);
-    return ServiceOutcome::BadParameter;
-  }
+  if (const auto message = CheckSearchParameters(request)) return RefuseParameter(*message);
   QByteArray text;
   if (!FetchJson(ServiceUrl(m_settings.hazardAddress, SearchPath(request)), text))
     return ServiceOutcome::NoAnswer;
@@ -33,10 +30,7 @@ ServiceOutcome HazardService::FetchActivityModel(FaultSearchRequest& request, co
                                                  FaultInfo& fault, bool& erase) {
   erase = ltecode.contains(u"ASG");
   if (erase) return ServiceOutcome::Done;
-  if (const auto message = CheckActivityParameters(request)) {
-    Show(*message, PromptIcon::Stop);
-    return ServiceOutcome::BadParameter;
-  }
+  if (const auto message = CheckActivityParameters(request)) return RefuseParameter(*message);
   QByteArray text;
   if (!FetchJson(ServiceUrl(m_settings.hazardAddress, ActivityPath(request, ltecode)), text))
     return ServiceOutcome::NoAnswer;
@@ -58,7 +52,7 @@ bool HazardService::FetchToFile(const QString& url) {
       Show(QStringLiteral("J-SHISからの断層データを書き込むファイルを開けませんでした。(") + url + u')',
            PromptIcon::Stop);
       return false;
-    case HttpResult::CertificateWanted:
+    case HttpResult::BrokenOff:
     case HttpResult::Failed:
       return false;
   }
@@ -73,6 +67,13 @@ bool HazardService::ReadFetchedFile(const QString& url, QByteArray& text) {
 
 bool HazardService::FetchJson(const QString& url, QByteArray& text) {
   return FetchToFile(url) && ReadFetchedFile(url, text);
+}
+
+ServiceOutcome HazardService::RefuseParameter(const QString& message) {
+  m_lastUrl.clear();
+  if (message != m_toldParameter) Show(message, PromptIcon::Stop);
+  m_lastMessage = m_toldParameter = message;
+  return ServiceOutcome::BadParameter;
 }
 
 void HazardService::Show(const QString& text, PromptIcon icon) {

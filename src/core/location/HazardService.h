@@ -11,8 +11,8 @@ namespace tremlo {
 
 /// The client of the public seismic hazard service. Requests go out one after the other, each asked once, and
 /// every answer passes through the file "j-shis.json", which stays behind. Failures are told through the
-/// prompt, but for those of the network: an online program has said already when the service is not there.
-/// Serves one thread.
+/// prompt, but for those of the network: an online program has said already when the service is not there. A
+/// parameter that is out of its range is told once, however many sources are asked for. Serves one thread.
 class HazardService {
  public:
   /// `settings` and `prompt` must outlive the service.
@@ -38,6 +38,7 @@ class HazardService {
   const QString& LastMessage() const { return m_lastMessage; }
 
  private:
+  ServiceOutcome RefuseParameter(const QString& message);
   void Show(const QString& text, PromptIcon icon);
   QString AnswerPath() const;
   ServiceOutcome Tell(const AnswerResult& result, const QString& query);
@@ -47,6 +48,7 @@ class HazardService {
   HttpClient m_client;
   QString m_lastUrl;
   QString m_lastMessage;
+  QString m_toldParameter;
 };
 
 }  // namespace tremlo

@@ -1,16 +1,27 @@
 #include "core/location/HttpClient.h"
 
+#include <QByteArray>
 #include <QFile>
+#include <QList>
 
+#include <algorithm>
 #include <chrono>
+#include <condition_variable>
 #include <curl/curl.h>
-#include <thread>
+#include <exception>
+#include <mutex>
+#include <optional>
+#include <utility>
 
 namespace tremlo {
 
 namespace {
 
 using Clock = std::chrono::steady_clock;
+
+/// What the heads and trailers of all answers to one request may come to. The library keeps every line of
+/// them, in a multiple of its size.
+constexpr std::int64_t kMostHeadBytes = std::int64_t{1} << 20;
 
 /// The library's global state, made once by whichever thread comes first.
 bool InitLibrary() {
@@ -31,6 +42,25 @@ bool IsServiceAddress(const QByteArray& url) {
   return known;
 }
 
+/// Whether a line of the head says that the body was packed for the way. The library unpacks such a body even
+/// though none was asked for, to a thousand times its size and through several layers.
+bool SaysPacked(std::string_view line) {
+  const QByteArray text = QByteArray(line.data(), static_cast<qsizetype>(line.size())).toLower();
+  constexpr char kName[] = "transfer-encoding:";
+  if (!text.startsWith(kName)) return false;
+  const QList<QByteArray> codings = text.mid(sizeof(kName) - 1).split(',');
+  return std::any_of(codings.begin(), codings.end(), [](const QByteArray& coding) {
+    return coding.trimmed() != "chunked" && coding.trimmed() != "identity";
+  });
+}
+
+void Pause(int milliseconds, const std::stop_token& stop) {
+  std::mutex mutex;
+  std::unique_lock lock(mutex);
+  std::condition_variable_any never;
+  never.wait_for(lock, stop, std::chrono::milliseconds(milliseconds), [] { return false; });
+}
+
 }  // namespace
 
 struct HttpClient::Session {
@@ -39,32 +69,48 @@ struct HttpClient::Session {
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
 
-  CURLcode Perform(const QByteArray& url, const BlockSink& sink);
+  /// One request; none when it was broken off. `fresh`: over new connections alone.
+  std::optional<CURLcode> Perform(const QByteArray& url, const BlockSink& sink, bool fresh,
+                                  const std::stop_token& stop);
   bool NeverConnected(CURLcode code) const;
-
-  static std::size_t OnBody(char* data, std::size_t size, std::size_t count, void* self);
-  static int OnRequest(void* self, char*, char*, int, int);
+  bool FoundClosed(CURLcode code) const;
 
   CURLM* multi = nullptr;
   CURL* easy = nullptr;
-  curl_slist* headers = nullptr;
   HttpOptions options;
 
   // Of the transfer at hand.
-  const BlockSink* sink = nullptr;
   bool sinkFailed = false;
-  std::int64_t received = 0;
-  long requestsSent = 0;
+  std::exception_ptr sinkThrew;
+  std::int64_t bodyBytes = 0;
 
  private:
   void SetOptions(const QString& certificateFile);
-  CURLcode Wait();
+  std::optional<CURLcode> Wait(const std::stop_token& stop);
+  bool Take(std::string_view block);
+
+  static std::size_t OnBody(char* data, std::size_t size, std::size_t count, void* self);
+  static std::size_t OnHeadLine(char* data, std::size_t size, std::size_t count, void* self);
+  static int OnTrace(CURL*, curl_infotype kind, char* data, std::size_t size, void* self);
+  static int OnRequest(void* self, char*, char*, int, int);
+
+  curl_slist* headers = nullptr;
+
+  // Of the transfer at hand.
+  const BlockSink* sink = nullptr;
+  std::int64_t receivedBytes = 0;  // all of them, whatever they were
+  std::int64_t headBytes = 0;
+  long requestsSent = 0;
+  long connectionsMade = 0;
+  bool isOnKept = false;            // the last request went over a connection of an earlier one,
+  std::int64_t bytesAtRequest = 0;  // and so much had been received before it
 };
 
 HttpClient::Session::Session(const HttpOptions& httpOptions, const QString& certificateFile)
     : options(httpOptions) {
   if (!InitLibrary()) return;
   multi = curl_multi_init();
+  curl_multi_setopt(multi, CURLMOPT_MAXCONNECTS, 1L);  // to be kept; more would be of no use
   easy = curl_easy_init();
   for (const char* header : {"Cache-Control: no-cache", "Pragma: no-cache", "Accept:"})
     headers = curl_slist_append(headers, header);
@@ -99,59 +145,101 @@ void HttpClient::Session::SetOptions(const QString& certificateFile) {
   // would go on for many times the connect timeout.
   curl_easy_setopt(easy, CURLOPT_QUICK_EXIT, 1L);
   curl_easy_setopt(easy, CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>(options.connectTimeoutMs));
-  curl_easy_setopt(easy, CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(options.maxBodyBytes));
+  curl_easy_setopt(easy, CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(options.maxAnswerBytes));
   curl_easy_setopt(easy, CURLOPT_WRITEFUNCTION, &Session::OnBody);
   curl_easy_setopt(easy, CURLOPT_WRITEDATA, this);
+  curl_easy_setopt(easy, CURLOPT_HEADERFUNCTION, &Session::OnHeadLine);
+  curl_easy_setopt(easy, CURLOPT_HEADERDATA, this);
+  // The body that is handed over is not all that a server can send: the library reads trailers, chunk
+  // extensions and the bodies of redirects to their end without a word. Its trace alone shows every byte.
+  curl_easy_setopt(easy, CURLOPT_DEBUGFUNCTION, &Session::OnTrace);
+  curl_easy_setopt(easy, CURLOPT_DEBUGDATA, this);
+  curl_easy_setopt(easy, CURLOPT_VERBOSE, 1L);
   curl_easy_setopt(easy, CURLOPT_PREREQFUNCTION, &Session::OnRequest);
   curl_easy_setopt(easy, CURLOPT_PREREQDATA, this);
+}
+
+/// Hands a block to the sink. No exception may pass through the library, which is C.
+bool HttpClient::Session::Take(std::string_view block) {
+  try {
+    sinkFailed = !(*sink)(block);
+  } catch (...) {
+    sinkThrew = std::current_exception();
+  }
+  return !sinkFailed && !sinkThrew;
 }
 
 std::size_t HttpClient::Session::OnBody(char* data, std::size_t size, std::size_t count, void* self) {
   auto* session = static_cast<Session*>(self);
   const std::size_t bytes = size * count;
-  session->received += static_cast<std::int64_t>(bytes);
-  if (session->received > session->options.maxBodyBytes) return CURL_WRITEFUNC_ERROR;
-  if ((*session->sink)(std::string_view(data, bytes))) return bytes;
-  session->sinkFailed = true;
-  return CURL_WRITEFUNC_ERROR;
+  session->bodyBytes += static_cast<std::int64_t>(bytes);
+  if (session->receivedBytes > session->options.maxAnswerBytes) return CURL_WRITEFUNC_ERROR;
+  return session->Take({data, bytes}) ? bytes : CURL_WRITEFUNC_ERROR;
+}
+
+std::size_t HttpClient::Session::OnHeadLine(char* data, std::size_t size, std::size_t count, void* self) {
+  auto* session = static_cast<Session*>(self);
+  const std::size_t bytes = size * count;
+  session->headBytes += static_cast<std::int64_t>(bytes);
+  const bool taken = session->headBytes <= kMostHeadBytes && !SaysPacked({data, bytes});
+  return taken ? bytes : CURL_WRITEFUNC_ERROR;
+}
+
+int HttpClient::Session::OnTrace(CURL*, curl_infotype kind, char*, std::size_t size, void* self) {
+  if (kind == CURLINFO_HEADER_IN || kind == CURLINFO_DATA_IN)
+    static_cast<Session*>(self)->receivedBytes += static_cast<std::int64_t>(size);
+  return 0;
 }
 
 int HttpClient::Session::OnRequest(void* self, char*, char*, int, int) {
-  // When a kept connection breaks before the first byte of the answer the library would send the request
-  // again on a new one, although the server may have had it. Only a redirect is a reason for a further
-  // request.
   auto* session = static_cast<Session*>(self);
   long redirects = 0;
+  long connections = 0;
   curl_easy_getinfo(session->easy, CURLINFO_REDIRECT_COUNT, &redirects);
+  curl_easy_getinfo(session->easy, CURLINFO_NUM_CONNECTS, &connections);
+  // A request that is not the first of its address is the library's own repetition after a kept connection
+  // was found closed. It does that a few times in the life of its handle and then no more: we do it instead.
+  if (session->requestsSent > redirects) return CURL_PREREQFUNC_ABORT;
   ++session->requestsSent;
-  return session->requestsSent <= redirects + 1 ? CURL_PREREQFUNC_OK : CURL_PREREQFUNC_ABORT;
+  session->isOnKept = connections == session->connectionsMade;
+  session->connectionsMade = connections;
+  session->bytesAtRequest = session->receivedBytes;
+  return CURL_PREREQFUNC_OK;
 }
 
-CURLcode HttpClient::Session::Perform(const QByteArray& url, const BlockSink& blockSink) {
+std::optional<CURLcode> HttpClient::Session::Perform(const QByteArray& url, const BlockSink& blockSink,
+                                                     bool fresh, const std::stop_token& stop) {
   sink = &blockSink;
-  sinkFailed = false;
-  received = 0;
-  requestsSent = 0;
+  sinkFailed = isOnKept = false;
+  sinkThrew = nullptr;
+  bodyBytes = receivedBytes = headBytes = bytesAtRequest = 0;
+  requestsSent = connectionsMade = 0;
   curl_easy_setopt(easy, CURLOPT_URL, url.constData());
+  curl_easy_setopt(easy, CURLOPT_FRESH_CONNECT, fresh ? 1L : 0L);
+  curl_easy_setopt(easy, CURLOPT_FORBID_REUSE, fresh ? 1L : 0L);  // for the redirects on the way
   if (curl_multi_add_handle(multi, easy) != CURLM_OK) return CURLE_FAILED_INIT;
-  const CURLcode code = Wait();
+  const std::stop_callback wake(stop, [this] { curl_multi_wakeup(multi); });
+  const std::optional<CURLcode> code = Wait(stop);
   curl_multi_remove_handle(multi, easy);
   return code;
 }
 
-/// Drives the transfer to its end. The silence is measured on the socket itself, since the library's own
-/// counts leave out a header line until it is whole, and its low-speed limit stops an answer that trickles.
-CURLcode HttpClient::Session::Wait() {
+/// Drives the transfer to its end; none when it was stopped. The silence is measured on the socket itself,
+/// since the library's own counts leave out a header line until it is whole, and its low-speed limit stops an
+/// answer that trickles.
+std::optional<CURLcode> HttpClient::Session::Wait(const std::stop_token& stop) {
   const std::chrono::milliseconds longestSilence(options.silenceTimeoutMs);
   Clock::time_point lastMove = Clock::now();
   while (true) {
     int running = 0;
     if (curl_multi_perform(multi, &running) != CURLM_OK) return CURLE_FAILED_INIT;
+    if (receivedBytes > options.maxAnswerBytes) return CURLE_FILESIZE_EXCEEDED;
     if (running == 0) {
       int left = 0;
       const CURLMsg* message = curl_multi_info_read(multi, &left);
       return message ? message->data.result : CURLE_FAILED_INIT;
     }
+    if (stop.stop_requested()) return std::nullopt;
     const Clock::time_point now = Clock::now();
     if (requestsSent == 0) lastMove = now;  // the connect timeout rules until then
     const auto rest = std::chrono::ceil<std::chrono::milliseconds>(lastMove + longestSilence - now);
@@ -171,34 +259,51 @@ bool HttpClient::Session::NeverConnected(CURLcode code) const {
          (code == CURLE_OPERATION_TIMEDOUT && connections == 0);
 }
 
+/// Whether the request went over a kept connection that ended before a single byte of the answer: the server
+/// had closed it without announcing it, as it may at any time, before it saw the request.
+bool HttpClient::Session::FoundClosed(CURLcode code) const {
+  const bool ended = code == CURLE_GOT_NOTHING || code == CURLE_SEND_ERROR || code == CURLE_RECV_ERROR ||
+                     code == CURLE_ABORTED_BY_CALLBACK;
+  return ended && isOnKept && receivedBytes == bytesAtRequest;
+}
+
 HttpClient::HttpClient(const HttpOptions& options, const QString& certificateFile)
     : m_session(std::make_unique<Session>(options, certificateFile)) {}
 
 HttpClient::~HttpClient() = default;
 
-HttpResult HttpClient::Get(const QString& url, const BlockSink& sink) {
+HttpResult HttpClient::Get(const QString& url, const BlockSink& sink, const std::stop_token& stop) {
   const QByteArray bytes = url.toUtf8();
   if (!IsServiceAddress(bytes)) return HttpResult::BadAddress;
   if (!m_session->multi || !m_session->easy) return HttpResult::Failed;
-  CURLcode code = m_session->Perform(bytes, sink);
   const HttpOptions& options = m_session->options;
-  for (int attempt = 1; attempt < options.connectAttempts && m_session->NeverConnected(code); ++attempt) {
-    std::this_thread::sleep_for(std::chrono::milliseconds(options.connectPauseMs));
-    code = m_session->Perform(bytes, sink);
+  std::optional<CURLcode> code;
+  bool fresh = false;
+  for (int attempt = 1;; ++attempt) {
+    if (stop.stop_requested()) return HttpResult::BrokenOff;
+    code = m_session->Perform(bytes, sink, fresh, stop);
+    if (code && !fresh && m_session->FoundClosed(*code)) {
+      fresh = true;
+      code = m_session->Perform(bytes, sink, fresh, stop);
+    }
+    if (attempt >= options.connectAttempts || !code || !m_session->NeverConnected(*code)) break;
+    Pause(options.connectPauseMs, stop);
   }
+  if (m_session->sinkThrew) std::rethrow_exception(std::exchange(m_session->sinkThrew, nullptr));
   if (m_session->sinkFailed) return HttpResult::FileFailed;
-  if (code == CURLE_SSL_CLIENTCERT) return HttpResult::CertificateWanted;
-  if (code != CURLE_OK) return HttpResult::Failed;
-  return m_session->received > 0 || sink({}) ? HttpResult::Done : HttpResult::FileFailed;
+  if (!code) return HttpResult::BrokenOff;
+  if (*code != CURLE_OK) return HttpResult::Failed;
+  return m_session->bodyBytes > 0 || sink({}) ? HttpResult::Done : HttpResult::FileFailed;
 }
 
-HttpResult HttpClient::GetToFile(const QString& url, const QString& path) {
+HttpResult HttpClient::GetToFile(const QString& url, const QString& path, const std::stop_token& stop) {
   QFile file(path);
-  const HttpResult result = Get(url, [&](std::string_view block) {
+  const auto write = [&](std::string_view block) {
     if (!file.isOpen() && !file.open(QIODevice::WriteOnly)) return false;
     const auto size = static_cast<qint64>(block.size());
     return file.write(block.data(), size) == size;
-  });
+  };
+  const HttpResult result = Get(url, write, stop);
   // On a full disk only the flush tells that the end of a short answer did not fit.
   const bool written = !file.isOpen() || (file.flush() && file.error() == QFileDevice::NoError);
   return result == HttpResult::Done && !written ? HttpResult::FileFailed : result;

@@ -2,10 +2,14 @@
 
 #include "core/location/FaultSearchRequest.h"
 #include "core/location/HttpClient.h"
+#include "core/location/TileCache.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 #include <chrono>
+#include <filesystem>
+#include <system_error>
 #include <thread>
 
 namespace tremlo {
@@ -29,8 +33,7 @@ bool ProbeService(const ServiceSettings& settings, const QString& url, const QSt
 
 bool ProbeUrl(const ServiceSettings& settings, const QString& url) {
   HttpClient client(settings.hazard, settings.certificateFile);
-  const HttpResult first = client.Get(url, [](std::string_view) { return true; });
-  if (first != HttpResult::Done && first != HttpResult::CertificateWanted) return false;
+  if (client.Get(url, [](std::string_view) { return true; }) != HttpResult::Done) return false;
   const QString path = QDir(settings.answerFolder).filePath(QStringLiteral("RecvTemp"));
   return client.GetToFile(url, path) == HttpResult::Done;
 }
@@ -61,8 +64,10 @@ QString OnlineMode::CaptionMark() const {
 }
 
 bool ClearMapCache(const QString& programFolder) {
-  QDir cache(QDir(programFolder).filePath(QStringLiteral("_cache")));
-  return !cache.exists() || cache.removeRecursively();
+  // Follows no link, be it the folder itself: a link is removed, its target left.
+  std::error_code error;
+  std::filesystem::remove_all(QFileInfo(TileCacheFolder(programFolder)).filesystemFilePath(), error);
+  return !error;
 }
 
 }  // namespace tremlo

@@ -6,8 +6,11 @@
 namespace tremlo {
 
 /// Whether one GET could be completed to the file "RecvTemp" of the answer folder. The request is always sent
-/// twice, and the second answer is kept; its status code is not looked at. In the first pass a server that
-/// asks for a certificate of the client is let pass, any other failure is one of the probe.
+/// twice, and the second answer is kept; its status code is not looked at. A failure in either pass is one of
+/// the probe, also when the server insists on a certificate of the client: the library does not tell that
+/// apart (with TLS 1.2 it is any failed handshake, with 1.3 a connection that breaks while the request is
+/// sent or the answer read), and a second pass without a certificate would end like the first. A server that
+/// asks for one and does without is answered in both.
 bool ProbeUrl(const ServiceSettings& settings, const QString& url);
 
 /// Whether both services answered. Both are always tried, with a pause between; the one that failed is named
@@ -38,8 +41,8 @@ inline constexpr char16_t kClearMapCacheQuestion[] =
     u"ら再度取得"
     u"します。";
 
-/// Deletes the folder `_cache` of `programFolder` with all it holds. True when it is gone, also when there
-/// was none.
+/// Deletes the folder `_cache` of `programFolder` with all it holds. Links are removed, the folder's own
+/// included, and what they lead to is left. True when it is gone, also when there was none.
 bool ClearMapCache(const QString& programFolder);
 
 }  // namespace tremlo

@@ -16,7 +16,9 @@ struct HttpOptions {
   int connectPauseMs = 1000;    ///< between two attempts
   int silenceTimeoutMs = 5000;  ///< longest time without a byte moving once connected
   int maxRedirects = 5;
-  std::int64_t maxBodyBytes = std::int64_t{64} * 1024 * 1024;  ///< a longer answer is a network failure
+  /// Of all that comes back for one request: heads, trailers and the bodies of redirects counted. A longer
+  /// answer is a network failure.
+  std::int64_t maxAnswerBytes = std::int64_t{64} * 1024 * 1024;
 
   bool operator==(const HttpOptions&) const = default;
 };

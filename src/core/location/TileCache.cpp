@@ -1,6 +1,7 @@
 #include "core/location/TileCache.h"
 
 #include "core/files/WholeFile.h"
+#include "core/location/FaultSearchRequest.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -28,7 +29,8 @@ QString TileFilePath(const QString& programFolder, const TileNumber& tile) {
 }
 
 QString TileUrl(const QString& serviceAddress, const TileNumber& tile) {
-  return serviceAddress + QStringLiteral("/xyz/std/%1/%2/%3.png").arg(tile.zoom).arg(tile.x).arg(tile.y);
+  return ServiceUrl(serviceAddress,
+                    QStringLiteral("/xyz/std/%1/%2/%3.png").arg(tile.zoom).arg(tile.x).arg(tile.y));
 }
 
 TileCache::TileCache(QString programFolder, QString serviceAddress, TileDownload download)

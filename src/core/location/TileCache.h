@@ -32,7 +32,7 @@ QString TileCacheFolder(const QString& programFolder);
 /// The file of a tile in the cache: a folder for the zoom, in it one for tile x, in it tile y with ".png".
 QString TileFilePath(const QString& programFolder, const TileNumber& tile);
 
-/// Address of a tile behind the scheme and host of the tile service, which end without a slash.
+/// Address of a tile behind the scheme and host of the tile service, with or without a slash at the end.
 QString TileUrl(const QString& serviceAddress, const TileNumber& tile);
 
 /// The disk cache of the map. A file that is there is taken as it is and nothing expires.

@@ -11,12 +11,18 @@ TileDownload MakeTileDownload(const ServiceSettings& settings) {
   auto client = std::make_shared<HttpClient>(settings.tiles, settings.certificateFile);
   return [client](const QString& url, QByteArray& content, const std::stop_token& stop) {
     content.clear();
-    const HttpResult result = client->Get(url, [&](std::string_view block) {
+    const auto append = [&](std::string_view block) {
       content.append(block.data(), static_cast<qsizetype>(block.size()));
-      return !stop.stop_requested();
-    });
-    if (stop.stop_requested()) return TileOutcome::BrokenOff;
-    return result == HttpResult::Done ? TileOutcome::Done : TileOutcome::Failed;
+      return true;
+    };
+    switch (client->Get(url, append, stop)) {
+      case HttpResult::Done:
+        return TileOutcome::Done;
+      case HttpResult::BrokenOff:
+        return TileOutcome::BrokenOff;
+      default:
+        return TileOutcome::Failed;
+    }
   };
 }
 

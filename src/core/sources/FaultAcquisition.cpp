@@ -42,7 +42,7 @@ class Asking {
   const FaultAcquisitionResult& Result() const { return m_result; }
 
  private:
-  ServiceOutcome FetchModel(FaultInfo& fault, bool& erase, std::size_t index, std::size_t count);
+  bool FetchModel(FaultInfo& fault, bool& erase, std::size_t index, std::size_t count);
   void Remove(std::size_t place);
   void Note(ServiceOutcome outcome);
 
@@ -53,23 +53,26 @@ class Asking {
   HazardService m_service;
   FaultSearchRequest m_request;
   FaultAcquisitionResult m_result;
+  bool m_ended = false;  ///< by a type fault: nothing more is asked
 };
 
 void Asking::AskRanking() {
   const ServiceOutcome search = m_service.SearchMeshFaults(m_request, m_faults);
   Note(search);
-  const std::size_t count = search == ServiceOutcome::Done ? m_faults.size() : 0;
+  // Those of an answer that broke in its midst count for nothing.
+  if (search != ServiceOutcome::Done) m_faults.clear();
+  const std::size_t count = m_faults.size();
   std::size_t place = 0;
   for (std::size_t i = 0; i < count; ++i) {
+    FaultInfo& fault = m_faults[place];
     bool erase = false;
-    if (FetchModel(m_faults[place], erase, i, count) == ServiceOutcome::TypeFault) break;
-    if (erase || RectangleCount(m_faults[place]) == 0) {
-      Remove(place);
-    } else {
+    if (m_ended) m_result.unread.push_back({fault.ltecode, fault.ltename});
+    if (!m_ended && FetchModel(fault, erase, i, count)) {
       ++place;
+    } else {
+      Remove(place);
     }
   }
-  m_faults.resize(place);  // those that were not asked for have no planes either
 }
 
 void Asking::AskRange(const SiteKm& site) {
@@ -87,18 +90,28 @@ void Asking::AskRange(const SiteKm& site) {
     fault.ltename = groups[i].name;
     fault.magnitude = fault.ijma = fault.i45_ps = fault.i50_ps = fault.i55_ps = fault.i60_ps = none;
     fault.avract = fault.newact = fault.t30p = fault.t50p = fault.magu = none;
+    if (m_ended) {
+      m_result.unread.push_back({fault.ltecode, fault.ltename});
+      continue;
+    }
     bool erase = false;
-    const ServiceOutcome outcome = FetchModel(fault, erase, i, groups.size());
+    FetchModel(fault, erase, i, groups.size());
     if (!erase) m_faults.push_back(std::move(fault));
-    if (outcome == ServiceOutcome::TypeFault) break;
   }
 }
 
-ServiceOutcome Asking::FetchModel(FaultInfo& fault, bool& erase, std::size_t index, std::size_t count) {
+/// Asks for a source's model and notes the source when it has no planes then. Returns whether it has.
+bool Asking::FetchModel(FaultInfo& fault, bool& erase, std::size_t index, std::size_t count) {
   if (m_progress) m_progress(static_cast<int>(index + 1), static_cast<int>(count));
   const ServiceOutcome outcome = m_service.FetchActivityModel(m_request, fault.ltecode, fault, erase);
-  if (outcome != ServiceOutcome::NothingFound) Note(outcome);
-  return outcome;
+  m_ended = outcome == ServiceOutcome::TypeFault;
+  const bool answered = outcome == ServiceOutcome::Done || outcome == ServiceOutcome::NothingFound;
+  if (!answered) Note(outcome);
+  const bool hasPlanes = outcome == ServiceOutcome::Done && !erase && RectangleCount(fault) > 0;
+  if (hasPlanes) return true;
+  auto& list = erase ? m_result.leftOut : answered ? m_result.withoutPlanes : m_result.unread;
+  list.push_back({fault.ltecode, fault.ltename});
+  return false;
 }
 
 void Asking::Remove(std::size_t place) {
@@ -153,7 +166,9 @@ FaultAcquisitionResult AcquireFaults(const FaultAcquisitionInput& input, const S
                                      const AcquisitionProgress& progress) {
   if (input.zone < 1 || input.zone > static_cast<int>(kPlaneZoneCount)) {
     prompt.Tell(QString::fromUtf16(kUnknownZoneText), PromptIcon::Stop);
-    return {false, ServiceOutcome::BadParameter, {}, {}};
+    FaultAcquisitionResult refused;
+    refused.outcome = ServiceOutcome::BadParameter;
+    return refused;
   }
   const SiteKm site = ProjectSite(input);
   faults.clear();

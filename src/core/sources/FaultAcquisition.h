@@ -27,6 +27,13 @@ struct FaultAcquisitionInput {
   std::vector<MainFaultRow> mainFaultRows;  ///< of the search range
 };
 
+struct SourceName {
+  QString code;
+  QString name;
+
+  bool operator==(const SourceName&) const = default;
+};
+
 struct FaultAcquisitionResult {
   bool changed = false;  ///< the list was emptied and filled anew; false for an unknown zone alone
   /// The first that went wrong. A source that the activity model does not know is no failure; NothingFound
@@ -34,6 +41,12 @@ struct FaultAcquisitionResult {
   ServiceOutcome outcome = ServiceOutcome::Done;
   QString url;      ///< the request that it happened to, if any
   QString message;  ///< what was shown about it; empty for a failure of the network
+
+  /// The sources of the ranking or of the range that have no planes in the list, each in one of these, in the
+  /// order of asking. Since a failure of the network is not shown, the first list is how a user learns of it.
+  std::vector<SourceName> unread;         ///< could not be read, or were not asked for any more
+  std::vector<SourceName> withoutPlanes;  ///< the service answered that it has no data or no rectangle of them
+  std::vector<SourceName> leftOut;        ///< by rule: of the Sagami trough, or of another geometry
 };
 
 /// Fault k of n is about to be asked for, k from 1.

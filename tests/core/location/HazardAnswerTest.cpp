@@ -4,6 +4,13 @@
 #include <cstdint>
 #include <gmock/gmock.h>
 #include <string>
+#include <string_view>
+
+#ifdef __unix__
+#include <cstdio>
+#include <cstdlib>
+#include <sys/resource.h>
+#endif
 
 namespace tremlo {
 
@@ -313,6 +320,104 @@ bool IsSound(const FaultInfo& fault) {
     if (ordinates->size() != count) return false;
   return true;
 }
+
+std::string Repeated(std::string_view piece, std::size_t count) {
+  std::string text;
+  for (std::size_t i = 0; i < count; ++i) text.append(piece).push_back(',');
+  if (!text.empty()) text.pop_back();
+  return text;
+}
+
+std::string RankingOf(const std::string& entries) {
+  return R"({"Fault":[)" + entries + "]}";
+}
+
+TEST(BoundsTest, RankingHoldsAThousandSources) {
+  const MeshRead most = ReadMesh(RankingOf(Repeated("{}", 1000)));
+  EXPECT_EQ(most.result.outcome, ServiceOutcome::Done);
+  EXPECT_THAT(most.faults, SizeIs(1000));
+  std::vector<FaultInfo> faults(1);
+  EXPECT_EQ(ParseMeshAnswer(RankingOf(Repeated("{}", 1001)), true, faults).outcome, ServiceOutcome::BadAnswer);
+  EXPECT_THAT(faults, SizeIs(1)) << "the list is as it was";
+}
+
+TEST(BoundsTest, SourceHasAHundredPlanes) {
+  const auto model = [](std::size_t planes, const std::string& last) {
+    const std::string plane = R"({"geometry":{"type":"Polygon","coordinates":[]},"properties":{}})";
+    return R"({"seisact_model":{"geom_num":100},"features":[)" + Repeated(plane, planes) + last + "]}";
+  };
+  const ModelRead most = ReadModel(model(100, ""));
+  EXPECT_EQ(most.result.outcome, ServiceOutcome::Done);
+  EXPECT_THAT(most.fault.groundClass, SizeIs(100));
+  const ModelRead more = ReadModel(model(101, ""));
+  EXPECT_EQ(more.result.outcome, ServiceOutcome::BadAnswer);
+  EXPECT_TRUE(IsUntouched(more.fault));
+  EXPECT_FALSE(more.erase);
+  EXPECT_TRUE(ReadModel(model(100, R"(,{"geometry":{"type":"Point"}})")).erase);
+}
+
+TEST(BoundsTest, AnswerHoldsHalfAMillionValues) {
+  // The root, the ranking and the other member are values too.
+  const auto answer = [](std::size_t values) { return R"({"Fault":[],"x":[)" + Repeated("0", values) + "]}"; };
+  EXPECT_EQ(ReadMesh(answer(499997)).result.outcome, ServiceOutcome::Done);
+  EXPECT_EQ(ReadMesh(answer(499998)).result.outcome, ServiceOutcome::BadAnswer);
+}
+
+TEST(BoundsTest, ValuesOfAnyKindCount) {
+  for (const char* piece : {"0", "\"\"", "null", "true", "[]", "{}", R"({"":0})", "[0]"})
+    EXPECT_EQ(ReadMesh(R"({"Fault":[],"x":[)" + Repeated(piece, 500000) + "]}").result.outcome,
+              ServiceOutcome::BadAnswer)
+        << piece;
+  EXPECT_EQ(ReadMesh(R"({"Fault":[],)" + Repeated(R"("x":0)", 500000) + "}").result.outcome,
+            ServiceOutcome::BadAnswer);
+}
+
+TEST(BoundsTest, TextOfARecordHoldsTenThousandBytes) {
+  const auto ranking = [](std::size_t size) {
+    return RankingOf(R"({"ltename":")" + std::string(size, 'x') + R"("})");
+  };
+  EXPECT_EQ(ReadMesh(ranking(10000)).result.outcome, ServiceOutcome::Done);
+  EXPECT_EQ(ReadMesh(ranking(10001)).result.outcome, ServiceOutcome::BadAnswer);
+}
+
+#ifdef __unix__
+/// Ends the process with the MiB by which reading the text as both answers has raised the most it ever held.
+[[noreturn]] void ReadAndTellMemory(const std::string& text) {
+  const auto mostKiB = [] {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss;
+  };
+  const long before = mostKiB();
+  {
+    ReadMesh(text);
+    ReadModel(text);
+  }
+  const long grown = (mostKiB() - before) / 1024;
+  std::fprintf(stderr, "grown by %ld MiB", grown);
+  std::_Exit(grown <= 200 ? 0 : 1);
+}
+
+TEST(BoundsTest, AnswerMadeToFillTheMemoryDoesNot) {
+  constexpr std::size_t kMiB = 1 << 20;
+  const std::vector<std::string> answers = {
+      RankingOf(Repeated("{}", 2 * kMiB / 3)),
+      Repeated("{}", 16 * kMiB / 3),
+      "[" + Repeated("{}", 16 * kMiB / 3) + "]",
+      "[" + Repeated("\"\"", 16 * kMiB / 3) + "]",
+      "[" + Repeated(R"({"":0})", 16 * kMiB / 7) + "]",
+      "[" + Repeated("[[[[[[[[0]]]]]]]]", 16 * kMiB / 18) + "]",
+      "[" + std::string(16 * kMiB, '1') + "]",
+      RankingOf(R"({"ltename":")" + std::string(16 * kMiB, 'x') + R"("})"),
+      R"({"seisact_model":{"geom_num":1},"features":[)" +
+          Repeated(R"({"geometry":{"type":"Polygon","coordinates":[]},"properties":{}})", 16 * kMiB / 67) + "]}",
+      Model("[" + Repeated("[[1,2,3],[],[],[]]", 16 * kMiB / 18) + "]"),
+  };
+  for (const std::string& answer : answers)
+    EXPECT_EXIT(ReadAndTellMemory(answer), testing::ExitedWithCode(0), "")
+        << answer.substr(0, 60) << " of " << answer.size();
+}
+#endif
 
 TEST(AnyBytesTest, AnswerCutAnywhereIsABadAnswer) {
   const std::string mesh = Fixture("fltsearch_C.json");

@@ -6,7 +6,13 @@
 #include <QElapsedTimer>
 #include <QFileInfo>
 
+#include <chrono>
+#include <condition_variable>
 #include <gtest/gtest.h>
+#include <limits>
+#include <mutex>
+#include <stdexcept>
+#include <stop_token>
 #include <thread>
 
 namespace tremlo {
@@ -95,13 +101,64 @@ TEST_F(HttpClientTest, ConnectionServesSeveralRequests) {
     EXPECT_EQ(client.GetToFile(service.Address(kHttps) + kSearch, file), HttpResult::Done);
     EXPECT_EQ(Answer(), Fixture("fltsearch_C.json"));
   }
-  EXPECT_EQ(service.Requests().size(), 3u);
+  const auto asked = service.Requests();
+  ASSERT_EQ(asked.size(), 3u);
+  EXPECT_EQ(asked[0].connection, asked[1].connection);
+  EXPECT_EQ(asked[1].connection, asked[2].connection);
 }
 
-TEST_F(HttpClientTest, RequestThatMayHaveArrivedIsNotRepeatedOnANewConnection) {
+TEST_F(HttpClientTest, ConnectionClosedUnannouncedBehindAnAnswerLosesNoRequest) {
+  // How soon the end arrives decides whether the next request is under way by then: whichever it is, each
+  // request has its answer.
+  for (const QString& port : {kHttp, kHttps})
+    for (const char* wishes :
+         {"ranking=close", "ranking=close:1", "ranking=reset:1", "ranking=close-every:5"}) {
+      HttpClient client(options, service.CertificateFile());
+      const QString url = service.Address(port, Path(wishes)) + kSearch;
+      for (int i = 0; i < 60; ++i)
+        EXPECT_EQ(client.GetToFile(url, file), HttpResult::Done) << wishes << ' ' << i;
+      EXPECT_EQ(Answer(), Fixture("fltsearch_C.json"));
+    }
+}
+
+TEST_F(HttpClientTest, RedirectsOverConnectionsThatAreClosedUnannouncedLoseNoRequest) {
+  HttpClient client(options, service.CertificateFile());
+  const QString url = service.Address(kHttp, Path("ranking=redirect-then-close:5")) + kSearch;
+  for (int i = 0; i < 20; ++i) EXPECT_EQ(client.GetToFile(url, file), HttpResult::Done) << i;
+}
+
+TEST_F(HttpClientTest, RequestOnAKeptConnectionThatEndsWithoutAByteIsSentOnceMoreOnAFreshOne) {
   HttpClient client(options, service.CertificateFile());
   ASSERT_EQ(client.GetToFile(service.Address() + kSearch, file), HttpResult::Done);
+  EXPECT_EQ(client.GetToFile(service.Address(kHttp, Path("ranking=drop-second")) + kSearch, file),
+            HttpResult::Done);
+  auto asked = service.Requests();
+  ASSERT_EQ(asked.size(), 3u);
+  EXPECT_EQ(asked[0].connection, asked[1].connection);
+  EXPECT_NE(asked[1].connection, asked[2].connection);
+
+  ASSERT_EQ(client.GetToFile(service.Address() + kSearch, file), HttpResult::Done);
   EXPECT_EQ(client.GetToFile(service.Address(kHttp, Path("ranking=drop")) + kSearch, file),
+            HttpResult::Failed);
+  asked = service.Requests();
+  ASSERT_EQ(asked.size(), 6u) << "once more, not again and again";
+  EXPECT_EQ(asked[3].connection, asked[4].connection);
+  EXPECT_NE(asked[4].connection, asked[5].connection);
+}
+
+TEST_F(HttpClientTest, SilenceOnAKeptConnectionIsNotMetWithARepetition) {
+  options.silenceTimeoutMs = 1000;
+  HttpClient client(options, service.CertificateFile());
+  ASSERT_EQ(client.GetToFile(service.Address() + kSearch, file), HttpResult::Done);
+  EXPECT_EQ(client.GetToFile(service.Address(kHttp, Path("ranking=stall")) + kSearch, file),
+            HttpResult::Failed);
+  EXPECT_EQ(service.Requests().size(), 2u);
+}
+
+TEST_F(HttpClientTest, RequestWhoseAnswerBeganIsNotRepeated) {
+  HttpClient client(options, service.CertificateFile());
+  ASSERT_EQ(client.GetToFile(service.Address() + kSearch, file), HttpResult::Done);
+  EXPECT_EQ(client.GetToFile(service.Address(kHttp, Path("ranking=cut")) + kSearch, file),
             HttpResult::Failed);
   EXPECT_EQ(service.Requests().size(), 2u);
 }
@@ -177,15 +234,57 @@ TEST_F(HttpClientTest, HeaderLineThatTricklesIsNotSilence) {
             HttpResult::Done);
 }
 
-TEST_F(HttpClientTest, AnswerOfMoreThanTheLimitFails) {
-  EXPECT_EQ(Fetch(kHttp, "ranking=huge:67108865"), HttpResult::Failed);
+TEST_F(HttpClientTest, AnswerOfExactlyTheLimitPassesAndOneByteMoreFails) {
+  const qint64 head = QByteArray("HTTP/1.1 200 Answer\r\nConnection: close\r\n\r\n").size();
+  const qint64 body = options.maxAnswerBytes - head;
+  EXPECT_EQ(Fetch(kHttp, ("ranking=huge:" + QByteArray::number(body)).constData()), HttpResult::Done);
+  EXPECT_EQ(QFileInfo(file).size(), body);
+  EXPECT_EQ(Fetch(kHttp, ("ranking=huge:" + QByteArray::number(body + 1)).constData()), HttpResult::Failed);
   EXPECT_EQ(Fetch(kHttp, "ranking=huge-length"), HttpResult::Failed);
-  EXPECT_LE(QFileInfo(file).size(), 67108864);
+  EXPECT_LE(QFileInfo(file).size(), options.maxAnswerBytes);
 }
 
-TEST_F(HttpClientTest, AnswerOfExactlyTheLimitPasses) {
-  EXPECT_EQ(Fetch(kHttp, "ranking=huge:67108864"), HttpResult::Done);
-  EXPECT_EQ(QFileInfo(file).size(), 67108864);
+TEST_F(HttpClientTest, BodyOfARedirectCountsTowardsTheLimit) {
+  options.maxAnswerBytes = 3000000;
+  EXPECT_EQ(Fetch(kHttp, "ranking=redirect-huge:2900000"), HttpResult::Done);
+  EXPECT_EQ(Answer(), Fixture("fltsearch_C.json"));
+  EXPECT_EQ(Fetch(kHttp, "ranking=redirect-huge:2999999"), HttpResult::Failed);
+  EXPECT_EQ(Fetch(kHttp, "ranking=redirect-huge"), HttpResult::Failed);
+}
+
+TEST_F(HttpClientTest, AnswerThatWasPackedForTheWayUnaskedFails) {
+  LeaveOlderAnswer();
+  EXPECT_EQ(Fetch(kHttp, "ranking=bomb:200000000"), HttpResult::Failed);
+  EXPECT_EQ(Answer(), "older");
+}
+
+TEST_F(HttpClientTest, HeadsAndTrailersCountTowardsTheLimit) {
+  for (const char* wishes : {"ranking=heads:90000", "ranking=trailers:90000"}) {
+    options.maxAnswerBytes = 100000;
+    EXPECT_EQ(Fetch(kHttp, wishes), HttpResult::Done) << wishes;
+    EXPECT_EQ(Answer(), Fixture("fltsearch_C.json")) << wishes;
+    options.maxAnswerBytes = 90000;
+    EXPECT_EQ(Fetch(kHttp, wishes), HttpResult::Failed) << wishes;
+  }
+}
+
+TEST_F(HttpClientTest, AnswerThatHardlyEndsIsGivenUp) {
+  for (const char* wishes : {"ranking=heads", "ranking=interim", "ranking=trailers", "ranking=extension"})
+    EXPECT_EQ(Fetch(kHttp, wishes), HttpResult::Failed) << wishes;
+}
+
+TEST_F(HttpClientTest, LinesThatTheLibraryKeepsAreBoundedApart) {
+  EXPECT_EQ(Fetch(kHttp, "ranking=trailers:1000000"), HttpResult::Done);
+  EXPECT_EQ(Fetch(kHttp, "ranking=trailers:1100000"), HttpResult::Failed);
+}
+
+TEST_F(HttpClientTest, ExceptionOfTheSinkReachesTheCallerAndTheClientGoesOn) {
+  HttpClient client(options, service.CertificateFile());
+  const auto throwing = [](std::string_view) -> bool { throw std::length_error("full"); };
+  for (const char* wishes : {"", "ranking=empty"})
+    EXPECT_THROW(client.Get(service.Address(kHttp, Path(wishes)) + kSearch, throwing), std::length_error);
+  EXPECT_EQ(client.GetToFile(service.Address() + kSearch, file), HttpResult::Done);
+  EXPECT_EQ(Answer(), Fixture("fltsearch_C.json"));
 }
 
 TEST_F(HttpClientTest, FiveRedirectsAreFollowedAndNotASixth) {
@@ -264,6 +363,151 @@ TEST_F(HttpClientTest, HandshakeThatNeverAnswersIsNotTriedAgain) {
   silent.replace(QStringLiteral("http:"), QStringLiteral("https:"));
   EXPECT_EQ(client.GetToFile(silent + kSearch, file), HttpResult::Failed);
   EXPECT_LT(timer.elapsed(), 60000);
+}
+
+/// Asks another thread to break a request off, at a moment of the request's own.
+class Stopper {
+ public:
+  std::stop_token Token() const { return m_source.get_token(); }
+
+  void Stop() {
+    m_timer.start();
+    m_source.request_stop();
+  }
+
+  /// For a phase that shows nothing of itself to the outside.
+  void StopSoon() {
+    m_thread = std::thread([this] {
+      std::mutex mutex;
+      std::unique_lock lock(mutex);
+      std::condition_variable().wait_for(lock, std::chrono::milliseconds(30));
+      Stop();
+    });
+  }
+
+  template <class Condition>
+  void StopWhen(const Condition& condition) {
+    m_thread = std::thread([this, condition] {
+      while (!condition()) std::this_thread::yield();
+      Stop();
+    });
+  }
+
+  /// How long the request went on; for a call that has come back.
+  qint64 Elapsed() {
+    const qint64 elapsed = m_timer.elapsed();
+    if (m_thread.joinable()) m_thread.join();
+    return elapsed;
+  }
+
+ private:
+  std::stop_source m_source;
+  QElapsedTimer m_timer;
+  std::thread m_thread;
+};
+
+/// What the promise of the header allows.
+constexpr qint64 kAtOnceMs = 100;
+
+class BrokenOffTest : public HttpClientTest {
+ protected:
+  /// Breaks a request off in the phase that `arm` waits for. A busy machine may hold up one of three.
+  template <class Arm>
+  void ExpectAtOnce(const QString& address, const Arm& arm) {
+    qint64 fastest = std::numeric_limits<qint64>::max();
+    for (int i = 0; i < 3; ++i) {
+      HttpClient client(options, service.CertificateFile());
+      Stopper stopper;
+      arm(stopper);
+      EXPECT_EQ(client.GetToFile(address + kSearch, file, stopper.Token()), HttpResult::BrokenOff)
+          << address.toStdString();
+      fastest = std::min(fastest, stopper.Elapsed());
+    }
+    EXPECT_LT(fastest, kAtOnceMs) << address.toStdString();
+  }
+
+  /// A server that has the request.
+  void ExpectAtOnceOnceAsked(const QString& address) {
+    ExpectAtOnce(address, [&](Stopper& stopper) {
+      stopper.StopWhen(
+          [this, asked = service.Requests().size()] { return service.Requests().size() > asked; });
+    });
+  }
+
+  void ExpectAtOnceSoon(const QString& address) {
+    ExpectAtOnce(address, [](Stopper& stopper) { stopper.StopSoon(); });
+  }
+};
+
+TEST_F(BrokenOffTest, WhileTheConnectionIsMade) {
+  ExpectAtOnceSoon(service.Address(QStringLiteral("full")));
+}
+
+TEST_F(BrokenOffTest, WhileTheHandshakeIsUnanswered) {
+  QString silent = service.Address(QStringLiteral("silent"));
+  ExpectAtOnceSoon(silent.replace(QStringLiteral("http:"), QStringLiteral("https:")));
+}
+
+TEST_F(BrokenOffTest, InThePauseBetweenTwoAttempts) {
+  options.connectPauseMs = 60000;
+  ExpectAtOnceSoon(service.Address(QStringLiteral("refused")));
+}
+
+TEST_F(BrokenOffTest, WhileTheServerIsSilent) {
+  LeaveOlderAnswer();
+  for (const QString& port : {kHttp, kHttps})
+    ExpectAtOnceOnceAsked(service.Address(port, Path("ranking=stall")));
+  EXPECT_EQ(Answer(), "older");
+}
+
+TEST_F(BrokenOffTest, BehindHalfAnAnswer) {
+  for (const QString& port : {kHttp, kHttps}) {
+    HttpClient client(options, service.CertificateFile());
+    Stopper stopper;
+    const auto stopAtTheFirstBlock = [&](std::string_view) { return stopper.Stop(), true; };
+    EXPECT_EQ(client.Get(service.Address(port, Path("ranking=half")) + kSearch, stopAtTheFirstBlock,
+                         stopper.Token()),
+              HttpResult::BrokenOff);
+    EXPECT_LT(stopper.Elapsed(), 10 * kAtOnceMs);
+    ExpectAtOnceOnceAsked(service.Address(port, Path("ranking=half")));
+  }
+}
+
+TEST_F(BrokenOffTest, WhileAnAnswerTrickles) {
+  ExpectAtOnceOnceAsked(service.Address(kHttp, Path("ranking=trickle:20")));
+}
+
+TEST_F(BrokenOffTest, WhileAnAnswerPoursInWithoutAnEnd) {
+  options.maxAnswerBytes = std::numeric_limits<std::int64_t>::max();
+  ExpectAtOnceOnceAsked(service.Address(kHttp, Path("ranking=redirect-huge:100000000000")));
+}
+
+TEST_F(BrokenOffTest, BeforeItBeganNothingIsSent) {
+  Stopper stopper;
+  stopper.Stop();
+  HttpClient client(options, service.CertificateFile());
+  EXPECT_EQ(client.GetToFile(service.Address() + kSearch, file, stopper.Token()), HttpResult::BrokenOff);
+  EXPECT_TRUE(service.Requests().empty());
+}
+
+TEST_F(BrokenOffTest, AfterTheWholeAnswerItIsDone) {
+  HttpClient client(options, service.CertificateFile());
+  Stopper stopper;
+  const auto stopAtTheFirstBlock = [&](std::string_view) { return stopper.Stop(), true; };
+  EXPECT_EQ(client.Get(service.Address(kHttp, Path("ranking=empty")) + kSearch, stopAtTheFirstBlock,
+                       stopper.Token()),
+            HttpResult::Done);
+}
+
+TEST_F(BrokenOffTest, NextRequestOfTheClientIsAnswered) {
+  HttpClient client(options, service.CertificateFile());
+  Stopper stopper;
+  stopper.StopSoon();
+  EXPECT_EQ(client.GetToFile(service.Address(kHttp, Path("ranking=stall")) + kSearch, file, stopper.Token()),
+            HttpResult::BrokenOff);
+  stopper.Elapsed();
+  EXPECT_EQ(client.GetToFile(service.Address() + kSearch, file), HttpResult::Done);
+  EXPECT_EQ(Answer(), Fixture("fltsearch_C.json"));
 }
 
 TEST_F(HttpClientTest, ClientsOfSeveralThreadsDoNotDisturbEachOther) {

@@ -103,8 +103,23 @@ TEST_F(OnlineModeTest, BadAddressFailsTheProbe) {
 
 TEST_F(OnlineModeTest, CertificatesThatDoNotHoldFailTheProbe) {
   EXPECT_TRUE(Probe("", "https"));
-  for (const char* port : {"https-host", "https-expired", "https-foreign", "https-client"})
+  for (const char* port : {"https-host", "https-expired", "https-foreign"}) EXPECT_FALSE(Probe("", port)) << port;
+}
+
+TEST_F(OnlineModeTest, ServerThatInsistsOnAClientsCertificateFailsTheProbe) {
+  for (const char* port : {"https-client", "https-client12", "https-client13"})
     EXPECT_FALSE(Probe("", port)) << port;
+  EXPECT_THAT(local.Paths(), IsEmpty());
+}
+
+TEST_F(OnlineModeTest, ServerThatAsksForAClientsCertificateAndDoesWithoutIsAskedTwice) {
+  EXPECT_TRUE(Probe("", "https-may"));
+  EXPECT_THAT(local.Paths(), ElementsAre(kTile, kTile));
+}
+
+TEST_F(OnlineModeTest, ConnectionThatIsClosedUnannouncedBetweenThePassesFailsNoProbe) {
+  for (const char* port : {"http", "https"})
+    for (int i = 0; i < 10; ++i) EXPECT_TRUE(Probe("tile=close:1", port)) << port;
 }
 
 TEST_F(OnlineModeTest, FolderThatCannotBeWrittenFailsTheProbe) {
@@ -170,6 +185,28 @@ TEST(MapCacheTest, ClearingFollowsNoLinkOutOfTheCache) {
   ASSERT_TRUE(QFile::link(other.Path(), folder.Path(QStringLiteral("_cache/link"))));
   EXPECT_TRUE(ClearMapCache(folder.Path()));
   EXPECT_THAT(other.Names(), ElementsAre(QStringLiteral("kept")));
+}
+
+TEST(MapCacheTest, CacheThatIsALinkIsRemovedAndItsTargetLeft) {
+  const test::TestFolder folder;
+  const test::TestFolder other;
+  other.Write(QStringLiteral("kept/tile"), "x");
+  ASSERT_TRUE(QFile::link(other.Path(), folder.Path(QStringLiteral("_cache"))));
+  EXPECT_TRUE(ClearMapCache(folder.Path()));
+  EXPECT_THAT(folder.Names(), IsEmpty());
+  EXPECT_EQ(ReadAll(other.Path(QStringLiteral("kept/tile"))), "x");
+}
+
+TEST(MapCacheTest, LinkThatLeadsNowhereIsRemoved) {
+  const test::TestFolder folder;
+  ASSERT_TRUE(QFile::link(folder.Path(QStringLiteral("nowhere")), folder.Path(QStringLiteral("_cache"))));
+  EXPECT_TRUE(ClearMapCache(folder.Path()));
+  EXPECT_FALSE(QFileInfo(folder.Path(QStringLiteral("_cache"))).isSymLink());
+}
+
+TEST(MapCacheTest, CacheThatCannotBeReachedIsToldOf) {
+  const test::TestFolder folder;
+  EXPECT_FALSE(ClearMapCache(folder.Write(QStringLiteral("file"), "x")));
 }
 
 TEST(MapCacheTest, QuestionSaysWhatClearingBringsAbout) {

@@ -19,13 +19,13 @@ TEST(ServiceSettingsTest, DefaultsAreThePublicServicesWithTheirStatedTimes) {
   EXPECT_EQ(settings.hazard.connectPauseMs, 1000);
   EXPECT_EQ(settings.hazard.silenceTimeoutMs, 5000);
   EXPECT_EQ(settings.hazard.maxRedirects, 5);
-  EXPECT_EQ(settings.hazard.maxBodyBytes, 67108864);
+  EXPECT_EQ(settings.hazard.maxAnswerBytes, 67108864);
 
   EXPECT_EQ(settings.tiles.connectTimeoutMs, 60000);
   EXPECT_EQ(settings.tiles.connectAttempts, 1);
   EXPECT_EQ(settings.tiles.silenceTimeoutMs, 30000);
   EXPECT_EQ(settings.tiles.maxRedirects, 5);
-  EXPECT_EQ(settings.tiles.maxBodyBytes, 67108864);
+  EXPECT_EQ(settings.tiles.maxAnswerBytes, 67108864);
 }
 
 }  // namespace

@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 #include <mutex>
 #include <netdb.h>
+#include <stop_token>
+#include <thread>
 
 namespace tremlo {
 namespace {
@@ -27,11 +29,14 @@ class Resolver {
   }
   int Asked() { return (std::scoped_lock(m_mutex), m_asked); }
   int Waiting() { return (std::scoped_lock(m_mutex), m_waiting); }
+  /// Answers all that wait; holds the next ones again.
   void LetGo() {
     std::unique_lock lock(m_mutex);
     m_open = true;
     m_changed.notify_all();
     m_changed.wait(lock, [&] { return m_waiting == 0; });
+    m_open = false;
+    m_asked = 0;
   }
 
  private:
@@ -43,6 +48,28 @@ class Resolver {
 };
 
 Resolver resolver;
+
+TEST(SilentResolver, LookupIsBrokenOffAtOnce) {
+  std::chrono::steady_clock::time_point stopped;
+  {
+    HttpClient client({.connectTimeoutMs = 60000, .connectAttempts = 1}, QString());
+    std::stop_source source;
+    std::thread stopper([&] {
+      while (resolver.Waiting() == 0) std::this_thread::yield();
+      stopped = std::chrono::steady_clock::now();
+      source.request_stop();
+    });
+    EXPECT_EQ(
+        client.Get(
+            QStringLiteral("http://name.test/"), [](std::string_view) { return true; }, source.get_token()),
+        HttpResult::BrokenOff);
+    stopper.join();
+  }
+  EXPECT_LT(std::chrono::steady_clock::now() - stopped, std::chrono::milliseconds(100))
+      << "the end of the client counted";
+  EXPECT_EQ(resolver.Waiting(), 1) << "nobody waited for an answer";
+  resolver.LetGo();
+}
 
 TEST(SilentResolver, TimeoutDoesNotWaitForIt) {
   {

@@ -66,7 +66,9 @@ TEST(TileFilePath, PercentSignsInTheFolderStay) {
 }
 
 TEST(TileUrl, StandsBehindSchemeAndHost) {
-  EXPECT_EQ(TileUrl(kAddress, kTile), QStringLiteral("https://tiles.example/xyz/std/15/28817/12802.png"));
+  const QString url = QStringLiteral("https://tiles.example/xyz/std/15/28817/12802.png");
+  EXPECT_EQ(TileUrl(kAddress, kTile), url);
+  EXPECT_EQ(TileUrl(kAddress + u'/', kTile), url);
 }
 
 TEST(TileCache, AMissingTileIsDownloadedIntoItsFile) {

@@ -7,6 +7,8 @@
 #include <QElapsedTimer>
 
 #include <gtest/gtest.h>
+#include <stop_token>
+#include <thread>
 
 namespace tremlo {
 namespace {
@@ -28,8 +30,8 @@ class WaitingMap {
   explicit WaitingMap(TileCache cache)
       : m_store(std::move(cache), [](const QString& path) { return std::optional(ReadAll(path)); }) {}
 
-  const QByteArray* Get(const TileNumber& tile) {
-    if (!m_store.Find(tile)) m_store.TakeAnswer(tile, m_store.Cache().Download(tile, {}));
+  const QByteArray* Get(const TileNumber& tile, const std::stop_token& stop = {}) {
+    if (!m_store.Find(tile)) m_store.TakeAnswer(tile, m_store.Cache().Download(tile, stop));
     return m_store.Find(tile).value_or(nullptr);
   }
 
@@ -124,12 +126,12 @@ TEST_F(TileDownloadTest, ABrokenAnswerLeavesARememberedGap) {
 }
 
 TEST_F(TileDownloadTest, ATooLargeAnswerLeavesARememberedGap) {
-  settings.tiles.maxBodyBytes = 100000;
+  settings.tiles.maxAnswerBytes = 100000;
   for (const char* wishes : {"tile=huge:100001", "tile=huge-length"}) {
     Use("http", wishes);
     ExpectRememberedGap(wishes);
   }
-  Use("http", "tile=huge:100000");
+  Use("http", "tile=huge:99900");
   EXPECT_NE(NewMap().Get(kTile), nullptr);
 }
 
@@ -150,6 +152,25 @@ TEST_F(TileDownloadTest, AWrongCertificateLeavesAGapAndNothingIsAsked) {
 TEST_F(TileDownloadTest, AnAddressThatIsNoneLeavesAGap) {
   settings.tileAddress = QStringLiteral("file://") + local.AnswerFolder();
   ExpectRememberedGap("file");
+}
+
+TEST_F(TileDownloadTest, ATileThatWasBrokenOffIsNoGapAndIsAskedForAgain) {
+  settings.tileAddress = local.Address();
+  auto map = NewMap();
+  Use("http", "tile=stall");
+  auto stalled = NewMap();
+  for (int asked = 0; asked < 2; ++asked) {
+    std::stop_source source;
+    std::thread stopper([&] {
+      while (static_cast<int>(local.Requests().size()) == asked) std::this_thread::yield();
+      source.request_stop();
+    });
+    EXPECT_EQ(stalled.Get(kTile, source.get_token()), nullptr);
+    stopper.join();
+    EXPECT_EQ(static_cast<int>(local.Requests().size()), asked + 1);
+    EXPECT_TRUE(folder.Names().isEmpty());
+  }
+  EXPECT_NE(map.Get(kTile), nullptr);
 }
 
 TEST_F(TileDownloadTest, AGapIsFilledForTheNextMap) {

@@ -95,6 +95,12 @@ class FaultAcquisitionTest : public testing::Test {
     return codes.join(u' ');
   }
 
+  static QString Names(const std::vector<SourceName>& sources) {
+    QStringList names;
+    for (const SourceName& source : sources) names << source.code + u' ' + source.name;
+    return names.join(u", ");
+  }
+
   std::unique_ptr<LocalService> local;
   ServiceSettings settings;
   RecordedMessages messages;
@@ -314,6 +320,54 @@ TEST_F(RankingTest, TypeFaultInTheRankingLeavesAnEmptyList) {
   EXPECT_EQ(AskedModels(), u"");
 }
 
+TEST_F(RankingTest, SourcesThatAreLeftOutAreNamedApart) {
+  const FaultAcquisitionResult result = Acquire();
+  EXPECT_EQ(Names(result.unread), u"");
+  EXPECT_EQ(Names(result.withoutPlanes), u"F099999 試験用の未登録断層");
+  EXPECT_EQ(Names(result.leftOut), u"ANNKI 南海トラフの地震, ASG05 相模トラフ沿いのＭ８クラスの地震");
+}
+
+TEST_F(RankingTest, SourcesThatCannotBeReadAreNamed) {
+  Wish("F005501=cut/F004701=garbage");
+  const FaultAcquisitionResult result = Acquire();
+  EXPECT_EQ(Names(result.unread), u"F005501 邑知潟断層帯, F004701 跡津川断層帯");
+  EXPECT_EQ(Names(result.withoutPlanes), u"F099999 試験用の未登録断層");
+  EXPECT_EQ(result.leftOut.size(), 2u);
+}
+
+TEST_F(RankingTest, SourcesThatWereNotAskedForAnyMoreAreNamed) {
+  Wish("F005601=file:fltsearch_C.json");
+  const FaultAcquisitionResult result = Acquire();
+  ASSERT_EQ(result.unread.size(), 9u);
+  EXPECT_EQ(result.unread.front().code, u"F005601");
+  EXPECT_EQ(result.unread.back().code, u"F004502");
+  EXPECT_TRUE(result.withoutPlanes.empty());
+  EXPECT_TRUE(result.leftOut.empty());
+}
+
+TEST_F(RankingTest, ParameterOfTheModelsOutOfItsRangeIsToldOnce) {
+  input.parameters.activityVersionIndex = 16;
+  const FaultAcquisitionResult result = Acquire();
+  EXPECT_EQ(result.outcome, ServiceOutcome::BadParameter);
+  EXPECT_EQ(result.url, u"");
+  EXPECT_THAT(messages.shown,
+              ElementsAre(Stop(QStringLiteral("地図バージョン(地震活動モデル)のチェックでエラーとなりました。"))));
+  EXPECT_TRUE(faults.empty());
+  EXPECT_EQ(result.unread.size(), 10u);
+  EXPECT_EQ(result.leftOut.size(), 1u);
+  EXPECT_EQ(AskedModels(), u"");
+}
+
+TEST_F(RankingTest, ServiceThatClosesConnectionsUnannouncedLosesNoSource) {
+  for (const char* port : {"http", "https"})
+    for (const char* wishes : {"all=close", "all=close:1", "all=close-every:5"}) {
+      settings = local->Settings(QString::fromLatin1(port), QString::fromLatin1(wishes));
+      const FaultAcquisitionResult result = Acquire();
+      EXPECT_EQ(result.outcome, ServiceOutcome::Done) << port << ' ' << wishes;
+      EXPECT_EQ(Codes(), kFirstEight) << port << ' ' << wishes;
+    }
+}
+
 TEST_F(RankingTest, WrongNumberOfPlanesReadsPastNoVector) {
   const TestFolder data;
   data.Write(QStringLiteral("fltsearch_C.json"),
@@ -325,8 +379,10 @@ TEST_F(RankingTest, WrongNumberOfPlanesReadsPastNoVector) {
   data.Write(QStringLiteral("fltinfo_NEGATIVE.geojson"), Model(-2147483647, 1));
   data.Write(QStringLiteral("fltinfo_EMPTY.geojson"), Model(1, 0));
   Start(data.Path());
-  EXPECT_EQ(Acquire().outcome, ServiceOutcome::Done);
+  const FaultAcquisitionResult result = Acquire();
+  EXPECT_EQ(result.outcome, ServiceOutcome::Done);
   EXPECT_EQ(Codes(), u"MORE FEWER");
+  EXPECT_EQ(Names(result.withoutPlanes), u"NONE No Name, NEGATIVE No Name, EMPTY No Name");
   ASSERT_EQ(faults.size(), 2u);
   EXPECT_EQ(faults[0].geomNum, 5);
   EXPECT_THAT(faults[0].shortestDistance, SizeIs(2));
@@ -386,7 +442,9 @@ TEST_F(RangeTest, RowsOfACodeThatAreApartMakeTwoRequests) {
 
 TEST_F(RangeTest, SourceThatTheModelDoesNotKnowStaysWithoutPlanes) {
   input.mainFaultRows = {Row("F099999", 136.62, 36.56), Row("F005701", 136.7, 36.6)};
-  EXPECT_EQ(Acquire().outcome, ServiceOutcome::Done);
+  const FaultAcquisitionResult result = Acquire();
+  EXPECT_EQ(result.outcome, ServiceOutcome::Done);
+  EXPECT_EQ(Names(result.withoutPlanes), u"F099999 F099999断層");
   EXPECT_EQ(Codes(), u"F099999 F005701");
   ASSERT_EQ(faults.size(), 2u);
   EXPECT_EQ(faults[0].geomNum, 0);
@@ -400,7 +458,9 @@ TEST_F(RangeTest, SourceThatTheModelDoesNotKnowStaysWithoutPlanes) {
 TEST_F(RangeTest, SourceThatFallsSilentStaysWithoutPlanes) {
   input.mainFaultRows = {Row("F005501", 136.62, 36.56), Row("F005701", 136.7, 36.6)};
   Wish("F005501=cut");
-  EXPECT_EQ(Acquire().outcome, ServiceOutcome::NoAnswer);
+  const FaultAcquisitionResult result = Acquire();
+  EXPECT_EQ(result.outcome, ServiceOutcome::NoAnswer);
+  EXPECT_EQ(Names(result.unread), u"F005501 F005501断層");
   EXPECT_EQ(Codes(), u"F005501 F005701");
   EXPECT_THAT(messages.shown, IsEmpty());
 }
@@ -408,7 +468,9 @@ TEST_F(RangeTest, SourceThatFallsSilentStaysWithoutPlanes) {
 TEST_F(RangeTest, SourcesOfAnotherGeometryLeaveAndRanksHaveNoGaps) {
   input.mainFaultRows = {Row("F0MIXED", 136.62, 36.56), Row("F005701", 136.7, 36.6),
                          Row("ASG05", 136.75, 36.6), Row("F005501", 136.8, 36.6)};
-  Acquire();
+  const FaultAcquisitionResult result = Acquire();
+  EXPECT_EQ(Names(result.leftOut), u"F0MIXED F0MIXED断層, ASG05 ASG05断層");
+  EXPECT_TRUE(result.unread.empty());
   EXPECT_EQ(Codes(), u"F005701 F005501");
   EXPECT_EQ(Ranks(), u"1 2");
   EXPECT_EQ(AskedModels(), u"F0MIXED F005701 F005501");
@@ -418,12 +480,24 @@ TEST_F(RangeTest, TypeFaultEndsTheAskingAndKeepsTheRecord) {
   input.mainFaultRows = {Row("F005701", 136.62, 36.56), Row("F005501", 136.7, 36.6),
                          Row("F004701", 136.8, 36.6)};
   Wish("F005501=file:fltsearch_C.json");
-  EXPECT_EQ(Acquire().outcome, ServiceOutcome::TypeFault);
+  const FaultAcquisitionResult result = Acquire();
+  EXPECT_EQ(result.outcome, ServiceOutcome::TypeFault);
+  EXPECT_EQ(Names(result.unread), u"F005501 F005501断層, F004701 F004701断層");
   EXPECT_EQ(Codes(), u"F005701 F005501");
   ASSERT_EQ(faults.size(), 2u);
   EXPECT_THAT(faults[0].shortestDistance, SizeIs(1));
   EXPECT_THAT(faults[1].shortestDistance, IsEmpty());
   EXPECT_EQ(AskedModels(), u"F005701 F005501");
+}
+
+TEST_F(RangeTest, ParameterOutOfItsRangeIsToldOnceAndTheRecordsStay) {
+  input.mainFaultRows = {Row("F005701", 136.62, 36.56), Row("F005501", 136.7, 36.6),
+                         Row("F004701", 136.8, 36.6)};
+  input.parameters.caseIndex = 2;
+  EXPECT_EQ(Acquire().outcome, ServiceOutcome::BadParameter);
+  EXPECT_THAT(messages.shown, ElementsAre(Stop(QStringLiteral("確率ケースのチェックでエラーとなりました。"))));
+  EXPECT_EQ(Codes(), u"F005701 F005501 F004701");
+  EXPECT_THAT(local->Paths(), IsEmpty());
 }
 
 TEST_F(RangeTest, NoFaultWithinTheRangeIsToldAndLeavesAnEmptyList) {
