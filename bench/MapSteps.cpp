@@ -1,9 +1,8 @@
-// The map while it is dragged and zoomed with every tile in memory, while its tile service is dead, and what a long
-// walk over it leaves in memory. Prints a table of its own.
+// The map while it is dragged and zoomed with every tile in memory, while its tile service is dead, and what
+// a long walk over it leaves in memory. Prints a table of its own.
 
 #include "BenchPlatform.h"
 #include "EventLoopWatch.h"
-
 #include "window/location/MapControl.h"
 
 #include <QApplication>
@@ -105,7 +104,8 @@ void Run(const QString& folder) {
   doc.site.mapScale = 1.1;
   Service service;
   MapControl map(
-      doc, [] { return true; }, TileCache(folder, QStringLiteral("http://tiles.example"), service.Download()));
+      doc, [] { return true; },
+      TileCache(folder, QStringLiteral("http://tiles.example"), service.Download()));
   map.resize(kSize);
   map.show();
   Finish(map);

@@ -153,9 +153,8 @@ void MapControl::Show() {
 }
 
 void MapControl::DescribeView() {
-  const QString text = m_map.online
-                           ? QStringLiteral("ズーム %1").arg(m_map.view.zoom)
-                           : QStringLiteral("オフラインのため地図は表示されていません。");
+  const QString text = m_map.online ? QStringLiteral("ズーム %1").arg(m_map.view.zoom)
+                                    : QStringLiteral("オフラインのため地図は表示されていません。");
   if (accessibleDescription() != text) setAccessibleDescription(text);
 }
 

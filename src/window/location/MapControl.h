@@ -97,7 +97,7 @@ class MapControl : public QWidget {
   bool m_movesView = false;
   bool m_showsOverlays = false;
   PixelPoint m_pointer;  ///< where it was seen last
-  int m_wheel = 0;  ///< of a turn that is not whole yet, in eighths of a degree
+  int m_wheel = 0;       ///< of a turn that is not whole yet, in eighths of a degree
 };
 
 }  // namespace tremlo

@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QPolygon>
 
+#include <algorithm>
 #include <cmath>
 
 namespace tremlo {
@@ -43,7 +44,9 @@ void MapSurface::Begin(QSize size, double devicePixelRatio) {
 }
 
 QRect MapSurface::DevicePixels(const PixelRect& rect) const {
-  const auto scaled = [this](std::int32_t position) { return static_cast<int>(std::lround(position * m_ratio)); };
+  const auto scaled = [this](std::int32_t position) {
+    return static_cast<int>(std::lround(position * m_ratio));
+  };
   const QPoint corner(scaled(rect.left), scaled(rect.top));
   return {corner, QSize(scaled(rect.right) - corner.x(), scaled(rect.bottom) - corner.y())};
 }
@@ -87,11 +90,16 @@ void MapSurface::BlendPass(const TileMap& map, bool filled) {
 }
 
 void MapSurface::DrawCrosshair(const PixelRect& client) {
-  const QPoint middle = ToPoint(client.Middle());
+  const PixelPoint middle = client.Middle();
+  // Both lines of one width in device pixels.
+  const int width = std::max(1, static_cast<int>(m_ratio));
+  QRect upright = DevicePixels({middle.x, client.top, middle.x, client.bottom});
+  QRect level = DevicePixels({client.left, middle.y, client.right, middle.y});
+  upright.setWidth(width);
+  level.setHeight(width);
   QPainter painter(&m_image);
-  painter.scale(m_ratio, m_ratio);
-  painter.fillRect(QRect(middle.x(), client.top, 1, client.bottom - client.top), Qt::black);
-  painter.fillRect(QRect(client.left, middle.y(), client.right - client.left, 1), Qt::black);
+  painter.fillRect(upright, Qt::black);
+  painter.fillRect(level, Qt::black);
 }
 
 void MapSurface::DrawScaleBar(const ScaleBar& bar) {

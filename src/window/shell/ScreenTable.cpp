@@ -1,9 +1,11 @@
 #include "window/shell/ScreenTable.h"
 
+#include "core/location/TileDownload.h"
 #include "core/project/ResponseRoute.h"
 #include "core/sources/DamSpectra.h"
 #include "core/waves/FitText.h"
 #include "window/graphs/FrontWindow.h"
+#include "window/location/FrmField.h"
 #include "window/waves/DlgAdjustSetting.h"
 #include "window/waves/FrmRespAdjustSpectrum.h"
 #include "window/waves/FrmRespOrigSeismicWave.h"
@@ -59,6 +61,19 @@ void AddResponseRoute(ScreenTable& table) {
   };
 }
 
+TileCache MapTiles(const ScreenParts& parts) {
+  return {parts.doc.ProgramFolder(), parts.services.tileAddress, MakeTileDownload(parts.services)};
+}
+
+/// The screens of the guideline route, as far as they are there.
+void AddGuidelineRoute(ScreenTable& table) {
+  table.screens[ScreenId::Field] = [](const ScreenParts& parts) {
+    return new CFrmField(
+        parts.doc, parts.prompt, parts.rules, [&online = parts.online] { return online.IsOnline(); },
+        MapTiles(parts));
+  };
+}
+
 }  // namespace
 
 bool ScreenTable::HasRoute(bool guidelineRoute) const {
@@ -74,6 +89,7 @@ ScreenTable ProgramScreens() {
   table.runs.computeMissingSpectra = ComputeSpectra;
   table.runs.calculateFaultSpectra = CalculateFaultSpectra;
   table.editAdjustSettings = EditAdjustSettings;
+  AddGuidelineRoute(table);
   AddResponseRoute(table);
   return table;
 }

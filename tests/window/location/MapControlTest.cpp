@@ -1,8 +1,6 @@
-#include "window/location/MapControl.h"
-
-#include "support/TestFolder.h"
-
 #include "TileServer.h"
+#include "support/TestFolder.h"
+#include "window/location/MapControl.h"
 
 #include <QElapsedTimer>
 #include <QSignalSpy>

@@ -1,8 +1,6 @@
-#include "window/location/TileImage.h"
-
-#include "support/TestFolder.h"
-
 #include "TileServer.h"
+#include "support/TestFolder.h"
+#include "window/location/TileImage.h"
 
 #include <QtEndian>
 
@@ -77,8 +75,8 @@ TEST(TileImage, WhatIsNoPictureIsNone) {
   EXPECT_FALSE(LoadTileImage(folder.Path()));
   EXPECT_FALSE(LoadTileImage(folder.Path("missing.png")));
   // Other formats are not tried on what a service has sent.
-  EXPECT_FALSE(LoadTileImage(folder.Write(
-      "drawing.png", "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"9\" height=\"9\"/>")));
+  EXPECT_FALSE(LoadTileImage(
+      folder.Write("drawing.png", "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"9\" height=\"9\"/>")));
   EXPECT_FALSE(LoadTileImage(folder.Write("photo.png", Bytes(Plain(9, 9), "JPG"))));
 }
 

@@ -70,8 +70,8 @@ class ControlNamesTest : public test::ShellTest {
 
 TEST_F(ControlNamesTest, PaneAndScreensHaveNamesForPrograms) {
   EXPECT_THAT(Unnamed(*app->Frame()->Pane()), IsEmpty());
-  for (const ScreenId id :
-       {ScreenId::RespOrigSeismicWave, ScreenId::RespAdjustSpectrum, ScreenId::RespVisualization})
+  for (const ScreenId id : {ScreenId::Field, ScreenId::RespOrigSeismicWave, ScreenId::RespAdjustSpectrum,
+                            ScreenId::RespVisualization})
     EXPECT_THAT(Unnamed(*app->Frame()->ScreenOf(id)), IsEmpty());
 }
 
