@@ -258,6 +258,8 @@ void MapControl::Turn(int delta) {
   if (!m_map.TurnWheel(delta, m_doc.site)) return;
   m_doc.SetModified(true);
   Repaint();
+  // Another place has come under a pointer that stands still.
+  if (underMouse()) Q_EMIT PointerAt(GeoAt(m_map.view, m_pointer));
 }
 
 bool MapControl::ShiftByKey(int key) {

@@ -316,6 +316,16 @@ TEST_F(MapControlTest, TheWheelLeavesTheCentreWhereItIs) {
   EXPECT_NEAR(map->Map().view.centerLat, before.lat, 1e-9);
 }
 
+TEST_F(MapControlTest, AZoomTellsWhatPlaceHasComeUnderThePointer) {
+  Open();
+  QTest::mouseMove(map->windowHandle(), QPoint(100, 100));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return map->underMouse(); }));
+  QSignalSpy places(map.get(), &MapControl::PointerAt);
+  Wheel(120);
+  ASSERT_EQ(places.size(), 1);
+  EXPECT_EQ(places.front().front().value<GeoPoint>(), GeoAt(map->Map().view, {100, 100}));
+}
+
 TEST_F(MapControlTest, TheZoomStaysBetweenFourAndSixteen) {
   Open();
   doc.site.mapZoom = 16;
