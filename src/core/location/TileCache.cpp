@@ -38,18 +38,22 @@ TileCache::TileCache(QString programFolder, QString serviceAddress, TileDownload
       m_serviceAddress(std::move(serviceAddress)),
       m_download(std::move(download)) {}
 
-std::optional<QString> TileCache::Fetch(const TileNumber& tile, const std::stop_token& stop) const {
+std::optional<QString> TileCache::Find(const TileNumber& tile) const {
   QString path = TileFilePath(m_programFolder, tile);
-  if (!QFileInfo::exists(path) && !Download(tile, path, stop)) return std::nullopt;
+  if (!QFileInfo::exists(path)) return std::nullopt;
   return path;
 }
 
-bool TileCache::Download(const TileNumber& tile, const QString& path, const std::stop_token& stop) const {
+TileOutcome TileCache::Download(const TileNumber& tile, const std::stop_token& stop) const {
   QByteArray content;
-  if (!m_download(TileUrl(m_serviceAddress, tile), content, stop)) return false;
-  if (!QDir().mkpath(QFileInfo(path).path())) return false;
-  return WriteWholeFile(path,
-                        std::string_view(content.constData(), static_cast<std::size_t>(content.size())));
+  const TileOutcome outcome = m_download(TileUrl(m_serviceAddress, tile), content, stop);
+  if (outcome != TileOutcome::Done) return outcome;
+  // Who has broken the request off may be about to clear the cache.
+  if (stop.stop_requested()) return TileOutcome::BrokenOff;
+  const QString path = TileFilePath(m_programFolder, tile);
+  const std::string_view bytes(content.constData(), static_cast<std::size_t>(content.size()));
+  const bool kept = QDir().mkpath(QFileInfo(path).path()) && WriteWholeFile(path, bytes);
+  return kept ? TileOutcome::Done : TileOutcome::Failed;
 }
 
 }  // namespace tremlo

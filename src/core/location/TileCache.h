@@ -12,10 +12,16 @@
 
 namespace tremlo {
 
-/// Fetches the whole answer of one GET into `content`, whatever its status code. False when there is no
-/// answer, or only a part of one. Another thread may break it off through `stop`.
+/// How the request of a tile ended.
+enum class TileOutcome {
+  Done,       ///< the whole answer is there, whatever its status code
+  Failed,     ///< no answer, or only a part of one, or it could not be kept
+  BrokenOff,  ///< the caller wanted it no longer
+};
+
+/// Fetches the whole answer of one GET into `content`. Returns soon once a stop is requested.
 using TileDownload =
-    std::function<bool(const QString& url, QByteArray& content, const std::stop_token& stop)>;
+    std::function<TileOutcome(const QString& url, QByteArray& content, const std::stop_token& stop)>;
 
 /// Name of a tile in memory: zoom in two digits, then tile y and tile x in six each.
 std::string TileKey(const TileNumber& tile);
@@ -34,14 +40,15 @@ class TileCache {
  public:
   TileCache(QString programFolder, QString serviceAddress, TileDownload download);
 
-  /// Path of the tile's file, downloaded first when it is missing. None when it cannot be fetched or written,
-  /// or was broken off through `stop`; no part of a file is left behind then, and no failure is reported.
-  /// What the service sends is kept unseen: an error page may stand under a tile's name.
-  std::optional<QString> Fetch(const TileNumber& tile, const std::stop_token& stop = {}) const;
+  /// Path of the tile's file; none when it is not in the cache.
+  std::optional<QString> Find(const TileNumber& tile) const;
+
+  /// Downloads the tile into its file. Unless Done no file and no part of one is left behind, and no failure
+  /// is reported. What the service sends is kept unseen: an error page may stand under a tile's name. Blocks;
+  /// runs on one thread at a time, while Find may be called from another.
+  TileOutcome Download(const TileNumber& tile, const std::stop_token& stop) const;
 
  private:
-  bool Download(const TileNumber& tile, const QString& path, const std::stop_token& stop) const;
-
   QString m_programFolder;
   QString m_serviceAddress;
   TileDownload m_download;

@@ -15,7 +15,14 @@ TileDownload MakeTileDownload(const ServiceSettings& settings) {
       content.append(block.data(), static_cast<qsizetype>(block.size()));
       return true;
     };
-    return client->Get(url, append, stop) == HttpResult::Done;
+    switch (client->Get(url, append, stop)) {
+      case HttpResult::Done:
+        return TileOutcome::Done;
+      case HttpResult::BrokenOff:
+        return TileOutcome::BrokenOff;
+      default:
+        return TileOutcome::Failed;
+    }
   };
 }
 

@@ -1,8 +1,10 @@
 #include "window/shell/ScreenTable.h"
 
+#include "core/location/TileDownload.h"
 #include "core/sources/DamSpectra.h"
 #include "core/waves/FitText.h"
 #include "window/graphs/FrontWindow.h"
+#include "window/location/FrmField.h"
 #include "window/shell/FrmFlowCheck.h"
 #include "window/shell/FrmFlowchart1.h"
 #include "window/shell/FrmFlowchart2.h"
@@ -76,6 +78,19 @@ void AddResponseRoute(ScreenTable& table) {
   };
 }
 
+TileCache MapTiles(const ScreenParts& parts) {
+  return {parts.doc.ProgramFolder(), parts.services.tileAddress, MakeTileDownload(parts.services)};
+}
+
+/// The site, with its map.
+void AddSite(ScreenTable& table) {
+  table.screens[ScreenId::Field] = [](const ScreenParts& parts) {
+    return new CFrmField(
+        parts.doc, parts.prompt, parts.rules, parts.gate,
+        [&online = parts.online] { return online.IsOnline(); }, MapTiles(parts));
+  };
+}
+
 }  // namespace
 
 bool ScreenTable::HasRoute(bool guidelineRoute) const {
@@ -91,6 +106,7 @@ ScreenTable ProgramScreens() {
   table.runs.computeMissingSpectra = ComputeSpectra;
   table.runs.calculateFaultSpectra = CalculateFaultSpectra;
   table.editAdjustSettings = EditAdjustSettings;
+  AddSite(table);
   AddCharts(table);
   AddResponseRoute(table);
   return table;

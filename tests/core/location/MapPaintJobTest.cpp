@@ -106,7 +106,8 @@ TEST(MapPaintJob, WhileItRunsMouseMovesAreForADragAlone) {
 void Paint(MapPaintJob& job, TileStore<int>& store) {
   while (job.IsRunning()) {
     const MapPaintStep step = job.Next();
-    if (step.kind == Kind::Tile) store.Get(step.placement.tile);
+    if (step.kind != Kind::Tile || store.Find(step.placement.tile)) continue;
+    store.TakeAnswer(step.placement.tile, store.Cache().Download(step.placement.tile, {}));
   }
 }
 
@@ -116,7 +117,7 @@ struct Painting {
   TileStore<int> store{TileCache(folder.Path(), QString(),
                                  [this](const QString& url, QByteArray&, const std::stop_token&) {
                                    asked << url;
-                                   return false;
+                                   return TileOutcome::Failed;
                                  }),
                        [](const QString&) { return std::optional<int>(); }};
   MapPaintJob job;

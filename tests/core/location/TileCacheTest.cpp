@@ -24,7 +24,7 @@ constexpr TileNumber kTile{15, 28817, 12802};
 
 /// A tile service that answers every request alike and notes what it was asked.
 struct Service {
-  bool answers = true;
+  TileOutcome outcome = TileOutcome::Done;
   QByteArray content = "picture";
   QStringList asked;
 
@@ -32,8 +32,16 @@ struct Service {
     return {folder, kAddress, [this](const QString& url, QByteArray& answer, const std::stop_token&) {
               asked << url;
               answer = content;
-              return answers;
+              return outcome;
             }};
+  }
+
+  /// The tile's file, downloaded when it is missing, as a map gets it.
+  std::optional<QString> Fetch(const QString& folder) {
+    const TileCache cache = Cache(folder);
+    if (const auto path = cache.Find(kTile)) return path;
+    cache.Download(kTile, {});
+    return cache.Find(kTile);
   }
 };
 
@@ -66,7 +74,7 @@ TEST(TileUrl, StandsBehindSchemeAndHost) {
 TEST(TileCache, AMissingTileIsDownloadedIntoItsFile) {
   const TestFolder folder;
   Service service;
-  const auto path = service.Cache(folder.Path()).Fetch(kTile);
+  const auto path = service.Fetch(folder.Path());
   ASSERT_TRUE(path);
   EXPECT_EQ(*path, folder.Path("_cache/15/28817/12802.png"));
   EXPECT_EQ(ReadAll(*path), "picture");
@@ -79,7 +87,7 @@ TEST(TileCache, ATileThatIsThereIsNotAskedForAndTakenAsItIs) {
   const TestFolder folder;
   const QString path = folder.Write("_cache/15/28817/12802.png", "no picture at all");
   Service service;
-  EXPECT_EQ(service.Cache(folder.Path()).Fetch(kTile), path);
+  EXPECT_EQ(service.Fetch(folder.Path()), path);
   EXPECT_TRUE(service.asked.isEmpty());
   EXPECT_EQ(ReadAll(path), "no picture at all");
 }
@@ -87,8 +95,8 @@ TEST(TileCache, ATileThatIsThereIsNotAskedForAndTakenAsItIs) {
 TEST(TileCache, ATileIsAskedForOnceForAllMaps) {
   const TestFolder folder;
   Service service;
-  service.Cache(folder.Path()).Fetch(kTile);
-  service.Cache(folder.Path()).Fetch(kTile);
+  service.Fetch(folder.Path());
+  service.Fetch(folder.Path());
   EXPECT_EQ(service.asked.size(), 1);
 }
 
@@ -96,7 +104,7 @@ TEST(TileCache, AnErrorPageIsKeptUnderTheTilesName) {
   const TestFolder folder;
   Service service;
   service.content = "<html>404 Not Found</html>";
-  const auto path = service.Cache(folder.Path()).Fetch(kTile);
+  const auto path = service.Fetch(folder.Path());
   ASSERT_TRUE(path);
   EXPECT_EQ(ReadAll(*path), service.content);
 }
@@ -105,7 +113,7 @@ TEST(TileCache, AnAnswerOfNoBytesIsKeptLikeAnyOther) {
   const TestFolder folder;
   Service service;
   service.content.clear();
-  const auto path = service.Cache(folder.Path()).Fetch(kTile);
+  const auto path = service.Fetch(folder.Path());
   ASSERT_TRUE(path);
   EXPECT_EQ(ReadAll(*path), QByteArray());
 }
@@ -114,7 +122,7 @@ TEST(TileCache, AllBytesOfAnAnswerAreKept) {
   const TestFolder folder;
   Service service;
   service.content = QByteArray(3 * 4096, '\0') + "\r\n\x1a";
-  const auto path = service.Cache(folder.Path()).Fetch(kTile);
+  const auto path = service.Fetch(folder.Path());
   ASSERT_TRUE(path);
   EXPECT_EQ(ReadAll(*path), service.content);
 }
@@ -122,35 +130,55 @@ TEST(TileCache, AllBytesOfAnAnswerAreKept) {
 TEST(TileCache, AFailedDownloadLeavesNothingBehind) {
   const TestFolder folder;
   Service service;
-  service.answers = false;
+  service.outcome = TileOutcome::Failed;
   service.content.clear();
-  EXPECT_FALSE(service.Cache(folder.Path()).Fetch(kTile));
+  EXPECT_FALSE(service.Fetch(folder.Path()));
   EXPECT_TRUE(folder.Names().isEmpty());
 }
 
 TEST(TileCache, HalfADownloadLeavesNothingBehindAndIsMadeUpForLater) {
   const TestFolder folder;
   Service service;
-  service.answers = false;
+  service.outcome = TileOutcome::Failed;
   service.content = "pict";
-  EXPECT_FALSE(service.Cache(folder.Path()).Fetch(kTile));
+  EXPECT_FALSE(service.Fetch(folder.Path()));
   EXPECT_TRUE(folder.Names().isEmpty());
-  service.answers = true;
+  service.outcome = TileOutcome::Done;
   service.content = "picture";
-  const auto path = service.Cache(folder.Path()).Fetch(kTile);
+  const auto path = service.Fetch(folder.Path());
   ASSERT_TRUE(path);
   EXPECT_EQ(ReadAll(*path), "picture");
+}
+
+TEST(TileCache, AnAnswerThatIsNoLongerWantedIsNotKept) {
+  const TestFolder folder;
+  Service service;
+  std::stop_source stop;
+  stop.request_stop();
+  EXPECT_EQ(service.Cache(folder.Path()).Download(kTile, stop.get_token()), TileOutcome::BrokenOff);
+  service.outcome = TileOutcome::BrokenOff;
+  EXPECT_EQ(service.Cache(folder.Path()).Download(kTile, {}), TileOutcome::BrokenOff);
+  EXPECT_TRUE(folder.Names().isEmpty());
+}
+
+TEST(TileCache, TheOutcomeOfADownloadIsTold) {
+  const TestFolder folder;
+  Service service;
+  EXPECT_EQ(service.Cache(folder.Path()).Download(kTile, {}), TileOutcome::Done);
+  EXPECT_EQ(service.Cache(folder.Write("file", "kept")).Download(kTile, {}), TileOutcome::Failed);
+  service.outcome = TileOutcome::Failed;
+  EXPECT_EQ(service.Cache(folder.Path()).Download(kTile, {}), TileOutcome::Failed);
 }
 
 TEST(TileCache, AFolderThatCannotBeMadeGivesNoTile) {
   const TestFolder folder;
   const QString file = folder.Write("file", "kept");
   Service service;
-  EXPECT_FALSE(service.Cache(file).Fetch(kTile));
+  EXPECT_FALSE(service.Fetch(file));
   EXPECT_EQ(ReadAll(file), "kept");
 
   const QString cacheFile = folder.Write("_cache", "kept too");
-  EXPECT_FALSE(service.Cache(folder.Path()).Fetch(kTile));
+  EXPECT_FALSE(service.Fetch(folder.Path()));
   EXPECT_EQ(ReadAll(cacheFile), "kept too");
 }
 
@@ -158,7 +186,7 @@ TEST(TileCache, AFolderUnderTheTilesNameIsLeftAlone) {
   const TestFolder folder;
   folder.Write("_cache/15/28817/12802.png/inner", "kept");
   Service service;
-  service.Cache(folder.Path()).Fetch(kTile);
+  service.Fetch(folder.Path());
   EXPECT_TRUE(service.asked.isEmpty());
   EXPECT_EQ(ReadAll(folder.Path("_cache/15/28817/12802.png/inner")), "kept");
 }
@@ -169,7 +197,7 @@ void FetchOnFullDisk(Service& service, const QString& folder) {
   std::signal(SIGXFSZ, SIG_IGN);
   const rlimit limit{1000, 1000};
   if (setrlimit(RLIMIT_FSIZE, &limit) != 0) std::_Exit(2);
-  std::_Exit(service.Cache(folder).Fetch(kTile) ? 1 : 0);
+  std::_Exit(service.Fetch(folder) ? 1 : 0);
 }
 
 TEST(TileCache, AFullDiskGivesNoTileAndNoStump) {

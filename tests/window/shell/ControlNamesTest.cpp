@@ -71,9 +71,9 @@ class ControlNamesTest : public test::ShellTest {
 
 TEST_F(ControlNamesTest, PaneAndScreensHaveNamesForPrograms) {
   EXPECT_THAT(Unnamed(*app->Frame()->Pane()), IsEmpty());
-  for (const ScreenId id :
-       {ScreenId::FlowCheck, ScreenId::Flowchart1, ScreenId::Flowchart2, ScreenId::Flowchart3,
-        ScreenId::RespOrigSeismicWave, ScreenId::RespAdjustSpectrum, ScreenId::RespVisualization})
+  for (const ScreenId id : {ScreenId::Field, ScreenId::FlowCheck, ScreenId::Flowchart1, ScreenId::Flowchart2,
+                            ScreenId::Flowchart3, ScreenId::RespOrigSeismicWave, ScreenId::RespAdjustSpectrum,
+                            ScreenId::RespVisualization})
     EXPECT_THAT(Unnamed(*app->Frame()->ScreenOf(id)), IsEmpty());
 }
 
