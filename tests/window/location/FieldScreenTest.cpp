@@ -618,7 +618,8 @@ TEST_F(FieldScreenTest, BesideTheGridsThereIsNoMenu) {
   Open();
   for (const char* name : {"map", "attribution", "planeLabel", "zoneButton"}) {
     auto& control = driver->Find<QWidget>(name);
-    QContextMenuEvent event(QContextMenuEvent::Mouse, {5, 5}, control.mapToGlobal(QPoint(5, 5)));
+    const QPoint spot(30, control.height() - 6);  // on the link of the attribution
+    QContextMenuEvent event(QContextMenuEvent::Mouse, spot, control.mapToGlobal(spot));
     QCoreApplication::sendEvent(&control, &event);
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << name;
     if (QWidget* const menu = QApplication::activePopupWidget()) menu->close();
