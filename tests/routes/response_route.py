@@ -269,6 +269,7 @@ class Route(unittest.TestCase):
         # All by keys and the actions of the bus: at other scales than 1 it does not tell where a control is seen.
         self.desktop.env["QT_SCALE_FACTOR"] = scale
         program = self.launch()
+        program.act_on("加速度応答スペクトルへの調整")
         program.act_on("OK")
         program.act_on(SETTINGS)
         x, y, width, height = program.settled_geometry(SETTINGS)
@@ -441,6 +442,7 @@ class Route(unittest.TestCase):
         program.act(program.action_of(OPEN))
         program.until(lambda: program.file_dialog("開く"), "file dialog")
         program.act(*commands)
+        program.until(program.has_no_button_down, "the presses behind the dialog")
         self.assertEqual(program.dialogs(), ["開く"])
         program.keys("Escape")
         program.until(lambda: not program.dialogs(), "file dialog closed")
@@ -448,6 +450,7 @@ class Route(unittest.TestCase):
         program.act(program.action_of(NEW))
         program.box(UNSAVED.format(project.name))
         program.act(*commands)
+        program.until(program.has_no_button_down, "the presses behind the question")
         self.assertEqual(program.dialogs(), ["Tremlo"])
         # The answer and more commands at once.
         program.act(program.action_of("キャンセル"), *(program.action_of(name) for name in (NEW, OPEN)))

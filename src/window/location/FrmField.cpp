@@ -160,6 +160,7 @@ void CFrmField::MakeButtons() {
   m_attribution->setText(AttributionText(palette()));
   m_attribution->setWordWrap(true);
   m_attribution->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+  m_attribution->setContextMenuPolicy(Qt::PreventContextMenu);
   connect(m_attribution, &QLabel::linkActivated, this, [this] { m_gate.Run([this] { OpenTerms(); }); });
 }
 

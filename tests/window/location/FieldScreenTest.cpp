@@ -17,6 +17,7 @@
 #include <QAction>
 #include <QClipboard>
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QDesktopServices>
 #include <QElapsedTimer>
 #include <QLabel>
@@ -621,6 +622,18 @@ TEST_F(FieldScreenTest, GridsHaveTheirMenus) {
   EXPECT_THAT(MenuTexts(driver->Grid("zoneGrid")), ElementsAre("コピー\tCtrl+C"));
   EXPECT_EQ(Map().contextMenuPolicy(), Qt::DefaultContextMenu);
   EXPECT_EQ(Map().findChild<QMenu*>(), nullptr);
+}
+
+TEST_F(FieldScreenTest, BesideTheGridsThereIsNoMenu) {
+  Open();
+  for (const char* name : {"map", "attribution", "planeLabel", "zoneButton"}) {
+    auto& control = driver->Find<QWidget>(name);
+    const QPoint spot(30, control.height() - 6);  // on the link of the attribution
+    QContextMenuEvent event(QContextMenuEvent::Mouse, spot, control.mapToGlobal(spot));
+    QCoreApplication::sendEvent(&control, &event);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << name;
+    if (QWidget* const menu = QApplication::activePopupWidget()) menu->close();
+  }
 }
 
 TEST_F(FieldScreenTest, CopyTakesTheNumbersAsTheyAre) {
