@@ -238,9 +238,9 @@ class Program:
         bus.call_sync(actions[-1][0], "/org/a11y/atspi/accessible/root", "org.freedesktop.DBus.Properties", "Get",
                       GLib.Variant("(ss)", ("org.a11y.atspi.Accessible", "Name")), None, Gio.DBusCallFlags.NONE, -1, None)
 
-    def has_no_button_down(self):
-        """A button that is pressed over the bus stays down for a moment before it acts."""
-        return not any(node.get_state_set().contains(Atspi.StateType.PRESSED) for node in self.everything())
+    def buttons_down(self):
+        """The names of the buttons that are down, be it for the moment between a press over the bus and its effect."""
+        return [node.get_name() for node in self.everything() if node.get_state_set().contains(Atspi.StateType.PRESSED)]
 
     def accessibility_bus(self):
         if not hasattr(self, "bus"):
