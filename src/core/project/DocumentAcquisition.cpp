@@ -55,7 +55,7 @@ FaultAcquisitionInput AcquisitionInput(const CMorvaneDoc& doc) {
 void StoreAcquisition(CMorvaneDoc& doc, const FaultAcquisitionInput& input,
                       const FaultAcquisitionResult& result, std::vector<FaultInfo> faults) {
   if (!result.changed) return;
-  doc.lastAcquisition = ReportOf(input, result, faults);
+  doc.lastAcquisition = ReportOf(input, result);
   doc.faults = std::move(faults);
   ColorPlanes(doc.faults);
   doc.SetModified(true);

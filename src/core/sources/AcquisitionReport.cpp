@@ -1,7 +1,6 @@
 #include "core/sources/AcquisitionReport.h"
 
 #include "core/location/HazardTables.h"
-#include "core/sources/FaultConversion.h"
 
 #include <QStringList>
 
@@ -27,8 +26,7 @@ QString NamesText(const std::vector<QString>& names, std::size_t most) {
 
 }  // namespace
 
-AcquisitionReport ReportOf(const FaultAcquisitionInput& input, const FaultAcquisitionResult& result,
-                           const std::vector<FaultInfo>& faults) {
+AcquisitionReport ReportOf(const FaultAcquisitionInput& input, const FaultAcquisitionResult& result) {
   AcquisitionReport report;
   // A request that failed was asked too; without an address nothing was.
   const bool isWhole = result.changed && result.outcome == ServiceOutcome::Done;
@@ -36,8 +34,8 @@ AcquisitionReport ReportOf(const FaultAcquisitionInput& input, const FaultAcquis
     report.searchVersion = input.parameters.versionIndex;
   if (isWhole || IsActivityRequest(result.url))
     report.activityVersion = input.parameters.activityVersionIndex;
-  for (const FaultInfo& fault : faults)
-    if (RectangleCount(fault) == 0) report.unread.push_back(fault.ltename);
+  for (const std::vector<SourceName>* const sources : {&result.unread, &result.withoutPlanes})
+    for (const SourceName& source : *sources) report.unread.push_back(source.name);
   return report;
 }
 

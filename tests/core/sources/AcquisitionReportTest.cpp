@@ -10,15 +10,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-FaultInfo Source(const char* name, int planes) {
-  FaultInfo fault;
-  fault.ltename = QString::fromUtf8(name);
-  fault.geomNum = planes;
-  for (auto* texts : {&fault.lon, &fault.lat, &fault.dep, &fault.len, &fault.wid, &fault.str, &fault.dip})
-    texts->assign(static_cast<std::size_t>(planes), QStringLiteral("1"));
-  return fault;
-}
+using testing::Not;
 
 FaultAcquisitionResult Ended(bool changed, ServiceOutcome outcome = ServiceOutcome::Done) {
   FaultAcquisitionResult result;
@@ -49,7 +41,7 @@ struct Asked {
     }
     test::RecordedMessages messages;
     const FaultAcquisitionResult result = AcquireFaults(input, settings, messages, faults);
-    report = ReportOf(input, result, faults);
+    report = ReportOf(input, result);
   }
 
   using LocalService = test::LocalService;
@@ -88,21 +80,26 @@ TEST(AcquisitionReport, AModelThatFailsWasAsked) {
   const Asked asked(kAcquireRanking, "model=garbage");
   EXPECT_EQ(asked.report.searchVersion, 12);
   EXPECT_EQ(asked.report.activityVersion, 15);
+  EXPECT_THAT(asked.report.unread, Not(IsEmpty()))
+      << "they have left the ranking, and are named all the same";
 }
 
 TEST(AcquisitionReport, WithoutARequestThereIsNothingToTell) {
   FaultAcquisitionInput input;
   const FaultAcquisitionResult unknownZone = Ended(false, ServiceOutcome::BadParameter);
-  EXPECT_EQ(AcquisitionLine(ReportOf(input, unknownZone, {}), 3), QString());
+  EXPECT_EQ(AcquisitionLine(ReportOf(input, unknownZone), 3), QString());
   input.mode = kAcquireRange;
   const FaultAcquisitionResult nobodyNear = Ended(true, ServiceOutcome::NothingFound);
-  EXPECT_EQ(AcquisitionLine(ReportOf(input, nobodyNear, {}), 3), QString());
+  EXPECT_EQ(AcquisitionLine(ReportOf(input, nobodyNear), 3), QString());
 }
 
 TEST(AcquisitionReport, OfManySourcesTheFirstAreNamed) {
   const FaultAcquisitionInput input;
-  const AcquisitionReport report =
-      ReportOf(input, Ended(true), {Source("甲", 0), Source("乙", 2), Source("丙", 0), Source("丁", 0)});
+  FaultAcquisitionResult ended = Ended(true);
+  ended.unread = {{"1", "甲"}, {"3", "丙"}};
+  ended.withoutPlanes = {{"4", "丁"}};
+  ended.leftOut = {{"2", "乙"}};
+  const AcquisitionReport report = ReportOf(input, ended);
   EXPECT_THAT(report.unread, ElementsAre("甲", "丙", "丁"));
   EXPECT_TRUE(AcquisitionLine(report, 3).endsWith("：甲、丙、丁"));
   EXPECT_TRUE(AcquisitionLine(report, 2).endsWith("：甲、丙、他 1"));
