@@ -55,7 +55,7 @@ TEST(AcquisitionReport, ARankingAsksBothInterfaces) {
   EXPECT_EQ(asked.report.activityVersion, 15);
   EXPECT_EQ(AcquisitionLine(asked.report, 3),
             QString("出典：防災科学技術研究所 J-SHIS 地震ハザードステーション（地図バージョン：被害地検索 "
-                    "2018年版、地震活動モデル 2021年版）"));
+                    "2018年版、地震活動モデル 2021年版）　断層面を取得できなかった断層：試験用の未登録断層"));
 }
 
 TEST(AcquisitionReport, ARangeAsksTheActivityModelAlone) {
