@@ -78,6 +78,12 @@ QString PositionRows::ExactText(int row, int column) const {
   return number ? ShortestText(*number) : QString();
 }
 
+bool PositionRows::WouldChange(int row, int column, const QString& text) const {
+  const double* const number = Find(row, column);
+  return number && std::isfinite(NumberOfText(text, *number)) && !text.isEmpty() &&
+         GridData::WouldChange(row, column, text);
+}
+
 void PositionRows::SetText(int row, int column, const QString& text) {
   double* const number = Find(row, column);
   if (!number) return;

@@ -48,6 +48,7 @@ class PositionRows : public GridData {
   int ColumnCount() const override { return 3; }
   QString Text(int row, int column) const override;
   QString ExactText(int row, int column) const override;
+  bool WouldChange(int row, int column, const QString& text) const override;
   void SetText(int row, int column, const QString& text) override;
   CellFormat Format(int row, int column) const override;
 

@@ -107,6 +107,15 @@ TEST(PositionRows, AnEmptiedCellAndANumberBeyondAllMeasureLeaveThePosition) {
   EXPECT_EQ(position, before);
 }
 
+TEST(PositionRows, WhatIsNotTakenIsNoChange) {
+  SitePosition position{38.0, 15.0, 20.66, 137.0, 46.0, 37.0};
+  const PositionRows rows(position);
+  for (const char* text : {"", "inf", "nan", "38", "38.0"})
+    EXPECT_FALSE(rows.WouldChange(1, 1, QString::fromLatin1(text))) << text;
+  EXPECT_TRUE(rows.WouldChange(1, 1, QStringLiteral("38.5")));
+  EXPECT_FALSE(rows.WouldChange(0, 1, QStringLiteral("1")));
+}
+
 TEST(ZoneRow, OffersTheLabelsOfTheNineteenZones) {
   SiteRecord site;
   ZoneRow row(site);

@@ -219,6 +219,15 @@ TEST_F(FieldScreenTest, AnEmptiedPositionCellKeepsItsNumber) {
   EXPECT_THAT(Cells(), ElementsAre("38", "15", "20.6600", "137", "46", "37.0000"));
 }
 
+TEST_F(FieldScreenTest, ANumberTypedAgainAndAnEmptiedCellAskNothing) {
+  AddFault();
+  Open();
+  const DocumentState before(doc);
+  driver->EnterCell("positionGrid", 1, 1, "38.0");
+  driver->EnterCell("positionGrid", 2, 2, "");
+  EXPECT_THAT(DocumentState(doc).DifferencesTo(before), IsEmpty());
+}
+
 TEST_F(FieldScreenTest, TypingWithFaultsAndANoPutsTheNumbersBack) {
   AddFault();
   Open();
