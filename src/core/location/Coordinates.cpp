@@ -31,22 +31,45 @@ QByteArray Definition(const PlaneZone& zone) {
          " +k=0.9999 +x_0=0 +y_0=0 +ellps=GRS80 +units=m +no_defs";
 }
 
+/// The projection of a zone. To make one takes as long as a request to a service near by, and the conversions
+/// of one work all go to one zone.
+class ZoneProjection {
+ public:
+  /// Null without memory for it.
+  PJ* Of(int zone) {
+    if (m_projection && m_zone == zone) return m_projection.get();
+    const QByteArray definition = Definition(ZoneOrFirst(zone));
+    m_projection.reset(proj_create(m_context.get(), definition.constData()));
+    m_zone = zone;
+    return m_projection.get();
+  }
+
+ private:
+  static PJ_CONTEXT* MakeContext() {
+    PJ_CONTEXT* const context = proj_context_create();
+    // Without its database, which the projection does not need, the library would print a line for each
+    // projection: the level alone does not hold it back.
+    proj_log_level(context, PJ_LOG_NONE);
+    proj_log_func(context, nullptr, [](void*, int, const char*) {});
+    return context;
+  }
+
+  std::unique_ptr<PJ_CONTEXT, ContextCloser> m_context{MakeContext()};
+  std::unique_ptr<PJ, ProjectionCloser> m_projection;
+  int m_zone = 0;
+};
+
 }  // namespace
 
 PlanePoint ToPlaneRectangular(int zone, double latDegrees, double lonDegrees) {
-  // A context serves one thread at a time, so each call makes its own.
-  const std::unique_ptr<PJ_CONTEXT, ContextCloser> context(proj_context_create());
-  // Without its database, which the projection does not need, the library would print a line on every call:
-  // the level alone does not hold it back.
-  proj_log_level(context.get(), PJ_LOG_NONE);
-  proj_log_func(context.get(), nullptr, [](void*, int, const char*) {});
-  const QByteArray definition = Definition(ZoneOrFirst(zone));
-  const std::unique_ptr<PJ, ProjectionCloser> projection(proj_create(context.get(), definition.constData()));
+  // A context serves one thread at a time, so each thread has its own.
+  thread_local ZoneProjection projections;
+  PJ* const projection = projections.Of(zone);
   if (!projection) return {HUGE_VAL, HUGE_VAL};
 
   const double pi = 2.0 * std::acos(0.0);
   const PJ_COORD place = proj_coord(lonDegrees / 180.0 * pi, latDegrees / 180.0 * pi, 0.0, 0.0);
-  const PJ_COORD point = proj_trans(projection.get(), PJ_FWD, place);
+  const PJ_COORD point = proj_trans(projection, PJ_FWD, place);
   return {point.xy.y, point.xy.x};
 }
 

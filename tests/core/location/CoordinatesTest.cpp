@@ -140,6 +140,14 @@ TEST(Coordinates, PlaceBeyondThePoleHasNoFinitePoint) {
   EXPECT_FALSE(std::isfinite(ToPlaneRectangular(1, std::nan(""), 130.0).northing));
 }
 
+TEST(Coordinates, APlaceWithoutAPointLeavesTheNextOneSound) {
+  const PlanePoint before = ToPlaneRectangular(7, 36.5, 136.6);
+  ToPlaneRectangular(7, 91.0, 130.0);
+  const PlanePoint after = ToPlaneRectangular(7, 36.5, 136.6);
+  EXPECT_EQ(after.northing, before.northing);
+  EXPECT_EQ(after.easting, before.easting);
+}
+
 TEST(Coordinates, LibraryWithoutItsDatabaseProjectsAllTheSameAndPrintsNothing) {
   const PlanePoint before = ToPlaneRectangular(3, 35.5, 132.5);
   const QByteArray folder = qgetenv("PROJ_DATA");
