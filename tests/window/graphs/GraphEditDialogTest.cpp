@@ -455,7 +455,7 @@ TEST_F(GraphEditDialogTest, TheActionOfferedToScreenReadersIsAClick) {
 }
 
 TEST_F(GraphEditDialogTest, TheDialogFollowsThePalette) {
-  const auto picture = [this](GraphEditDialog& dialog) {
+  const auto picture = [](GraphEditDialog& dialog) {
     SettledSize(dialog);
     return dialog.grab().toImage();
   };
