@@ -76,6 +76,19 @@ TEST(AcquisitionReport, ASearchThatFailsIsAllThatWasAsked) {
   EXPECT_EQ(asked.report.activityVersion, std::nullopt);
 }
 
+TEST(AcquisitionReport, ASearchThatGotNoAnswerIsToldOf) {
+  for (const char* wishes : {"ranking=drop", "ranking=garbage"}) {
+    const Asked asked(kAcquireRanking, wishes);
+    EXPECT_TRUE(AcquisitionLine(asked.report, 3)
+                    .endsWith("（地図バージョン：被害地検索 2018年版）　断層の順位を取得できませんでした。"))
+        << wishes << AcquisitionLine(asked.report, 3).toStdString();
+  }
+  const Asked none(kAcquireRanking, "ranking=file:fltsearch_error.json");
+  EXPECT_TRUE(AcquisitionLine(none.report, 3).endsWith("2018年版）")) << "the service has answered";
+  const Asked models(kAcquireRanking, "model=drop");
+  EXPECT_FALSE(AcquisitionLine(models.report, 3).contains("順位"));
+}
+
 TEST(AcquisitionReport, AModelThatFailsWasAsked) {
   const Asked asked(kAcquireRanking, "model=garbage");
   EXPECT_EQ(asked.report.searchVersion, 12);
