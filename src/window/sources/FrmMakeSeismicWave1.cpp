@@ -32,9 +32,9 @@ namespace {
 constexpr int kTextColumnWidth = 380;
 constexpr int kRangeWidth = 90;
 constexpr int kFewestRows = 5;  ///< of a grid, in sight in a small window
-constexpr int kRowNumberWidth = 40;
-constexpr int kColumnWidths[] = {48, 200, 110, 110, 130, 96, 96, 96, 96};
-constexpr int kActivityColumnWidths[] = {150, 150, 110, 110};  ///< the last four of the search range
+constexpr int kRowNumberWidth = 36;
+constexpr int kColumnWidths[] = {44, 200, 92, 104, 122, 90, 90, 90, 90};
+constexpr int kActivityColumnWidths[] = {100, 100, 88, 88};  ///< the last four of the search range
 
 const QString kScreenInfoText = QStringLiteral("断層情報から加速度応答スペクトルを作成します。");
 const QString kRankingInfoText = QStringLiteral(
@@ -155,7 +155,8 @@ CFrmMakeSeismicWave1::Grid CFrmMakeSeismicWave1::MakeGrid(const char* name, std:
     grid.view->SetColumnWidth(column,
                               activity ? kActivityColumnWidths[column - 6] : kColumnWidths[column - 1]);
   }
-  const QHeaderView& header = *grid.view->horizontalHeader();
+  QHeaderView& header = *grid.view->horizontalHeader();
+  header.setStretchLastSection(true);
   grid.view->setMinimumHeight(header.sizeHint().height() +
                               kFewestRows * grid.view->verticalHeader()->defaultSectionSize());
   m_grids->addWidget(grid.view);
