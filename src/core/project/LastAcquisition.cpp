@@ -1,13 +1,12 @@
 #include "core/project/LastAcquisition.h"
 
-#include <limits>
-
 namespace tremlo {
 
 namespace {
 
-/// Of more sources the names would fill the screen.
+/// Of more sources the names would fill the screen, or the tool tip.
 constexpr std::size_t kMostNames = 5;
+constexpr std::size_t kMostLongNames = 50;
 
 QString Line(const CMorvaneDoc& doc, std::size_t mostNames) {
   return doc.lastAcquisition ? AcquisitionLine(*doc.lastAcquisition, mostNames) : QString();
@@ -19,8 +18,8 @@ QString LastAcquisitionLine(const CMorvaneDoc& doc) {
   return Line(doc, kMostNames);
 }
 
-QString WholeLastAcquisitionLine(const CMorvaneDoc& doc) {
-  return Line(doc, std::numeric_limits<std::size_t>::max());
+QString LongLastAcquisitionLine(const CMorvaneDoc& doc) {
+  return Line(doc, kMostLongNames);
 }
 
 }  // namespace tremlo

@@ -8,7 +8,7 @@ namespace tremlo {
 /// service, the map versions that were asked, what could not be read. One line; empty when there was none, or
 /// when it asked nothing.
 QString LastAcquisitionLine(const CMorvaneDoc& doc);
-/// The same with the name of every source that could not be read, however many there are.
-QString WholeLastAcquisitionLine(const CMorvaneDoc& doc);
+/// The same with many more of the sources that could not be read, for a tool tip.
+QString LongLastAcquisitionLine(const CMorvaneDoc& doc);
 
 }  // namespace tremlo

@@ -13,9 +13,15 @@ bool IsActivityRequest(const QString& url) {
   return url.contains(u"/pshm/");
 }
 
+/// A name as a line has room for it: nothing keeps the service from sending a page.
+QString ShortName(const QString& name) {
+  constexpr qsizetype kMostLetters = 40;
+  return name.size() <= kMostLetters ? name : name.left(kMostLetters) + u'…';
+}
+
 QString NamesText(const std::vector<QString>& names, std::size_t most) {
   QStringList shown;
-  for (std::size_t i = 0; i < names.size() && i < most; ++i) shown << names[i];
+  for (std::size_t i = 0; i < names.size() && i < most; ++i) shown << ShortName(names[i]);
   QString text = shown.join(u'、');
   if (names.size() > most)
     text += QStringLiteral("%1他 %2")

@@ -16,7 +16,17 @@ struct Question {
   std::mutex lock;
   std::condition_variable_any answered;
   std::optional<PromptAnswer> answer;
+
+  void Answer(PromptAnswer given) {
+    const std::lock_guard guard(lock);
+    answer = given;
+    answered.notify_all();
+  }
 };
+
+PromptAnswer Declined(const PromptBox& box) {
+  return box.buttons == PromptButtons::Ok ? PromptAnswer::Ok : PromptAnswer::No;
+}
 
 }  // namespace
 
@@ -27,16 +37,18 @@ PromptAnswer WorkerPrompt::Show(const PromptBox& box) {
       &m_home,
       [question, box, &shown = m_shown, stop = m_stop] {
         if (stop.stop_requested()) return;
-        const PromptAnswer answer = shown.Show(box);
-        const std::lock_guard guard(question->lock);
-        question->answer = answer;
-        question->answered.notify_all();
+        try {
+          question->Answer(shown.Show(box));
+        } catch (...) {
+          // A box for which there was no memory must not leave the worker waiting.
+          question->Answer(Declined(box));
+          throw;
+        }
       },
       Qt::QueuedConnection);
   std::unique_lock guard(question->lock);
   question->answered.wait(guard, m_stop, [&] { return question->answer.has_value(); });
-  const PromptAnswer declined = box.buttons == PromptButtons::Ok ? PromptAnswer::Ok : PromptAnswer::No;
-  return question->answer.value_or(declined);
+  return question->answer.value_or(Declined(box));
 }
 
 }  // namespace tremlo

@@ -1,6 +1,7 @@
 #include "window/sources/FaultRun.h"
 
 #include "core/project/DocumentAcquisition.h"
+#include "window/graphs/ExceptionText.h"
 #include "window/graphs/RunBehindDialog.h"
 #include "window/graphs/WorkerPrompt.h"
 #include "window/sources/DlgNowGetFault.h"
@@ -19,17 +20,25 @@ bool AcquireBehindDialog(CMorvaneDoc& doc, const ServiceSettings& services, Prom
   const FaultAcquisitionInput input = AcquisitionInput(doc);
   FaultAcquisitionResult result;
   std::vector<FaultInfo> faults;
+  QString failure;
   CDlgNowGetFault dialog(parent);
   const auto acquire = [&](const std::stop_token& stop) {
     WorkerPrompt boxes(prompt, dialog, stop);
     const auto progress = [&](int fault, int count, const QString& name) {
       dialog.SetFault(fault, count, name);
     };
-    result = AcquireFaults(input, services, boxes, faults, progress, stop);
+    try {
+      result = AcquireFaults(input, services, boxes, faults, progress, stop);
+    } catch (...) {
+      failure = CurrentExceptionText();
+      return false;
+    }
     dialog.SetAllDone();
     return result.changed;
   };
-  if (!RunBehindDialog(dialog, acquire, kNoPause) || doc.Generation() != generation) return false;
+  const bool acquired = RunBehindDialog(dialog, acquire, kNoPause);
+  if (!failure.isEmpty()) prompt.Tell(failure);
+  if (!acquired || doc.Generation() != generation) return false;
   StoreAcquisition(doc, input, result, std::move(faults));
   return true;
 }

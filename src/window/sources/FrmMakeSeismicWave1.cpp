@@ -300,8 +300,10 @@ void CFrmMakeSeismicWave1::ShowSources() {
   const QString line = LastAcquisitionLine(m_doc);
   m_acquisitionLabel->setText(line);
   m_acquisitionLabel->setVisible(!line.isEmpty());
-  const QString whole = WholeLastAcquisitionLine(m_doc);
-  m_acquisitionLabel->setToolTip(whole == line ? QString() : whole);
+  const QString more = LongLastAcquisitionLine(m_doc);
+  // As a paragraph it breaks its lines.
+  m_acquisitionLabel->setToolTip(more == line ? QString()
+                                              : QStringLiteral("<p>%1</p>").arg(more.toHtmlEscaped()));
 }
 
 /// In the status bar of the window, as the hints of the menu.

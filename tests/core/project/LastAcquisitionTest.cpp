@@ -23,8 +23,8 @@ TEST_F(LastAcquisitionTest, NamesTheServiceTheVersionAndTheFirstSources) {
   EXPECT_TRUE(line.endsWith(u"断層1、断層2、断層3、断層4、断層5、他 2"));
 }
 
-TEST_F(LastAcquisitionTest, TheWholeLineNamesEverySource) {
-  EXPECT_TRUE(WholeLastAcquisitionLine(doc).endsWith(u"、断層6、断層7"));
+TEST_F(LastAcquisitionTest, TheLongLineNamesMore) {
+  EXPECT_TRUE(LongLastAcquisitionLine(doc).endsWith(u"、断層6、断層7"));
 }
 
 TEST_F(LastAcquisitionTest, OutlivesTheFaultsButNotTheProject) {
@@ -32,7 +32,7 @@ TEST_F(LastAcquisitionTest, OutlivesTheFaultsButNotTheProject) {
   EXPECT_FALSE(LastAcquisitionLine(doc).isEmpty());
   doc.ResetDocument();
   EXPECT_TRUE(LastAcquisitionLine(doc).isEmpty());
-  EXPECT_TRUE(WholeLastAcquisitionLine(doc).isEmpty());
+  EXPECT_TRUE(LongLastAcquisitionLine(doc).isEmpty());
 }
 
 }  // namespace

@@ -119,5 +119,13 @@ TEST(AcquisitionReport, OfManySourcesTheFirstAreNamed) {
   EXPECT_TRUE(AcquisitionLine(report, 0).endsWith("：他 3"));
 }
 
+TEST(AcquisitionReport, ANameAsLongAsAPageIsCutOff) {
+  AcquisitionReport report;
+  report.activityVersion = 15;
+  report.unread = {QString(40, u'甲'), QString(10000, u'乙')};
+  const QString whole(40, u'甲');
+  EXPECT_TRUE(AcquisitionLine(report, 3).endsWith("：" + whole + "、" + QString(40, u'乙') + "…"));
+}
+
 }  // namespace
 }  // namespace tremlo

@@ -212,6 +212,29 @@ TEST(WorkerPrompt, AStopMakesNoBoxWaitAndShowsNone) {
   EXPECT_EQ(message, PromptAnswer::Ok);
 }
 
+TEST(WorkerPrompt, ABoxThatBreaksDoesNotLeaveTheWorkerWaiting) {
+  class Breaking : public Prompt {
+   public:
+    PromptAnswer Show(const PromptBox&) override { throw std::bad_alloc(); }
+  } broken;
+  QObject home;
+  PromptAnswer answer = PromptAnswer::Yes;
+  std::thread worker([&] {
+    WorkerPrompt boxes(broken, home, {});
+    answer = boxes.Show({.text = "?", .buttons = PromptButtons::YesNo});
+  });
+  bool told = false;
+  while (!told) {
+    try {
+      QCoreApplication::processEvents();
+    } catch (const std::bad_alloc&) {
+      told = true;
+    }
+  }
+  worker.join();
+  EXPECT_EQ(answer, PromptAnswer::No);
+}
+
 TEST(WorkerPrompt, TheAnswerReachesTheWorker) {
   test::ScriptedPrompt asked;
   asked.ExpectQuestion("?", PromptAnswer::Yes);

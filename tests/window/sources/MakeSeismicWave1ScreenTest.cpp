@@ -104,6 +104,24 @@ TEST_F(MakeSeismicWave1ScreenTest, OfManyTheToolTipNamesTheRest) {
   EXPECT_TRUE(driver->Find<QLabel>("acquisitionLabel").toolTip().contains("木曽山脈西縁断層帯"));
 }
 
+TEST_F(MakeSeismicWave1ScreenTest, NamesAreShownAsTheyAre) {
+  Start("model=drop");
+  doc.mainFaultRows.clear();
+  for (int i = 0; i < 7; ++i) {
+    doc.mainFaultRows.push_back(test::RowNearTheSite("F005701", 136.6));
+    doc.mainFaultRows.back().code = QStringLiteral("X%1").arg(i);
+    doc.mainFaultRows.back().name = QStringLiteral("<b>甲 & 乙</b>①髙～%1").arg(i);
+  }
+  doc.faultAcquireMode = kAcquireRange;
+  OpenAsked(prompt);
+  Acquire();
+  EXPECT_THAT(doc.faults, SizeIs(7)) << "in the range they stay, without a row";
+  EXPECT_TRUE(Line().contains("<b>甲 & 乙</b>①髙～0、"));
+  EXPECT_EQ(driver->Find<QLabel>("acquisitionLabel").textFormat(), Qt::PlainText);
+  EXPECT_TRUE(
+      driver->Find<QLabel>("acquisitionLabel").toolTip().contains("&lt;b&gt;甲 &amp; 乙&lt;/b&gt;①髙～6"));
+}
+
 TEST_F(MakeSeismicWave1ScreenTest, TheSearchRangeFillsTheOtherGrid) {
   Open();
   ChooseRange();
