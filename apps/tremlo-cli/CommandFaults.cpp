@@ -219,7 +219,7 @@ int Run(const Arguments& arguments) {
   FaultAcquisitionResult result;
   {
     ProgressLine line;
-    result = AcquireFaults(input, settings, messages, faults, [&](int fault, int count) {
+    result = AcquireFaults(input, settings, messages, faults, [&](int fault, int count, const QString&) {
       if (line.IsShown()) line.Show(QStringLiteral("断層データの取得中 %1 / %2").arg(fault).arg(count));
     });
   }

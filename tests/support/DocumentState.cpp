@@ -123,8 +123,8 @@ void Bytes::Add(const MainFaultRow& row) {
 }
 
 void Bytes::Add(const AcquisitionReport& report) {
-  const auto& [searchVersion, activityVersion, unread] = report;
-  AddAll(searchVersion, activityVersion, unread);
+  const auto& [searchVersion, activityVersion, searchUnread, unread] = report;
+  AddAll(searchVersion, activityVersion, searchUnread, unread);
 }
 
 }  // namespace

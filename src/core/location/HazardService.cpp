@@ -14,8 +14,11 @@ std::string_view View(const QByteArray& bytes) {
 
 }  // namespace
 
-HazardService::HazardService(const ServiceSettings& settings, Prompt& prompt)
-    : m_settings(settings), m_prompt(prompt), m_client(settings.hazard, settings.certificateFile) {}
+HazardService::HazardService(const ServiceSettings& settings, Prompt& prompt, std::stop_token stop)
+    : m_settings(settings),
+      m_prompt(prompt),
+      m_client(settings.hazard, settings.certificateFile),
+      m_stop(std::move(stop)) {}
 
 ServiceOutcome HazardService::SearchMeshFaults(FaultSearchRequest& request, std::vector<FaultInfo>& faults) {
   if (const auto message = CheckSearchParameters(request)) return RefuseParameter(*message);
@@ -41,7 +44,7 @@ ServiceOutcome HazardService::FetchActivityModel(FaultSearchRequest& request, co
 bool HazardService::FetchToFile(const QString& url) {
   m_lastUrl = url;
   m_lastMessage.clear();
-  switch (m_client.GetToFile(url, AnswerPath())) {
+  switch (m_client.GetToFile(url, AnswerPath(), m_stop)) {
     case HttpResult::Done:
       return true;
     case HttpResult::BadAddress:

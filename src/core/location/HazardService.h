@@ -15,8 +15,9 @@ namespace tremlo {
 /// parameter that is out of its range is told once, however many sources are asked for. Serves one thread.
 class HazardService {
  public:
-  /// `settings` and `prompt` must outlive the service.
-  HazardService(const ServiceSettings& settings, Prompt& prompt);
+  /// `settings` and `prompt` must outlive the service. A stop breaks the request at hand off, which then is
+  /// one without an answer, and lets none go out any more.
+  HazardService(const ServiceSettings& settings, Prompt& prompt, std::stop_token stop = {});
 
   /// Asks which earthquake sources matter most at the request's position and appends a record per source in
   /// the service's rank order. Any outcome but Done and TypeFault leaves the list as it was.
@@ -46,6 +47,7 @@ class HazardService {
   const ServiceSettings& m_settings;
   Prompt& m_prompt;
   HttpClient m_client;
+  std::stop_token m_stop;
   QString m_lastUrl;
   QString m_lastMessage;
   QString m_toldParameter;

@@ -13,9 +13,15 @@ bool IsActivityRequest(const QString& url) {
   return url.contains(u"/pshm/");
 }
 
+/// A name as a line has room for it: nothing keeps the service from sending a page.
+QString ShortName(const QString& name) {
+  constexpr qsizetype kMostLetters = 40;
+  return name.size() <= kMostLetters ? name : name.left(kMostLetters) + u'…';
+}
+
 QString NamesText(const std::vector<QString>& names, std::size_t most) {
   QStringList shown;
-  for (std::size_t i = 0; i < names.size() && i < most; ++i) shown << names[i];
+  for (std::size_t i = 0; i < names.size() && i < most; ++i) shown << ShortName(names[i]);
   QString text = shown.join(u'、');
   if (names.size() > most)
     text += QStringLiteral("%1他 %2")
@@ -34,6 +40,9 @@ AcquisitionReport ReportOf(const FaultAcquisitionInput& input, const FaultAcquis
     report.searchVersion = input.parameters.versionIndex;
   if (isWhole || IsActivityRequest(result.url))
     report.activityVersion = input.parameters.activityVersionIndex;
+  report.searchUnread = report.searchVersion && !report.activityVersion &&
+                        result.outcome != ServiceOutcome::Done &&
+                        result.outcome != ServiceOutcome::NothingFound;
   for (const std::vector<SourceName>* const sources : {&result.unread, &result.withoutPlanes})
     for (const SourceName& source : *sources) report.unread.push_back(source.name);
   return report;
@@ -49,6 +58,7 @@ QString AcquisitionLine(const AcquisitionReport& report, std::size_t mostNames) 
   QString line =
       QStringLiteral("出典：防災科学技術研究所 J-SHIS 地震ハザードステーション（地図バージョン：") +
       versions.join(u'、') + u'）';
+  if (report.searchUnread) line += QStringLiteral("　断層の順位を取得できませんでした。");
   if (!report.unread.empty())
     line += QStringLiteral("　断層面を取得できなかった断層：") + NamesText(report.unread, mostNames);
   return line;

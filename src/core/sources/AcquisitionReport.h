@@ -10,6 +10,7 @@ namespace tremlo {
 struct AcquisitionReport {
   std::optional<std::int32_t> searchVersion;    ///< map version, if the mesh search was asked
   std::optional<std::int32_t> activityVersion;  ///< map version, if the activity model was asked
+  bool searchUnread = false;                    ///< the ranking itself could not be read
   /// Names of the sources whose planes are lacking: those that could not be read, then those of which the
   /// service has none.
   std::vector<QString> unread;

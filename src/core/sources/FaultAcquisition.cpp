@@ -27,12 +27,13 @@ SiteKm ProjectSite(const FaultAcquisitionInput& input) {
 class Asking {
  public:
   Asking(const FaultAcquisitionInput& input, const ServiceSettings& settings, Prompt& prompt,
-         std::vector<FaultInfo>& faults, const AcquisitionProgress& progress)
+         std::vector<FaultInfo>& faults, const AcquisitionProgress& progress, const std::stop_token& stop)
       : m_input(input),
         m_prompt(prompt),
         m_faults(faults),
         m_progress(progress),
-        m_service(settings, prompt),
+        m_service(settings, prompt, stop),
+        m_stop(stop),
         m_request(input.parameters, input.latitude, input.longitude) {
     m_result.changed = true;
   }
@@ -51,9 +52,10 @@ class Asking {
   std::vector<FaultInfo>& m_faults;
   const AcquisitionProgress& m_progress;
   HazardService m_service;
+  const std::stop_token& m_stop;
   FaultSearchRequest m_request;
   FaultAcquisitionResult m_result;
-  bool m_ended = false;  ///< by a type fault: nothing more is asked
+  bool m_ended = false;  ///< by a type fault or a stop: nothing more is asked
 };
 
 void Asking::AskRanking() {
@@ -102,9 +104,9 @@ void Asking::AskRange(const SiteKm& site) {
 
 /// Asks for a source's model and notes the source when it has no planes then. Returns whether it has.
 bool Asking::FetchModel(FaultInfo& fault, bool& erase, std::size_t index, std::size_t count) {
-  if (m_progress) m_progress(static_cast<int>(index + 1), static_cast<int>(count));
+  if (m_progress) m_progress(static_cast<int>(index + 1), static_cast<int>(count), fault.ltename);
   const ServiceOutcome outcome = m_service.FetchActivityModel(m_request, fault.ltecode, fault, erase);
-  m_ended = outcome == ServiceOutcome::TypeFault;
+  m_ended = outcome == ServiceOutcome::TypeFault || m_stop.stop_requested();
   const bool answered = outcome == ServiceOutcome::Done || outcome == ServiceOutcome::NothingFound;
   if (!answered) Note(outcome);
   const bool hasPlanes = outcome == ServiceOutcome::Done && !erase && RectangleCount(fault) > 0;
@@ -163,7 +165,7 @@ void Complete(FaultInfo& fault, const FaultAcquisitionInput& input, const SiteKm
 
 FaultAcquisitionResult AcquireFaults(const FaultAcquisitionInput& input, const ServiceSettings& settings,
                                      Prompt& prompt, std::vector<FaultInfo>& faults,
-                                     const AcquisitionProgress& progress) {
+                                     const AcquisitionProgress& progress, const std::stop_token& stop) {
   if (input.zone < 1 || input.zone > static_cast<int>(kPlaneZoneCount)) {
     prompt.Tell(QString::fromUtf16(kUnknownZoneText), PromptIcon::Stop);
     FaultAcquisitionResult refused;
@@ -172,7 +174,7 @@ FaultAcquisitionResult AcquireFaults(const FaultAcquisitionInput& input, const S
   }
   const SiteKm site = ProjectSite(input);
   faults.clear();
-  Asking asking(input, settings, prompt, faults, progress);
+  Asking asking(input, settings, prompt, faults, progress, stop);
   if (input.mode == kAcquireRange) {
     asking.AskRange(site);
   } else {

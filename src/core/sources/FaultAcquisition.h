@@ -9,6 +9,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <stop_token>
 #include <vector>
 
 namespace tremlo {
@@ -50,8 +51,8 @@ struct FaultAcquisitionResult {
   std::vector<SourceName> leftOut;  ///< by rule: of the Sagami trough, or of another geometry
 };
 
-/// Fault k of n is about to be asked for, k from 1.
-using AcquisitionProgress = std::function<void(int fault, int count)>;
+/// Fault k of n, k from 1, is about to be asked for by its name.
+using AcquisitionProgress = std::function<void(int fault, int count, const QString& name)>;
 
 /// Fetches the faults for a site and completes their records: magnitude, probabilities in per cent, depth and
 /// distances, and the state of each plane that the screens start with (colours 0). Blocks as long as the
@@ -59,9 +60,11 @@ using AcquisitionProgress = std::function<void(int fault, int count)>;
 ///
 /// In a ranking a source without planes leaves the list, and those behind it move up. In the search range a
 /// source without planes stays, unless the service gives it another geometry. A type fault in an answer ends
-/// the asking; the records that are there are completed.
+/// the asking; the records that are there are completed. A stop breaks the request at hand off and asks no
+/// more: what is returned then is of no use.
 FaultAcquisitionResult AcquireFaults(const FaultAcquisitionInput& input, const ServiceSettings& settings,
                                      Prompt& prompt, std::vector<FaultInfo>& faults,
-                                     const AcquisitionProgress& progress = {});
+                                     const AcquisitionProgress& progress = {},
+                                     const std::stop_token& stop = {});
 
 }  // namespace tremlo

@@ -3,23 +3,20 @@
 #include "core/graphs/SiteRows.h"
 #include "core/location/PlaneZone.h"
 #include "core/location/PositionTexts.h"
-#include "core/location/ServiceAddresses.h"
-#include "window/graphs/BgrColor.h"
 #include "window/graphs/ExpButton.h"
 #include "window/graphs/NamedControl.h"
 #include "window/graphs/RefuseEmpty.h"
 #include "window/graphs/Spread7.h"
 #include "window/location/DlgSelectRectangularPlane.h"
 #include "window/location/LocationPictures.h"
+#include "window/location/MapAttribution.h"
 #include "window/location/SpanningHeader.h"
 
-#include <QDesktopServices>
 #include <QGroupBox>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QStatusTipEvent>
-#include <QUrl>
 #include <QVBoxLayout>
 
 namespace tremlo {
@@ -60,19 +57,6 @@ bool IsLeftButtonDown() {
   return (QGuiApplication::mouseButtons() & Qt::LeftButton) != 0;
 }
 
-/// The desktop's colour of links is often the same dark blue on a dark palette.
-QColor LinkColor(const QPalette& palette) {
-  const bool dark = ReadableOn(palette.color(QPalette::Window)) == QColor(Qt::white);
-  return dark ? QColor(0x8A, 0xB4, 0xF8) : palette.color(QPalette::Link);
-}
-
-QString AttributionText(const QPalette& palette) {
-  return QStringLiteral(
-             "この地図は国土地理院発行の地理院タイル『標準地図』を使用しています。<br>"
-             "<a href=\"%1\" style=\"color:%2\">国土地理院コンテンツ利用規約</a> （%1）")
-      .arg(QString::fromLatin1(kTileTermsAddress).toHtmlEscaped(), LinkColor(palette).name());
-}
-
 }  // namespace
 
 CFrmField::CFrmField(CMorvaneDoc& doc, Prompt& prompt, ChangeRules& rules, CommandGate& gate,
@@ -86,7 +70,7 @@ CFrmField::CFrmField(CMorvaneDoc& doc, Prompt& prompt, ChangeRules& rules, Comma
       m_drag(m_map->Map()),
       m_planeLabel(new QLabel(this)),
       m_hintLabel(new QLabel(this)),
-      m_attribution(new QLabel(this)) {
+      m_attribution(new MapAttribution(prompt, gate, this)) {
   setAccessibleName(QStringLiteral("現場設定"));
   MakeGrids();
   MakeButtons();
@@ -155,13 +139,6 @@ void CFrmField::MakeButtons() {
   connect(m_zoneButton, &QAbstractButton::clicked, this, [this] { m_gate.Run([this] { SelectZone(); }); });
   m_backButton = MakePictureButton("backButton", QStringLiteral("back"), QStringLiteral("現場位置に戻る"));
   connect(m_backButton, &QAbstractButton::clicked, this, [this] { m_gate.Run([this] { ReturnToSite(); }); });
-  Named(m_attribution, "attribution", QStringLiteral("地図の出典と利用規約"));
-  m_attribution->setTextFormat(Qt::RichText);
-  m_attribution->setText(AttributionText(palette()));
-  m_attribution->setWordWrap(true);
-  m_attribution->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
-  m_attribution->setContextMenuPolicy(Qt::PreventContextMenu);
-  connect(m_attribution, &QLabel::linkActivated, this, [this] { m_gate.Run([this] { OpenTerms(); }); });
 }
 
 void CFrmField::MakeMap() {
@@ -251,11 +228,6 @@ void CFrmField::Refresh() {
     ShowSite();
 }
 
-void CFrmField::changeEvent(QEvent* event) {
-  Screen::changeEvent(event);
-  if (event->type() == QEvent::PaletteChange) m_attribution->setText(AttributionText(palette()));
-}
-
 void CFrmField::SelectZone() {
   if (!m_rules.BeginSiteChange()) return;
   const int zone = ZoneFromLabel(m_doc.site.planeZone);
@@ -269,12 +241,6 @@ void CFrmField::SelectZone() {
 
 void CFrmField::ReturnToSite() {
   m_map->CenterOn(PlaceOf(PositionOf(m_doc.site)));
-}
-
-void CFrmField::OpenTerms() {
-  const QString address = QString::fromLatin1(kTileTermsAddress);
-  if (!QDesktopServices::openUrl(QUrl(address)))
-    m_prompt.Tell(QStringLiteral("ブラウザーを起動できませんでした。\n") + address);
 }
 
 bool CFrmField::MayChangeSite() {

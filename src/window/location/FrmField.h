@@ -15,6 +15,7 @@ namespace tremlo {
 class CExpButton;
 class CSpread7;
 class GridData;
+class MapAttribution;
 
 /// "現場設定": the texts of the job and the site, the site's position, typed or dragged on the map under its
 /// fixed crosshair, and the plane zone. Once faults have been fetched a change of position or zone asks
@@ -31,9 +32,6 @@ class CFrmField : public Screen {
   void CommandEnded() override;
   void Refresh() override;
 
- protected:
-  void changeEvent(QEvent* event) override;
-
  private:
   void MakeGrids();
   void MakeMap();
@@ -45,7 +43,6 @@ class CFrmField : public Screen {
   // What the buttons do, one function each.
   void SelectZone();
   void ReturnToSite();
-  void OpenTerms();
 
   bool MayChangeSite();
   bool MayDragSite();
@@ -75,7 +72,7 @@ class CFrmField : public Screen {
   CExpButton* m_backButton;
   QLabel* m_planeLabel;
   QLabel* m_hintLabel;
-  QLabel* m_attribution;
+  MapAttribution* m_attribution;
 };
 
 }  // namespace tremlo

@@ -134,7 +134,8 @@ void CMorvaneApp::MakeFrame() {
   m_rules.emplace(m_doc, m_prompt, *m_procedure);
   m_projects.emplace(ProjectCommandParts{m_doc, m_prompt, m_files, *m_procedure, m_recent, *this});
   m_parts.emplace(ScreenParts{m_doc, m_prompt, m_files, *m_procedure, *m_rules, m_online, m_settings.services,
-                              m_gate, [this](SwitchOutcome outcome) { Follow(outcome); }});
+                              m_gate, [this](SwitchOutcome outcome) { Follow(outcome); },
+                              [this] { EditApiParameters(); }});
   m_gate.SetScreenOnDisplay([this] { return m_ended ? nullptr : m_frame->ScreenOnDisplay(); });
   m_frame->SetRuns([this] { return m_table.runs.computeMissingSpectra(*m_parts); },
                    [this] { return m_table.runs.calculateFaultSpectra(*m_parts); },
@@ -194,9 +195,7 @@ void CMorvaneApp::ConnectFileMenu() {
 
 void CMorvaneApp::ConnectSettingsMenu() {
   MainMenu* menu = m_frame->Menu();
-  Connect(menu->apiParameters, [this] {
-    if (m_rules->BeginApiParameters()) m_table.editApiParameters(*m_parts);
-  });
+  Connect(menu->apiParameters, [this] { EditApiParameters(); });
   Connect(menu->adjustSettings, [this] {
     if (m_rules->BeginAdjustSettings()) m_table.editAdjustSettings(*m_parts);
   });
@@ -235,6 +234,10 @@ void CMorvaneApp::ToggleOnline() {
   UpdateMenu();
   m_procedure->RefreshActiveScreen();
   m_frame->update();
+}
+
+void CMorvaneApp::EditApiParameters() {
+  if (m_rules->BeginApiParameters()) m_table.editApiParameters(*m_parts);
 }
 
 void CMorvaneApp::ClearMapImages() {

@@ -58,6 +58,7 @@ class CMorvaneApp : private ProjectShell {
   void Run(const std::function<void()>& command);
   void Probe(const ServiceSettings& services);
   void ToggleOnline();
+  void EditApiParameters();
   void ClearMapImages();
   void OpenManual();
   void OpenPage(const QString& address);

@@ -9,6 +9,8 @@
 #include "window/shell/FrmFlowchart1.h"
 #include "window/shell/FrmFlowchart2.h"
 #include "window/shell/FrmFlowchart3.h"
+#include "window/sources/DlgFaultExploration.h"
+#include "window/sources/FrmMakeSeismicWave1.h"
 #include "window/waves/DlgAdjustSetting.h"
 #include "window/waves/FrmRespAdjustSpectrum.h"
 #include "window/waves/FrmRespOrigSeismicWave.h"
@@ -91,6 +93,21 @@ void AddSite(ScreenTable& table) {
   };
 }
 
+void EditApiParameters(const ScreenParts& parts) {
+  CDlgFaultExploration(parts.doc, parts.prompt, FrontWindow()).exec();
+}
+
+/// The faults around the site and what the service is asked for.
+void AddFaults(ScreenTable& table) {
+  table.editApiParameters = EditApiParameters;
+  table.screens[ScreenId::MakeSeismicWave1] = [](const ScreenParts& parts) {
+    return new CFrmMakeSeismicWave1(
+        {parts.doc, parts.prompt, parts.rules, parts.procedure, parts.gate, parts.services,
+         [&online = parts.online] { return online.IsOnline(); }, parts.editApiParameters, parts.follow},
+        MapTiles(parts));
+  };
+}
+
 }  // namespace
 
 bool ScreenTable::HasRoute(bool guidelineRoute) const {
@@ -107,6 +124,7 @@ ScreenTable ProgramScreens() {
   table.runs.calculateFaultSpectra = CalculateFaultSpectra;
   table.editAdjustSettings = EditAdjustSettings;
   AddSite(table);
+  AddFaults(table);
   AddCharts(table);
   AddResponseRoute(table);
   return table;

@@ -24,6 +24,8 @@ struct ScreenParts {
   /// To be called with the outcome of every switch that a screen itself asks for: one of them ends the
   /// program.
   std::function<void(SwitchOutcome)> follow;
+  /// The command "断層APIパラメータ設定" as the menu gives it: its questions, then its dialog.
+  std::function<void()> editApiParameters;
 };
 
 /// The calculations of the gates, which screens share. Each reports as ScreenHost says.

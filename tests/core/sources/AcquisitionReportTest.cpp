@@ -76,6 +76,19 @@ TEST(AcquisitionReport, ASearchThatFailsIsAllThatWasAsked) {
   EXPECT_EQ(asked.report.activityVersion, std::nullopt);
 }
 
+TEST(AcquisitionReport, ASearchThatGotNoAnswerIsToldOf) {
+  for (const char* wishes : {"ranking=drop", "ranking=garbage"}) {
+    const Asked asked(kAcquireRanking, wishes);
+    EXPECT_TRUE(AcquisitionLine(asked.report, 3)
+                    .endsWith("（地図バージョン：被害地検索 2018年版）　断層の順位を取得できませんでした。"))
+        << wishes << AcquisitionLine(asked.report, 3).toStdString();
+  }
+  const Asked none(kAcquireRanking, "ranking=file:fltsearch_error.json");
+  EXPECT_TRUE(AcquisitionLine(none.report, 3).endsWith("2018年版）")) << "the service has answered";
+  const Asked models(kAcquireRanking, "model=drop");
+  EXPECT_FALSE(AcquisitionLine(models.report, 3).contains("順位"));
+}
+
 TEST(AcquisitionReport, AModelThatFailsWasAsked) {
   const Asked asked(kAcquireRanking, "model=garbage");
   EXPECT_EQ(asked.report.searchVersion, 12);
@@ -104,6 +117,14 @@ TEST(AcquisitionReport, OfManySourcesTheFirstAreNamed) {
   EXPECT_TRUE(AcquisitionLine(report, 3).endsWith("：甲、丙、丁"));
   EXPECT_TRUE(AcquisitionLine(report, 2).endsWith("：甲、丙、他 1"));
   EXPECT_TRUE(AcquisitionLine(report, 0).endsWith("：他 3"));
+}
+
+TEST(AcquisitionReport, ANameAsLongAsAPageIsCutOff) {
+  AcquisitionReport report;
+  report.activityVersion = 15;
+  report.unread = {QString(40, u'甲'), QString(10000, u'乙')};
+  const QString whole(40, u'甲');
+  EXPECT_TRUE(AcquisitionLine(report, 3).endsWith("：" + whole + "、" + QString(40, u'乙') + "…"));
 }
 
 }  // namespace

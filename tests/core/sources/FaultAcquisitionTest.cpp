@@ -70,9 +70,11 @@ class FaultAcquisitionTest : public testing::Test {
   }
 
   FaultAcquisitionResult Acquire() {
-    return AcquireFaults(input, settings, messages, faults, [this](int fault, int count) {
-      progress << QStringLiteral("%1/%2").arg(fault).arg(count);
-    });
+    return AcquireFaults(input, settings, messages, faults,
+                         [this](int fault, int count, const QString& name) {
+                           progress << QStringLiteral("%1/%2").arg(fault).arg(count);
+                           named << name;
+                         });
   }
 
   QString Codes() const {
@@ -107,6 +109,7 @@ class FaultAcquisitionTest : public testing::Test {
   FaultAcquisitionInput input;
   std::vector<FaultInfo> faults;
   QStringList progress;
+  QStringList named;
 };
 
 class RankingTest : public FaultAcquisitionTest {
@@ -148,6 +151,29 @@ TEST_F(RankingTest, NothingIsAskedTwice) {
 TEST_F(RankingTest, ProgressCountsTheSourcesOfTheRanking) {
   Acquire();
   EXPECT_EQ(progress.join(u' '), u"1/11 2/11 3/11 4/11 5/11 6/11 7/11 8/11 9/11 10/11 11/11");
+  ASSERT_EQ(named.size(), 11);
+  EXPECT_EQ(named[8], u"試験用の未登録断層") << "one that goes from the list, too";
+  for (std::size_t i = 0; i < 6; ++i) EXPECT_EQ(named[static_cast<qsizetype>(i)], faults[i].ltename);
+}
+
+TEST_F(RankingTest, AStopBreaksOffARequestThatGetsNoAnswer) {
+  Wish("F005501=stall");
+  std::stop_source stop;
+  const std::jthread stopper([&](const std::stop_token& over) {
+    while (!over.stop_requested() && AskedModels() != u"F005701 F005501") std::this_thread::yield();
+    stop.request_stop();
+  });
+  AcquireFaults(input, settings, messages, faults, {}, stop.get_token());
+  EXPECT_TRUE(stop.stop_requested()) << "it has not waited for the timeout";
+  EXPECT_EQ(AskedModels(), u"F005701 F005501");
+  EXPECT_THAT(messages.shown, IsEmpty());
+}
+
+TEST_F(RankingTest, AfterAStopNothingIsAsked) {
+  std::stop_source stop;
+  stop.request_stop();
+  AcquireFaults(input, settings, messages, faults, {}, stop.get_token());
+  EXPECT_THAT(local->Paths(), IsEmpty());
 }
 
 TEST_F(RankingTest, MagnitudesAndDistancesOfEveryPlaneAreThoseReckonedApart) {
