@@ -63,8 +63,8 @@ QString BelowLimitText(const CMorvaneDoc& doc, const BaseItem& item) {
   return texts.join(u'、');
 }
 
-QString CandidateLine(const CMorvaneDoc& doc, const BaseItem& item, std::optional<double> damPeriod) {
-  return QStringLiteral("%1　ダムの固有周期での応答：%2　下限スペクトルを下回る周期：%3")
+QString CandidateText(const CMorvaneDoc& doc, const BaseItem& item, std::optional<double> damPeriod) {
+  return QStringLiteral("%1　ダムの固有周期での応答：%2\n下限スペクトルを下回る周期：%3")
       .arg(Shortened(LabelOf(doc, item)), ResponseAtText(doc, item, damPeriod), BelowLimitText(doc, item));
 }
 

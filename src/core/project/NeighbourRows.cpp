@@ -64,8 +64,7 @@ std::vector<CurveColor> NeighbourRows::Colors() {
 }
 
 void NeighbourRows::ResetColors() {
-  for (std::size_t i = 0; i < m_doc.seedWaves.Count(); ++i)
-    m_doc.seedWaves.At(i).siteColor = PaletteColor(i);
+  for (std::size_t i = 0; i < m_doc.seedWaves.Count(); ++i) m_doc.seedWaves.At(i).siteColor = PaletteColor(i);
   m_doc.SetModified(true);
 }
 

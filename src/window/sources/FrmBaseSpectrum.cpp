@@ -24,7 +24,8 @@ constexpr int kLabelColumn = 2;
 constexpr int kColumnWidths[] = {48, 0, 104, 96, 56, 48, 48};  // the label takes what is left
 constexpr int kFewestRows = 4;                                 // in sight in a small window
 constexpr int kPeriodWidth = 72;
-constexpr int kLineRows = 2;  // a long label and all stretches below the limit, in a window of 1024 pixels
+constexpr int kTextLines = 2;
+constexpr int kTextLength = 62;  // in full-width characters
 
 }  // namespace
 
@@ -57,7 +58,7 @@ void CFrmBaseSpectrum::MakeGrid(Prompt& prompt) {
                            2 * m_grid->frameWidth());
   connect(m_grid, &CSpread7::Changed, this, &CFrmBaseSpectrum::Refresh);
   connect(m_grid->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
-          &CFrmBaseSpectrum::ShowCandidateLine);
+          &CFrmBaseSpectrum::ShowCandidateText);
 }
 
 void CFrmBaseSpectrum::MakeControls(Prompt& prompt) {
@@ -86,19 +87,19 @@ void CFrmBaseSpectrum::MakeControls(Prompt& prompt) {
   connect(m_damPeriodEdit, &CExpEdit::Abandoned, this, &CFrmBaseSpectrum::ShowDamPeriod);
 
   // Without a name of its own: a screen reader then says the text itself, and that it has changed.
-  m_candidateLine = Named(new QLabel(this), "candidateLine", {});
-  m_candidateLine->setTextFormat(Qt::PlainText);
-  m_candidateLine->setWordWrap(true);
-  m_candidateLine->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-  // Of the same size whatever it says: the graph must not jump while rows are walked through, nor may a long
-  // name widen the screen.
-  m_candidateLine->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-  m_candidateLine->setFixedHeight(kLineRows * m_candidateLine->fontMetrics().lineSpacing());
-  m_candidateLine->setToolTip(
-      QStringLiteral("一覧で選んだ候補の値です。応答値と下限スペクトルは、前後の 2 点を結ぶ直線上で読みます。\n"
-                     "下限スペクトルとは候補自身の周期の点で比べ、下回る点が続く範囲を示します。\n"
-                     "スペクトルの周期の範囲外は「-」と表示します。"));
-  m_candidateLine->setAccessibleDescription(m_candidateLine->toolTip());
+  m_candidateText = Named(new QLabel(this), "candidateText", {});
+  m_candidateText->setTextFormat(Qt::PlainText);
+  m_candidateText->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  // Of the same size whatever it says: the graph must not jump while rows are walked through.
+  const QFontMetrics metrics = m_candidateText->fontMetrics();
+  m_candidateText->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  m_candidateText->setMinimumWidth(kTextLength * metrics.horizontalAdvance(u'あ'));
+  m_candidateText->setFixedHeight(kTextLines * metrics.lineSpacing());
+  m_candidateText->setToolTip(QStringLiteral(
+      "一覧で選んだ候補の値です。応答値と下限スペクトルは、前後の 2 点を結ぶ直線上で読みます。\n"
+      "下限スペクトルとは候補自身の周期の点で比べ、下回る点が続く範囲を示します。\n"
+      "スペクトルの周期の範囲外は「-」と表示します。"));
+  m_candidateText->setAccessibleDescription(m_candidateText->toolTip());
 }
 
 void CFrmBaseSpectrum::MakeGraphPanel() {
@@ -123,7 +124,7 @@ void CFrmBaseSpectrum::LayOut() {
   layout->addWidget(m_guide);
   layout->addWidget(m_grid, 2);
   layout->addLayout(row);
-  layout->addWidget(m_candidateLine);
+  layout->addWidget(m_candidateText);
   layout->addWidget(m_graphPanel, 3);
 
   std::vector<QWidget*> controls{m_grid, m_showAllButton, m_hideAllButton, m_damPeriodEdit};
@@ -141,7 +142,7 @@ void CFrmBaseSpectrum::Refresh() {
   m_rows->Refresh();
   m_grid->Refresh();
   ForgetOtherProject();
-  ShowCandidateLine();
+  ShowCandidateText();
   m_graphPanel->Refresh();
 }
 
@@ -165,18 +166,18 @@ void CFrmBaseSpectrum::TakeDamPeriod() {
     m_damPeriod.reset();
   else
     m_damPeriod = m_damPeriodEdit->GetNumber();
-  ShowCandidateLine();
+  ShowCandidateText();
 }
 
 void CFrmBaseSpectrum::ShowDamPeriod() {
   m_damPeriodEdit->SetNumber(m_damPeriod.value_or(m_damPeriodEdit->Rule().emptyValue));
 }
 
-void CFrmBaseSpectrum::ShowCandidateLine() {
+void CFrmBaseSpectrum::ShowCandidateText() {
   const auto row = static_cast<std::size_t>(m_grid->ActiveRow());
   const std::vector<BaseCandidate>& candidates = m_rows->Candidates();
-  m_candidateLine->setText(row >= 1 && row <= candidates.size()
-                               ? CandidateLine(m_doc, candidates[row - 1].item, m_damPeriod)
+  m_candidateText->setText(row >= 1 && row <= candidates.size()
+                               ? CandidateText(m_doc, candidates[row - 1].item, m_damPeriod)
                                : QString());
 }
 

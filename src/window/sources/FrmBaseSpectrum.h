@@ -21,7 +21,7 @@ class CSpread7;
 class WaveGraphPanel;
 
 /// "基準スペクトル設定": all candidates of the base spectrum in one list and one graph, from which the user
-/// chooses one. A line under the list helps to choose: it tells of the active row the response at the dam's
+/// chooses one. A text under the list helps to choose: it tells of the active row the response at the dam's
 /// period and where the candidate lies below the lower limit. That period is display state, forgotten with
 /// the project.
 class CFrmBaseSpectrum : public Screen {
@@ -43,7 +43,7 @@ class CFrmBaseSpectrum : public Screen {
   void ShowAll(bool shown);
   void TakeDamPeriod();
   void ShowDamPeriod();
-  void ShowCandidateLine();
+  void ShowCandidateText();
   std::unique_ptr<CDrawGraph> MakeGraph();
 
   CMorvaneDoc& m_doc;
@@ -56,7 +56,7 @@ class CFrmBaseSpectrum : public Screen {
   QAbstractButton* m_showAllButton;
   QAbstractButton* m_hideAllButton;
   CExpEdit* m_damPeriodEdit;
-  QLabel* m_candidateLine;
+  QLabel* m_candidateText;
   WaveGraphPanel* m_graphPanel;
 };
 

@@ -114,9 +114,8 @@ class SpectraScreenTest : public testing::Test {
     fault.attenColor.assign(planes, 0x2040C0);
     fault.shortBaseColor.assign(planes, 0x2040C0);
     fault.equivBaseColor.assign(planes, 0x208040);
-    for (auto* flags :
-         {&fault.attenShow, &fault.attenUse, &fault.shortBaseShow, &fault.equivBaseShow, &fault.adjustShow,
-          &fault.adjustShowEquiv})
+    for (auto* flags : {&fault.attenShow, &fault.attenUse, &fault.shortBaseShow, &fault.equivBaseShow,
+                        &fault.adjustShow, &fault.adjustShowEquiv})
       flags->assign(planes, true);
     fault.shortBaseSelected.assign(planes, false);
     fault.equivBaseSelected.assign(planes, false);
