@@ -21,6 +21,7 @@ namespace tremlo {
 namespace {
 
 constexpr int kLabelColumn = 2;
+constexpr int kBaseColumn = 7;
 constexpr int kColumnWidths[] = {48, 0, 104, 96, 56, 48, 48};  // the label takes what is left
 constexpr int kFewestRows = 4;                                 // in sight in a small window
 constexpr int kPeriodWidth = 72;
@@ -56,7 +57,13 @@ void CFrmBaseSpectrum::MakeGrid(Prompt& prompt) {
   m_grid->setMinimumHeight(m_grid->horizontalHeader()->sizeHint().height() +
                            kFewestRows * m_grid->verticalHeader()->defaultSectionSize() +
                            2 * m_grid->frameWidth());
-  connect(m_grid, &CSpread7::Changed, this, &CFrmBaseSpectrum::Refresh);
+  connect(m_grid, &CSpread7::Changed, this, [this](const GridChange& change) {
+    // The graph, which may have hundreds of curves, does not tell which of them is the base.
+    if (change.block.left == kBaseColumn)
+      m_grid->Refresh();
+    else
+      Refresh();
+  });
   connect(m_grid->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
           &CFrmBaseSpectrum::ShowCandidateText);
 }
