@@ -10,6 +10,7 @@ namespace tremlo {
 namespace {
 
 constexpr std::size_t kMostStretches = 3;
+constexpr qsizetype kLongestName = 40;
 
 QString PeriodText(double period) {
   return QString::number(period, 'g', 4);
@@ -18,6 +19,16 @@ QString PeriodText(double period) {
 QString StretchText(const PeriodStretch& stretch) {
   const QString from = PeriodText(stretch.shortest), to = PeriodText(stretch.longest);
   return (from == to ? from : from + u'～' + to) + QStringLiteral(" s");
+}
+
+/// Of a long name both ends: names of one kind differ there.
+QString Shortened(const QString& name) {
+  if (name.size() <= kLongestName) return name;
+  QString front = name.left(kLongestName / 2);
+  QString back = name.right(kLongestName - front.size() - 1);
+  if (front.back().isHighSurrogate()) front.chop(1);
+  if (back.front().isLowSurrogate()) back.remove(0, 1);
+  return front + u'…' + back;
 }
 
 }  // namespace
@@ -52,9 +63,9 @@ QString BelowLimitText(const CMorvaneDoc& doc, const BaseItem& item) {
   return texts.join(u'、');
 }
 
-QString CandidateLine(const CMorvaneDoc& doc, const BaseItem& item, std::optional<double> damPeriod) {
-  return QStringLiteral("%1　ダムの固有周期での応答：%2　下限スペクトルを下回る周期：%3")
-      .arg(LabelOf(doc, item), ResponseAtText(doc, item, damPeriod), BelowLimitText(doc, item));
+QString CandidateText(const CMorvaneDoc& doc, const BaseItem& item, std::optional<double> damPeriod) {
+  return QStringLiteral("%1　ダムの固有周期での応答：%2\n下限スペクトルを下回る周期：%3")
+      .arg(Shortened(LabelOf(doc, item)), ResponseAtText(doc, item, damPeriod), BelowLimitText(doc, item));
 }
 
 }  // namespace tremlo

@@ -18,7 +18,8 @@ QString ResponseAtText(const CMorvaneDoc& doc, const BaseItem& item, std::option
 /// number of the others; "なし" for none, "-" when the two have no period to compare.
 QString BelowLimitText(const CMorvaneDoc& doc, const BaseItem& item);
 
-/// Both in one line, for the candidate that is active in the list.
-QString CandidateLine(const CMorvaneDoc& doc, const BaseItem& item, std::optional<double> damPeriod);
+/// Both in two lines, for the candidate that is active in the list. A label of more than 40 characters is cut
+/// in its middle, so that no line has more than some 60 full-width characters.
+QString CandidateText(const CMorvaneDoc& doc, const BaseItem& item, std::optional<double> damPeriod);
 
 }  // namespace tremlo

@@ -2,6 +2,7 @@
 
 #include "core/graphs/CellNumber.h"
 #include "core/graphs/ColorText.h"
+#include "core/graphs/CurvePalette.h"
 
 namespace tremlo {
 
@@ -52,6 +53,18 @@ void NeighbourRows::Take(int row, int column, const QString& text) {
 
 void NeighbourRows::ShowAll(bool shown) {
   for (std::size_t i = 0; i < m_doc.seedWaves.Count(); ++i) m_doc.seedWaves.At(i).siteShow = shown;
+  m_doc.SetModified(true);
+}
+
+std::vector<CurveColor> NeighbourRows::Colors() {
+  std::vector<CurveColor> colors;
+  for (std::size_t i = 0; i < m_doc.seedWaves.Count(); ++i)
+    colors.push_back({m_doc.seedWaves.At(i).name, &m_doc.seedWaves.At(i).siteColor});
+  return colors;
+}
+
+void NeighbourRows::ResetColors() {
+  for (std::size_t i = 0; i < m_doc.seedWaves.Count(); ++i) m_doc.seedWaves.At(i).siteColor = PaletteColor(i);
   m_doc.SetModified(true);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/graphs/ColorRows.h"
 #include "core/graphs/TitledRows.h"
 #include "core/project/ChangeRules.h"
 
@@ -16,6 +17,11 @@ class NeighbourRows : public TitledRows {
   void ShowAll(bool shown);
   /// "全て利用する" and "全て利用しない".
   bool UseAll(bool use) { return m_rules.SetAllNeighbourUse(use); }
+
+  /// The waves with their colours, for the settings of the graph; holds as long as no wave comes or goes.
+  std::vector<CurveColor> Colors();
+  /// Gives the waves the colours of the palette, in their order.
+  void ResetColors();
 
  protected:
   QString CellText(int row, int column) const override;

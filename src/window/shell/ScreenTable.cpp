@@ -11,6 +11,8 @@
 #include "window/shell/FrmFlowchart3.h"
 #include "window/sources/DlgFaultExploration.h"
 #include "window/sources/FrmMakeSeismicWave1.h"
+#include "window/sources/FrmBaseSpectrum.h"
+#include "window/sources/FrmDamsiteWave.h"
 #include "window/waves/DlgAdjustSetting.h"
 #include "window/waves/FrmRespAdjustSpectrum.h"
 #include "window/waves/FrmRespOrigSeismicWave.h"
@@ -108,6 +110,16 @@ void AddFaults(ScreenTable& table) {
   };
 }
 
+/// The waves near the site, and the choice of the base spectrum among all candidates.
+void AddBaseSpectrum(ScreenTable& table) {
+  table.screens[ScreenId::DamsiteWave] = [](const ScreenParts& parts) {
+    return new CFrmDamsiteWave(parts.doc, parts.prompt, parts.rules, parts.gate);
+  };
+  table.screens[ScreenId::BaseSpectrum] = [](const ScreenParts& parts) {
+    return new CFrmBaseSpectrum(parts.doc, parts.prompt, parts.rules, parts.gate);
+  };
+}
+
 }  // namespace
 
 bool ScreenTable::HasRoute(bool guidelineRoute) const {
@@ -126,6 +138,7 @@ ScreenTable ProgramScreens() {
   AddSite(table);
   AddFaults(table);
   AddCharts(table);
+  AddBaseSpectrum(table);
   AddResponseRoute(table);
   return table;
 }

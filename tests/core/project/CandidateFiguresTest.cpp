@@ -78,11 +78,29 @@ TEST(CandidateFigures, TheLowerLimitIsNotBelowItself) {
   EXPECT_EQ(BelowLimitText(Project(), kLower), QString("なし"));
 }
 
-TEST(CandidateFigures, TheLineTellsBothWhateverTheNameHolds) {
+TEST(CandidateFigures, TheTextTellsBothWhateverTheNameHolds) {
   CMorvaneDoc doc = Project();
   doc.seedWaves.At(0).name = "%1 & %2";
-  EXPECT_EQ(CandidateLine(doc, kWave, 0.03),
-            QString("%1 & %2　ダムの固有周期での応答：15.00 gal　下限スペクトルを下回る周期：0.02～0.04 s"));
+  EXPECT_EQ(CandidateText(doc, kWave, 0.03),
+            QString("%1 & %2　ダムの固有周期での応答：15.00 gal\n下限スペクトルを下回る周期：0.02～0.04 s"));
+}
+
+TEST(CandidateFigures, OfALongNameTheTextTellsBothEnds) {
+  CMorvaneDoc doc = Project();
+  const QString rest = "　ダムの固有周期での応答：-\n下限スペクトルを下回る周期：0.02～0.04 s";
+  doc.seedWaves.At(0).name = QString(39, u'あ') + u'い';
+  EXPECT_EQ(CandidateText(doc, kWave, std::nullopt), doc.seedWaves.At(0).name + rest);
+  doc.seedWaves.At(0).name = QString(30, u'あ') + QString(30, u'い');
+  EXPECT_EQ(CandidateText(doc, kWave, std::nullopt), QString(20, u'あ') + u'…' + QString(19, u'い') + rest);
+}
+
+TEST(CandidateFigures, ACutNameHoldsNoHalfOfACharacter) {
+  CMorvaneDoc doc = Project();
+  const QString pair = QString::fromUcs4(U"𠮷", 1);
+  doc.seedWaves.At(0).name = u'あ' + pair.repeated(30);
+  const QString line = CandidateText(doc, kWave, std::nullopt);
+  EXPECT_TRUE(line.startsWith(u'あ' + pair.repeated(9) + u'…' + pair.repeated(9) + u'　'))
+      << line.toStdString();
 }
 
 }  // namespace

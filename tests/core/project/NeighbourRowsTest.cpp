@@ -1,3 +1,4 @@
+#include "core/graphs/CurvePalette.h"
 #include "core/project/BaseSpectrum.h"
 #include "core/project/ChangeQuestions.h"
 #include "core/project/NeighbourRows.h"
@@ -98,6 +99,25 @@ TEST(NeighbourRows, AllOutOfUseIsGuardedWhenOneIsTheBase) {
   EXPECT_EQ(grid.doc.baseSpectrumName, QString());
 }
 
+TEST(NeighbourRows, TheColoursOfTheGraphAreThoseOfTheWaves) {
+  Grid grid;
+  grid.doc.seedWaves.At(2).name = QStringLiteral("A");
+  const std::vector<CurveColor> colors = grid.rows.Colors();
+  ASSERT_EQ(colors.size(), 3U);
+  EXPECT_EQ(colors[1].name, QString("B"));
+  *colors[2].color = 0x445566;
+  EXPECT_THAT(ColumnTexts(grid.rows, kColor), ElementsAre("#000000", "#332211", "#665544"));
+}
+
+TEST(NeighbourRows, ResetColoursAreThoseOfThePalette) {
+  Grid grid;
+  for (int i = 0; i < 6; ++i) grid.doc.seedWaves.Add(QString::number(i));
+  grid.rows.ResetColors();
+  for (std::size_t i = 0; i < 9; ++i) EXPECT_EQ(grid.doc.seedWaves.At(i).siteColor, PaletteColor(i));
+  EXPECT_NE(grid.doc.seedWaves.At(0).siteColor, grid.doc.seedWaves.At(1).siteColor);
+  EXPECT_TRUE(grid.doc.IsModified());
+}
+
 TEST(NeighbourRows, AProjectWithoutWavesHasNoRows) {
   Grid grid;
   grid.doc.seedWaves.Clear();
@@ -105,6 +125,8 @@ TEST(NeighbourRows, AProjectWithoutWavesHasNoRows) {
   EXPECT_EQ(grid.rows.Text(1, 2), QString());
   grid.rows.SetText(1, kUse, "1");
   grid.rows.ShowAll(true);
+  grid.rows.ResetColors();
+  EXPECT_THAT(grid.rows.Colors(), IsEmpty());
 }
 
 }  // namespace

@@ -71,16 +71,17 @@ class ControlNamesTest : public test::ShellTest {
 
 TEST_F(ControlNamesTest, PaneAndScreensHaveNamesForPrograms) {
   EXPECT_THAT(Unnamed(*app->Frame()->Pane()), IsEmpty());
-  for (const ScreenId id : {ScreenId::Field, ScreenId::FlowCheck, ScreenId::Flowchart1, ScreenId::Flowchart2,
-                            ScreenId::Flowchart3, ScreenId::RespOrigSeismicWave, ScreenId::RespAdjustSpectrum,
-                            ScreenId::RespVisualization})
+  for (const ScreenId id :
+       {ScreenId::Field, ScreenId::FlowCheck, ScreenId::Flowchart1, ScreenId::Flowchart2,
+        ScreenId::Flowchart3, ScreenId::DamsiteWave, ScreenId::BaseSpectrum, ScreenId::RespOrigSeismicWave,
+        ScreenId::RespAdjustSpectrum, ScreenId::RespVisualization})
     EXPECT_THAT(Unnamed(*app->Frame()->ScreenOf(id)), IsEmpty());
 }
 
 TEST_F(ControlNamesTest, TabLeadsToEveryControl) {
   ASSERT_TRUE(QTest::qWaitForWindowActive(app->Frame()));
-  for (const ScreenId id : {ScreenId::RespOrigSeismicWave, ScreenId::RespAdjustSpectrum, ScreenId::FlowCheck,
-                            ScreenId::Flowchart2}) {
+  for (const ScreenId id : {ScreenId::RespOrigSeismicWave, ScreenId::RespAdjustSpectrum,
+                            ScreenId::BaseSpectrum, ScreenId::FlowCheck, ScreenId::Flowchart2}) {
     ASSERT_EQ(app->Procedure().SwitchScreen(id), SwitchOutcome::Open);
     QSet<QWidget*> left = TabStops(*app->Frame());
     EXPECT_GT(left.size(), 5);

@@ -1,5 +1,6 @@
 #include "core/project/ResponseRoute.h"
 #include "numeric/waves/ResponseSpectrum.h"
+#include "support/NoThreads.h"
 #include "support/TestFolder.h"
 #include "support/Waves.h"
 #include "window/waves/WaveRuns.h"
@@ -7,10 +8,6 @@
 #include <QApplication>
 
 #include <gmock/gmock.h>
-
-#ifdef __GLIBC__
-#include <pthread.h>
-#endif
 
 namespace tremlo {
 namespace {
@@ -122,35 +119,13 @@ TEST(ComputeMissingSpectra, StoresNothingInAnotherProject) {
 
 #ifdef __GLIBC__
 
-/// While it lives no thread can begin: each would take more memory than any machine has.
-class NoThreads {
- public:
-  NoThreads() {
-    EXPECT_EQ(pthread_getattr_default_np(&m_before), 0);
-    pthread_attr_t huge;
-    EXPECT_EQ(pthread_getattr_default_np(&huge), 0);
-    EXPECT_EQ(pthread_attr_setstacksize(&huge, std::size_t{1} << 46), 0);
-    EXPECT_EQ(pthread_setattr_default_np(&huge), 0);
-    pthread_attr_destroy(&huge);
-  }
-  ~NoThreads() {
-    pthread_setattr_default_np(&m_before);
-    pthread_attr_destroy(&m_before);
-  }
-  NoThreads(const NoThreads&) = delete;
-  NoThreads& operator=(const NoThreads&) = delete;
-
- private:
-  pthread_attr_t m_before;
-};
-
 TEST(ComputeMissingSpectra, AFailedBatchStoresNothing) {
   CMorvaneDoc doc = DocWith({"a", "b"});
   doc.seedWaves.SetPeriods("a", {1.0});
   doc.seedWaves.SetAccSpec("a", {2.0});
   const std::vector<CSeismicWave> before = doc.seedWaves.Records();
   {
-    const NoThreads none;
+    const test::NoThreads none;
     EXPECT_FALSE(ComputeMissingSpectra(doc, nullptr, kNoPause));
   }
   EXPECT_TRUE(doc.seedWaves.Records() == before);
