@@ -9,6 +9,8 @@
 #include "window/shell/FrmFlowchart1.h"
 #include "window/shell/FrmFlowchart2.h"
 #include "window/shell/FrmFlowchart3.h"
+#include "window/sources/FrmLowerSpectrum.h"
+#include "window/sources/FrmMakeSeismicWave2.h"
 #include "window/waves/DlgAdjustSetting.h"
 #include "window/waves/FrmRespAdjustSpectrum.h"
 #include "window/waves/FrmRespOrigSeismicWave.h"
@@ -91,6 +93,20 @@ void AddSite(ScreenTable& table) {
   };
 }
 
+/// The spectra of the acquired faults.
+void AddFaultSpectra(ScreenTable& table) {
+  table.screens[ScreenId::MakeSeismicWave2] = [](const ScreenParts& parts) {
+    return new CFrmMakeSeismicWave2(parts.doc, parts.prompt, parts.procedure, parts.rules, parts.gate,
+                                    {.calculate = parts.calculateFaultSpectra, .follow = parts.follow});
+  };
+}
+
+void AddLowerLimit(ScreenTable& table) {
+  table.screens[ScreenId::LowerSpectrum] = [](const ScreenParts& parts) {
+    return new CFrmLowerSpectrum(parts.doc, parts.prompt, parts.rules, parts.gate);
+  };
+}
+
 }  // namespace
 
 bool ScreenTable::HasRoute(bool guidelineRoute) const {
@@ -108,6 +124,8 @@ ScreenTable ProgramScreens() {
   table.editAdjustSettings = EditAdjustSettings;
   AddSite(table);
   AddCharts(table);
+  AddFaultSpectra(table);
+  AddLowerLimit(table);
   AddResponseRoute(table);
   return table;
 }

@@ -24,6 +24,9 @@ struct ScreenParts {
   /// To be called with the outcome of every switch that a screen itself asks for: one of them ends the
   /// program.
   std::function<void(SwitchOutcome)> follow;
+  /// Computes the spectra of all planes afresh, as ScreenHost says. Behind a false the screen ends the
+  /// program by `follow`.
+  std::function<bool()> calculateFaultSpectra;
 };
 
 /// The calculations of the gates, which screens share. Each reports as ScreenHost says.

@@ -1,0 +1,108 @@
+#include "support/PaletteChange.h"
+#include "support/ScreenDriver.h"
+#include "support/TestFolder.h"
+#include "window/sources/FrmMakeSeismicWave2Refer.h"
+
+#include <QScreen>
+
+#include <cmath>
+#include <gmock/gmock.h>
+
+namespace tremlo::test {
+namespace {
+
+class ReferTest : public testing::Test {
+ protected:
+  ReferTest() {
+    InstallJapaneseFonts();
+    dialog.show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&dialog));
+    Settle();
+  }
+  QWidget& Picture() { return *dialog.findChild<QWidget*>(QStringLiteral("picture")); }
+  void KeepPicture(const char* name) {
+    const QString folder = qEnvironmentVariable("TREMLO_PICTURES");
+    if (!folder.isEmpty())
+      dialog.grab().toImage().save(folder + u'/' + QLatin1String(name) + QStringLiteral(".png"));
+  }
+  /// How far what is drawn stands out from its ground, 0 to 255, at the most.
+  int Contrast() {
+    const QImage image = Picture().grab().toImage().convertToFormat(QImage::Format_Grayscale8);
+    int darkest = 255, lightest = 0;
+    for (int y = 0; y < image.height(); ++y)
+      for (int x = 0; x < image.width(); ++x) {
+        darkest = std::min(darkest, qGray(image.pixel(x, y)));
+        lightest = std::max(lightest, qGray(image.pixel(x, y)));
+      }
+    return lightest - darkest;
+  }
+
+  CFrmMakeSeismicWave2Refer dialog{nullptr};
+};
+
+TEST_F(ReferTest, HasItsTitleAPictureAndOneButton) {
+  EXPECT_EQ(dialog.windowTitle(), "距離減衰式について");
+  const QList<QAbstractButton*> buttons = dialog.findChildren<QAbstractButton*>();
+  ASSERT_EQ(buttons.size(), 1);
+  EXPECT_EQ(buttons[0]->text(), "閉じる");
+  KeepPicture("refer");
+}
+
+TEST_F(ReferTest, ItsWholeTextIsHeard) {
+  const QString text = Picture().accessibleDescription();
+  for (const char* const part :
+       {"最短距離", "等価震源距離", "5.0", "6.0", "マグニチュード", "地盤種別", "深さ (km)", "gal", "2 km",
+        "H20_MinDis_H.csv", "H20_Ehd_H.csv", "H20_MinDis_V.csv", "H20_Ehd_V.csv"})
+    EXPECT_TRUE(text.contains(QString::fromUtf8(part))) << part;
+  EXPECT_FALSE(Picture().accessibleName().isEmpty());
+}
+
+TEST_F(ReferTest, AllOfThePictureIsInSight) {
+  QWidget* const body = dialog.findChild<QWidget*>(QStringLiteral("body"));
+  EXPECT_GE(body->width(), Picture().width());
+  EXPECT_GE(body->height(), Picture().height());
+  EXPECT_LE(dialog.width(), 1000);
+  EXPECT_LE(dialog.height(), 700);
+}
+
+/// Along its edges the picture is bare: nothing runs out of it.
+TEST_F(ReferTest, NothingIsCutAtTheEdges) {
+  const QImage image = Picture().grab().toImage().convertToFormat(QImage::Format_RGB32);
+  const QRgb ground = image.pixel(0, 0);
+  for (int x = 0; x < image.width(); ++x)
+    for (const int y : {0, 2, image.height() - 3, image.height() - 1})
+      ASSERT_EQ(image.pixel(x, y), ground) << x << ' ' << y;
+  for (int y = 0; y < image.height(); ++y)
+    for (const int x : {0, 2, image.width() - 3, image.width() - 1})
+      ASSERT_EQ(image.pixel(x, y), ground) << x << ' ' << y;
+}
+
+TEST_F(ReferTest, OnADarkPaletteItIsAsReadable) {
+  EXPECT_GT(Contrast(), 180);
+  PaletteChange palette;
+  palette.ToDark();
+  EXPECT_LT(qGray(Picture().grab().toImage().pixel(0, 0)), 128);
+  EXPECT_GT(Contrast(), 150);
+  KeepPicture("refer-dark");
+}
+
+TEST_F(ReferTest, AtTwiceTheScaleItIsDrawnSharperNotLarger) {
+  QImage twice(Picture().size() * 2, QImage::Format_RGB32);
+  twice.setDevicePixelRatio(2.0);
+  Picture().render(&twice);
+  const QImage enlarged =
+      Picture().grab().toImage().convertToFormat(QImage::Format_RGB32).scaled(twice.size());
+  EXPECT_NE(twice.convertToFormat(QImage::Format_RGB32), enlarged);
+}
+
+TEST_F(ReferTest, TheButtonAndEscapeCloseIt) {
+  EXPECT_TRUE(dialog.findChild<QWidget*>(QStringLiteral("close"))->hasFocus());
+  QTest::keyClick(&dialog, Qt::Key_Return);
+  EXPECT_FALSE(dialog.isVisible());
+  dialog.show();
+  QTest::keyClick(&dialog, Qt::Key_Escape);
+  EXPECT_FALSE(dialog.isVisible());
+}
+
+}  // namespace
+}  // namespace tremlo::test
