@@ -18,6 +18,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace tremlo {
 
 namespace {
@@ -174,7 +176,10 @@ void CFrmMakeSeismicWave2::Refresh() {
 void CFrmMakeSeismicWave2::ShowPlanes() {
   m_relationGrid->Refresh();
   m_planeGrid->Refresh();
-  for (QAbstractButton* const button : m_allButtons) button->setEnabled(m_planes->RowCount() > 0);
+  const int planes = m_planeGrid->RowCount();
+  // Of few planes the grid takes what it needs, and the graph has the rest.
+  m_planeGrid->setMaximumHeight(HeightOf(*m_planeGrid, std::max(planes, kFewestPlanes)));
+  for (QAbstractButton* const button : m_allButtons) button->setEnabled(planes > 0);
   m_graphPanel->Refresh();
 }
 

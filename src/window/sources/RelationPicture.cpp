@@ -14,16 +14,17 @@ namespace {
 
 // In heights of a line of text.
 constexpr double kMargin = 1.2;
-constexpr QSizeF kSketch{22.0, 17.0};
-constexpr double kFormulaWidth = 38.0;
+constexpr QSizeF kSketch{19.0, 14.0};
+constexpr double kFormulaWidth = 34.0;
 
+const QString kLetterFonts = QStringLiteral("'Times New Roman', 'Liberation Serif', serif");
 const QColor kFault(0xD0, 0x50, 0x20);  // stands out on a light and on a dark ground
 
 /// Places of the sketch, as shares of its width and height.
 constexpr double kGround = 0.22;
 constexpr QPointF kSite{0.16, kGround};
-constexpr QPointF kUpperEdge{0.46, 0.40};
-constexpr QPointF kLowerEdge{0.94, 0.86};
+constexpr QPointF kUpperEdge{0.50, 0.47};
+constexpr QPointF kLowerEdge{0.84, 0.97};
 constexpr int kCells = 4;
 
 QPointF OnFault(double share) {
@@ -36,15 +37,15 @@ void Fill(QTextDocument& document, const QFont& font, const QString& html, doubl
   document.setDefaultFont(font);
   document.setDefaultStyleSheet(
       QStringLiteral("p { margin: 0 }"
+                     "i { font-family: %4 }"
                      ".title { margin-top: %1px }"
-                     ".formula { font-family: 'Times New Roman', 'Liberation Serif', serif;"
-                     "           font-size: %2pt; margin-left: %1px; margin-top: %3px }"
+                     ".formula { font-family: %4; font-size: %2pt; margin-left: %1px; margin-top: %3px }"
                      ".note { margin-left: %1px; margin-top: %3px }"
-                     ".letter { font-family: 'Times New Roman', 'Liberation Serif', serif;"
-                     "          font-size: %2pt; padding-right: %1px }")
+                     ".letter { padding-right: %1px }")
           .arg(size * 1.2)
           .arg(size * 1.25)
-          .arg(size * 0.5));
+          .arg(size * 0.5)
+          .arg(kLetterFonts));
   document.setHtml(html);
   document.setTextWidth(width);
 }
@@ -90,9 +91,19 @@ void RelationPicture::PaintSketch(QPainter& painter, const QRectF& area) const {
   const auto at = [&](const QPointF& share) {
     return QPointF(area.left() + area.width() * share.x(), area.top() + area.height() * share.y());
   };
-  const auto letter = [&](const QPointF& middle, const QString& text) {
+  const auto word = [&](const QPointF& middle, const QString& text) {
     const QRectF box(middle - QPointF(6.0, 1.0) * unit, QSizeF(12.0, 2.0) * unit);
     painter.drawText(box, Qt::AlignCenter, text);
+  };
+  const auto letter = [&](const QPointF& middle, const QString& text) {
+    QFont font = this->font();
+    font.setFamilies(
+        {QStringLiteral("Times New Roman"), QStringLiteral("Liberation Serif"), QStringLiteral("serif")});
+    font.setItalic(true);
+    font.setPointSizeF(font.pointSizeF() * 1.25);
+    painter.setFont(font);
+    word(middle, text);
+    painter.setFont(this->font());
   };
   const QColor ink = palette().color(QPalette::Text);
   const QPointF site = at(kSite);
@@ -101,8 +112,8 @@ void RelationPicture::PaintSketch(QPainter& painter, const QRectF& area) const {
 
   painter.setPen(QPen(ink, 1.5));
   painter.drawLine(at({0.0, kGround}), at({1.0, kGround}));
-  letter(at({0.88, kGround - 0.07}), QStringLiteral("地表"));
-  letter(site - QPointF(0.0, 1.8 * unit), QStringLiteral("現場"));
+  word(at({0.90, kGround - 0.07}), QStringLiteral("地表"));
+  word(site - QPointF(0.0, 1.8 * unit), QStringLiteral("現場"));
   painter.setBrush(ink);
   painter.drawPolygon(QPolygonF{site, site + QPointF(-0.5, -0.9) * unit, site + QPointF(0.5, -0.9) * unit});
 
@@ -121,10 +132,10 @@ void RelationPicture::PaintSketch(QPainter& painter, const QRectF& area) const {
     painter.drawEllipse(at(OnFault((cell + 0.5) / kCells)), 0.3 * unit, 0.3 * unit);
 
   painter.setPen(ink);
-  letter(at({0.34, 0.26}), QStringLiteral("X"));
-  letter(at({0.40, 0.60}), QStringLiteral("rₖ"));
+  letter(at({0.37, 0.31}), QStringLiteral("X"));
+  letter(at({0.40, 0.68}), QStringLiteral("rₖ"));
   letter(middle * 0.5 + above * 0.5 + QPointF(0.8 * unit, 0.0), QStringLiteral("D"));
-  letter(at({0.72, 0.92}), QStringLiteral("断層面"));
+  word(at({0.90, 0.80}), QStringLiteral("断層面"));
 }
 
 }  // namespace tremlo

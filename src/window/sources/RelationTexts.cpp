@@ -44,8 +44,9 @@ std::vector<std::pair<QString, QString>> Terms() {
        QStringLiteral("周期ごとの係数。<i>a</i>、<i>b</i>、<i>c</i>、<i>d</i>、<i>e</i>、<i>f</i>、<i>g</i> "
                       "の順に表の第6、7、8、12、10、9、11列")},
       {QStringLiteral("表"),
-       QStringLiteral("フォルダー DamCoef。水平：H20_MinDis_H.csv（最短距離）、H20_Ehd_H.csv（等価震源距離）"
-                      "　鉛直：H20_MinDis_V.csv（最短距離）、H20_Ehd_V.csv（等価震源距離）")},
+       QStringLiteral("フォルダー DamCoef<br>"
+                      "水平：H20_MinDis_H.csv（最短距離）、H20_Ehd_H.csv（等価震源距離）<br>"
+                      "鉛直：H20_MinDis_V.csv（最短距離）、H20_Ehd_V.csv（等価震源距離）")},
   };
 }
 
