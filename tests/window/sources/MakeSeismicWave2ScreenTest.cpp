@@ -2,6 +2,7 @@
 #include "core/project/BaseSpectrum.h"
 #include "core/project/ProjectFile.h"
 #include "support/OfferedAction.h"
+#include "support/PaletteChange.h"
 #include "window/sources/FaultProject.h"
 #include "window/sources/FrmMakeSeismicWave2.h"
 #include "window/sources/SourceScreenTest.h"
@@ -620,6 +621,16 @@ TEST_F(FaultSpectraScreen, TheTabKeyFollowsTheReadingOrder) {
       TabOrder("resetButton", 11),
       ElementsAre("resetButton", "relationGrid", "referButton", "showAllButton", "showNoneButton",
                   "useAllButton", "useNoneButton", "planeGrid", "graph", "copyButton", "settingsButton"));
+}
+
+/// The graph keeps its white ground, on which the colours of the curves can be read.
+TEST_F(FaultSpectraScreen, OnADarkPaletteTheGraphStaysAsItIs) {
+  Open();
+  const QImage graph = driver->Find<QWidget>("graph").grab().toImage();
+  PaletteChange palette;
+  palette.ToDark();
+  EXPECT_EQ(driver->Find<QWidget>("graph").grab().toImage(), graph);
+  KeepPicture("fault-spectra-dark");
 }
 
 TEST_F(FaultSpectraScreen, ReadersHearTheColumnAndStateOfACheckCell) {
