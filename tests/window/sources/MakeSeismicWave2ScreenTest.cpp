@@ -13,6 +13,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QScrollBar>
+#include <QSignalSpy>
 #include <QStatusTipEvent>
 #include <QWindow>
 
@@ -174,6 +175,15 @@ TEST_F(FaultSpectraScreen, RefreshChangesNoByteAndComputesNothing) {
     Settle();
     driver->Picture();
   });
+}
+
+TEST_F(FaultSpectraScreen, ARefreshPaintsBothGridsAnew) {
+  Open();
+  const QSignalSpy relations(driver->Grid("relationGrid").model(), &QAbstractItemModel::dataChanged);
+  const QSignalSpy planes(driver->Grid("planeGrid").model(), &QAbstractItemModel::dataChanged);
+  procedure->RefreshFaultScreens();
+  EXPECT_FALSE(relations.isEmpty());
+  EXPECT_FALSE(planes.isEmpty());
 }
 
 TEST_F(FaultSpectraScreen, AProjectWithoutFaultsComesBehindThreePlanes) {
@@ -597,8 +607,10 @@ TEST_F(FaultSpectraScreen, TheSettingsDialogWorksOnItsRecordAndThePlanesColours)
     ASSERT_EQ(colors.RowCount(), 3);
     EXPECT_EQ(colors.GetCellText(3, 1), "(2)北");
     colors.SetColorChooser([](QWidget*, std::int32_t) { return std::optional<std::int32_t>(0x0000FF); });
+    const QSignalSpy shown(driver->Grid("planeGrid").model(), &QAbstractItemModel::dataChanged);
     colors.Press(3, 2);
     Settle();
+    EXPECT_FALSE(shown.isEmpty());  // the patch in the grid behind the dialog is painted anew
     EXPECT_EQ(doc.faults[1].attenColor[1], 0x0000FF);
     EXPECT_EQ(driver->Cell("planeGrid", 3, kColor), "#FF0000");
     PressIn(dialog, "spectrumLogCheck");
