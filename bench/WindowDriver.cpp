@@ -6,17 +6,12 @@
 #include <QWheelEvent>
 #include <QWindow>
 
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
 namespace tremlo {
 
 namespace {
-
-constexpr int kTickMs = 2;
-/// Longer than the window system waits before it has a window painted.
-constexpr int kTicksToPaint = 20;
 
 ProgramSettings SettingsOf(const ProgramFolder& folder, const ServiceSettings& services) {
   ProgramSettings settings;
@@ -35,11 +30,6 @@ ProgramDoors DoorsTo(Prompt& prompt, FileDialogs& files) {
   return doors;
 }
 
-const char* NoteOf(StepKind kind) {
-  if (kind == StepKind::Spectrum) return "computes the spectrum under the wait cursor";
-  return kind == StepKind::ModalRun ? "behind the dialog of the run" : "";
-}
-
 }  // namespace
 
 PromptAnswer WindowDriver::Answers::Show(const PromptBox& box) {
@@ -52,47 +42,20 @@ PromptAnswer WindowDriver::Answers::Show(const PromptBox& box) {
 }
 
 WindowDriver::WindowDriver(const ProgramFolder& folder, const ServiceSettings& services)
-    : m_app(SettingsOf(folder, services), ProgramScreens(), DoorsTo(m_answers, m_files)), m_watch(kTickMs) {
+    : m_app(SettingsOf(folder, services), ProgramScreens(), DoorsTo(m_answers, m_files)) {
   if (m_app.Start({QStringLiteral("tremlo")})) std::abort();
   Frame().activateWindow();
-  m_watch.RunTicks(kTicksToPaint);
-}
-
-WindowDriver::Row& WindowDriver::RowOf(const char* step, StepKind kind) {
-  auto row = std::find_if(m_rows.begin(), m_rows.end(), [&](const Row& r) { return r.step == step; });
-  if (row == m_rows.end()) row = m_rows.insert(m_rows.end(), {step, kind, {}});
-  row->longest.resize(m_round);
-  return *row;
-}
-
-void WindowDriver::Do(const char* step, const std::function<void()>& act, StepKind kind) {
-  m_watch.RunTicks(1);
-  m_watch.Forget();
-  QTimer::singleShot(0, &Frame(), act);
-  m_watch.RunTicks(kTicksToPaint);
-  double& longest = RowOf(step, kind).longest.back();
-  longest = std::max(longest, m_watch.LongestMs());
+  m_steps.Settle();
 }
 
 void WindowDriver::DoWithDialog(const char* step, const std::function<void()>& open,
                                 const std::function<void(QWidget*)>& inDialog) {
-  const int painted = kTickMs * kTicksToPaint;
+  const int painted = StepTable::kTickMs * StepTable::kTicksToPaint;
   QTimer::singleShot(painted, &Frame(), [&] { inDialog(QApplication::activeModalWidget()); });
   QTimer::singleShot(2 * painted, &Frame(),
                      [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
   Do(step, open);
   Frame().activateWindow();  // as a window manager does
-}
-
-void WindowDriver::Print() const {
-  std::printf("| step | longest stall, ms (median of %zu rounds) | of all rounds | |\n|---|---|---|---|\n",
-              m_round);
-  for (const Row& row : m_rows) {
-    std::vector<double> sorted = row.longest;
-    std::sort(sorted.begin(), sorted.end());
-    std::printf("| %s | %.0f | %.0f | %s |\n", row.step.c_str(), sorted[sorted.size() / 2], sorted.back(),
-                NoteOf(row.kind));
-  }
 }
 
 void WindowDriver::Click(QWidget& control) {

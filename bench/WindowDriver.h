@@ -1,40 +1,29 @@
 #pragma once
 
-#include "EventLoopWatch.h"
 #include "ProgramFolder.h"
+#include "StepTable.h"
 #include "window/shell/MorvaneApp.h"
 
 #include <functional>
-#include <string>
-#include <vector>
 
 namespace tremlo {
 
-/// What may keep the event loop for long by its nature.
-enum class StepKind {
-  Plain,
-  Spectrum,  ///< the response spectrum that a screen computes when it first paints it, under the wait cursor
-  ModalRun,  ///< a run behind its dialog, which leaves the event loop free
-};
-
-/// The program with its window on the short route, worked by mouse and keys. Every action begins from the
-/// event loop, which then runs until all is painted that follows from it.
+/// The program with its window on the short route, worked by mouse and keys. What is done is noted in a table
+/// of steps.
 class WindowDriver {
  public:
   /// Starts the program with a new project. `services`: those of the probes.
   WindowDriver(const ProgramFolder& folder, const ServiceSettings& services);
 
-  /// Acts and notes for the step the longest time in which the event loop did not turn. A step of several
-  /// actions counts the longest of all.
-  void Do(const char* step, const std::function<void()>& act, StepKind kind = StepKind::Plain);
+  void Do(const char* step, const std::function<void()>& act, StepKind kind = StepKind::Plain) {
+    m_steps.Do(step, act, kind);
+  }
   /// The same for an action that opens a dialog: `inDialog` acts on it once it is painted, then Esc closes
   /// it.
   void DoWithDialog(const char* step, const std::function<void()>& open,
                     const std::function<void(QWidget*)>& inDialog);
-  /// What is noted from here on belongs to the next round.
-  void BeginRound() { ++m_round; }
-  /// Prints the steps as a Markdown table.
-  void Print() const;
+  void BeginRound() { m_steps.BeginRound(); }
+  void Print() const { m_steps.Print(); }
 
   CMainFrame& Frame() { return *m_app.Frame(); }
   CMorvaneDoc& Doc() { return m_app.Document(); }
@@ -70,20 +59,10 @@ class WindowDriver {
    private:
     const QString& m_next;
   };
-  struct Row {
-    std::string step;
-    StepKind kind;
-    std::vector<double> longest;  ///< ms, by round
-  };
-
-  Row& RowOf(const char* step, StepKind kind);
-
   Answers m_answers;
   Files m_files{nextFile};
   CMorvaneApp m_app;
-  EventLoopWatch m_watch;
-  std::vector<Row> m_rows;
-  std::size_t m_round = 0;
+  StepTable m_steps;
 };
 
 }  // namespace tremlo

@@ -2,6 +2,7 @@
 
 #include "core/graphs/CellNumber.h"
 #include "core/graphs/ColorText.h"
+#include "core/graphs/CurvePalette.h"
 #include "core/project/FaultRows.h"
 #include "core/project/PlaneNames.h"
 
@@ -104,6 +105,24 @@ void AttenuationRows::Take(int row, int column, const QString& text) {
 
 void AttenuationRows::ShowAll(bool shown) {
   for (FaultInfo& fault : m_doc.faults) std::fill(fault.attenShow.begin(), fault.attenShow.end(), shown);
+  m_doc.SetModified(true);
+}
+
+std::vector<CurveColor> AttenuationRows::Colors() {
+  std::vector<CurveColor> colors;
+  for (FaultInfo& fault : m_doc.faults)
+    for (std::size_t plane = 0; plane < PlaneCount(fault, fault.attenUse, fault.attenColor); ++plane)
+      colors.push_back({PlaneName(fault, plane), &fault.attenColor[plane]});
+  return colors;
+}
+
+void AttenuationRows::ResetColors() {
+  std::size_t number = 0;
+  for (FaultInfo& fault : m_doc.faults) {
+    for (std::size_t plane = 0; plane < PlaneCount(fault, fault.attenUse, fault.attenColor); ++plane)
+      fault.attenColor[plane] = PaletteColor(number + plane);
+    number += PlaneCount(fault);
+  }
   m_doc.SetModified(true);
 }
 

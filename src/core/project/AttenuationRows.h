@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/graphs/ColorRows.h"
 #include "core/graphs/TitledRows.h"
 #include "core/project/ChangeRules.h"
 
@@ -21,6 +22,11 @@ class AttenuationRows : public TitledRows {
   void ShowAll(bool shown);
   /// "全て利用する" and "全て利用しない".
   bool UseAll(bool use) { return m_rules.SetAllPlanesUse(use); }
+
+  /// The colours of the planes in the graph, row by row; good until the faults change.
+  std::vector<CurveColor> Colors();
+  /// Gives every plane the colour of the palette that it had after the acquisition.
+  void ResetColors();
 
  protected:
   QString CellText(int row, int column) const override;

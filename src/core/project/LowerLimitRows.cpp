@@ -1,7 +1,5 @@
 #include "core/project/LowerLimitRows.h"
 
-#include <algorithm>
-
 namespace tremlo {
 
 namespace {
@@ -9,10 +7,8 @@ namespace {
 enum Columns { kNumber = 1, kName, kSelected };
 
 bool IsSelectedName(const CSeismicWaveSet& limits, const QString& name) {
-  const std::vector<CSeismicWave>& records = limits.Records();
-  const auto selected = std::find_if(records.begin(), records.end(),
-                                     [](const CSeismicWave& limit) { return limit.lowerSelected; });
-  return selected != records.end() && selected->name == name;
+  const CSeismicWave* const selected = limits.Selected();
+  return selected && selected->name == name;
 }
 
 }  // namespace

@@ -4,8 +4,6 @@
 #include "core/project/BaseSpectrumView.h"
 #include "core/project/ResponseRoute.h"
 
-#include <algorithm>
-
 namespace tremlo {
 
 namespace {
@@ -58,10 +56,7 @@ std::vector<GraphSeries> NeighbourCurves(const CMorvaneDoc& doc) {
 
 std::vector<GraphSeries> LowerLimitCurve(const CMorvaneDoc& doc) {
   std::vector<GraphSeries> curves;
-  const std::vector<CSeismicWave>& limits = doc.lowerSpectra.Records();
-  const auto selected = std::find_if(limits.begin(), limits.end(),
-                                     [](const CSeismicWave& limit) { return limit.lowerSelected; });
-  if (selected != limits.end())
+  if (const CSeismicWave* const selected = doc.lowerSpectra.Selected())
     AddCurve(curves, selected->name, {selected->periods, selected->accSpec},
              {.color = selected->lowerGraph.specColor});
   return curves;

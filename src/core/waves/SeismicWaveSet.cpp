@@ -4,6 +4,7 @@
 #include <functional>
 #include <limits>
 #include <optional>
+#include <utility>
 
 namespace tremlo {
 
@@ -99,13 +100,8 @@ void CSeismicWaveSet::ResetOrigGraph(const QString& name) {
 }
 
 void CSeismicWaveSet::ResetOrigColors(const QString& name) {
-  const WaveGraphSetting fresh;
-  for (CSeismicWave& wave : m_waves) {
-    if (wave.name != name) continue;
-    wave.origGraph.timeColor = fresh.timeColor;
-    wave.origGraph.specColor = fresh.specColor;
-    wave.origGraph.fourierColor = fresh.fourierColor;
-  }
+  for (CSeismicWave& wave : m_waves)
+    if (wave.name == name) ResetColors(wave.origGraph);
 }
 
 void CSeismicWaveSet::MaxAcc(const QString& name, double& value, double& time) const {
@@ -159,6 +155,16 @@ void CSeismicWaveSet::SelectCurrent(const QString& name) {
   for (CSeismicWave& wave : m_waves) wave.current = wave.name == name;
 }
 
+const CSeismicWave* CSeismicWaveSet::Selected() const {
+  const auto found = std::find_if(m_waves.begin(), m_waves.end(),
+                                  [](const CSeismicWave& wave) { return wave.lowerSelected; });
+  return found == m_waves.end() ? nullptr : &*found;
+}
+
+CSeismicWave* CSeismicWaveSet::Selected() {
+  return const_cast<CSeismicWave*>(std::as_const(*this).Selected());
+}
+
 QString CSeismicWaveSet::SelectedName() const {
   return SelectedValue(&CSeismicWave::name);
 }
@@ -208,12 +214,6 @@ void CSeismicWaveSet::ClearBaseSelected() {
 const CSeismicWave* CSeismicWaveSet::Find(const QString& name) const {
   const std::size_t index = IndexOf(name);
   return index < m_waves.size() ? &m_waves[index] : nullptr;
-}
-
-const CSeismicWave* CSeismicWaveSet::Selected() const {
-  const auto found = std::find_if(m_waves.begin(), m_waves.end(),
-                                  [](const CSeismicWave& wave) { return wave.lowerSelected; });
-  return found == m_waves.end() ? nullptr : &*found;
 }
 
 void CSeismicWaveSet::SetElement(const QString& name, std::vector<double> CSeismicWave::*member,

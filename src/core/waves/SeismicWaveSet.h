@@ -87,7 +87,10 @@ class CSeismicWaveSet {
   QString CurrentName() const;
   void SelectCurrent(const QString& name);
 
-  /// Getters of the selected record: the first with `lowerSelected` set; defaults when none is.
+  /// The selected record itself: the first with `lowerSelected` set; null when none is.
+  CSeismicWave* Selected();
+  const CSeismicWave* Selected() const;
+  /// Getters of the selected record; defaults when there is none.
   QString SelectedName() const;
   std::vector<double> SelectedPeriods() const;
   std::vector<double> SelectedAccSpec() const;
@@ -108,7 +111,6 @@ class CSeismicWaveSet {
 
  private:
   const CSeismicWave* Find(const QString& name) const;
-  const CSeismicWave* Selected() const;
   template <class T>
   T Value(const QString& name, T CSeismicWave::*member) const {
     const CSeismicWave* wave = Find(name);

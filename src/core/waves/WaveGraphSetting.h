@@ -34,4 +34,12 @@ inline WaveGraphSetting DefaultLowerGraph() {
   return graph;
 }
 
+/// Puts the three colours of a block alone back.
+inline void ResetColors(WaveGraphSetting& graph) {
+  const WaveGraphSetting fresh;
+  graph.timeColor = fresh.timeColor;
+  graph.specColor = fresh.specColor;
+  graph.fourierColor = fresh.fourierColor;
+}
+
 }  // namespace tremlo

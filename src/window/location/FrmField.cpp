@@ -4,6 +4,7 @@
 #include "core/location/PlaneZone.h"
 #include "core/location/PositionTexts.h"
 #include "window/graphs/ExpButton.h"
+#include "window/graphs/GridSize.h"
 #include "window/graphs/NamedControl.h"
 #include "window/graphs/RefuseEmpty.h"
 #include "window/graphs/Spread7.h"
@@ -31,18 +32,6 @@ constexpr int kZoneWidth = 170;
 constexpr int kFewestComments = 4;                ///< rows in sight in a small window
 constexpr std::int32_t kZoneGreyArea = 0xFFFFDB;  // 0x00BBGGRR
 constexpr std::int32_t kZoneSelectedCells = 0xCFFFFF;
-
-int HeightOf(const CSpread7& grid, int rows) {
-  const int header = grid.horizontalHeader()->isHidden() ? 0 : grid.horizontalHeader()->sizeHint().height();
-  return header + rows * grid.verticalHeader()->defaultSectionSize() + 2 * grid.frameWidth();
-}
-
-/// All rows and columns in sight: nothing to scroll.
-void FitRows(CSpread7& grid) {
-  grid.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  grid.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  grid.setFixedHeight(HeightOf(grid, grid.RowCount()));
-}
 
 QGroupBox* InGroup(const QString& title, CSpread7* grid) {
   auto* const group = new QGroupBox(title);

@@ -135,10 +135,11 @@ void CMorvaneApp::MakeFrame() {
   m_projects.emplace(ProjectCommandParts{m_doc, m_prompt, m_files, *m_procedure, m_recent, *this});
   m_parts.emplace(ScreenParts{m_doc, m_prompt, m_files, *m_procedure, *m_rules, m_online, m_settings.services,
                               m_gate, [this](SwitchOutcome outcome) { Follow(outcome); },
-                              [this] { EditApiParameters(); }});
+                              [this] { EditApiParameters(); },
+                              [this] { return m_table.runs.calculateFaultSpectra(*m_parts); }});
   m_gate.SetScreenOnDisplay([this] { return m_ended ? nullptr : m_frame->ScreenOnDisplay(); });
   m_frame->SetRuns([this] { return m_table.runs.computeMissingSpectra(*m_parts); },
-                   [this] { return m_table.runs.calculateFaultSpectra(*m_parts); },
+                   m_parts->calculateFaultSpectra,
                    [this] { return m_table.runs.runRespAdjustment(*m_parts); });
   ConnectFrame();
   ConnectFileMenu();

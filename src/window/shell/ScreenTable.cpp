@@ -1,6 +1,7 @@
 #include "window/shell/ScreenTable.h"
 
 #include "core/location/TileDownload.h"
+#include "core/project/LastAcquisition.h"
 #include "core/sources/DamSpectra.h"
 #include "core/waves/FitText.h"
 #include "window/graphs/FrontWindow.h"
@@ -13,6 +14,8 @@
 #include "window/sources/FrmMakeSeismicWave1.h"
 #include "window/sources/FrmBaseSpectrum.h"
 #include "window/sources/FrmDamsiteWave.h"
+#include "window/sources/FrmLowerSpectrum.h"
+#include "window/sources/FrmMakeSeismicWave2.h"
 #include "window/waves/DlgAdjustSetting.h"
 #include "window/waves/FrmRespAdjustSpectrum.h"
 #include "window/waves/FrmRespOrigSeismicWave.h"
@@ -120,6 +123,22 @@ void AddBaseSpectrum(ScreenTable& table) {
   };
 }
 
+/// The spectra of the acquired faults.
+void AddFaultSpectra(ScreenTable& table) {
+  table.screens[ScreenId::MakeSeismicWave2] = [](const ScreenParts& parts) {
+    return new CFrmMakeSeismicWave2(parts.doc, parts.prompt, parts.procedure, parts.rules, parts.gate,
+                                    {.calculate = parts.calculateFaultSpectra,
+                                     .follow = parts.follow,
+                                     .acquisitionText = [&doc = parts.doc] { return LastAcquisitionLine(doc); }});
+  };
+}
+
+void AddLowerLimit(ScreenTable& table) {
+  table.screens[ScreenId::LowerSpectrum] = [](const ScreenParts& parts) {
+    return new CFrmLowerSpectrum(parts.doc, parts.prompt, parts.rules, parts.gate);
+  };
+}
+
 }  // namespace
 
 bool ScreenTable::HasRoute(bool guidelineRoute) const {
@@ -139,6 +158,8 @@ ScreenTable ProgramScreens() {
   AddFaults(table);
   AddCharts(table);
   AddBaseSpectrum(table);
+  AddFaultSpectra(table);
+  AddLowerLimit(table);
   AddResponseRoute(table);
   return table;
 }

@@ -26,6 +26,9 @@ struct ScreenParts {
   std::function<void(SwitchOutcome)> follow;
   /// The command "断層APIパラメータ設定" as the menu gives it: its questions, then its dialog.
   std::function<void()> editApiParameters;
+  /// Computes the spectra of all planes afresh, as ScreenHost says. Behind a false the screen ends the
+  /// program by `follow`.
+  std::function<bool()> calculateFaultSpectra;
 };
 
 /// The calculations of the gates, which screens share. Each reports as ScreenHost says.

@@ -1,6 +1,7 @@
 #include "core/project/AttenuationRows.h"
 #include "core/project/BaseSpectrum.h"
 #include "core/project/ChangeQuestions.h"
+#include "core/project/DocumentAcquisition.h"
 #include "core/project/RelationRows.h"
 #include "support/DocumentState.h"
 #include "support/GridPress.h"
@@ -137,6 +138,45 @@ TEST(AttenuationRows, TheButtonsReachEveryPlane) {
   EXPECT_THAT(ColumnTexts(grids.planes, kUse), ElementsAre("0", "0", "0"));
   EXPECT_TRUE(grids.planes.UseAll(true));
   EXPECT_THAT(ColumnTexts(grids.planes, kUse), ElementsAre("1", "1", "1"));
+}
+
+TEST(AttenuationRows, TheColoursAreThoseOfTheRecordUnderTheNamesOfTheRows) {
+  Grids grids;
+  const std::vector<CurveColor> colors = grids.planes.Colors();
+  ASSERT_EQ(colors.size(), 3U);
+  EXPECT_EQ(colors[0].name, "南");
+  EXPECT_EQ(colors[2].name, "(2)北");
+  *colors[2].color = 7;
+  EXPECT_EQ(grids.doc.faults[1].attenColor, (std::vector<std::int32_t>{0x102030, 7}));
+}
+
+TEST(AttenuationRows, AResetGivesEveryPlaneTheColourOfItsAcquisition) {
+  Grids grids(test::kPlaneLabel);
+  const std::vector<FaultInfo> before = grids.doc.faults;
+  FaultAcquisitionResult result;
+  result.changed = true;
+  StoreAcquisition(grids.doc, {}, result, before);
+  const std::vector<FaultInfo> acquired = grids.doc.faults;
+  for (const CurveColor& color : grids.planes.Colors()) *color.color = 0;
+  grids.doc.faults[0].shortBaseColor[0] = 5;
+  grids.doc.SetModified(false);
+  grids.planes.ResetColors();
+  for (const std::size_t i : {0U, 1U}) EXPECT_EQ(grids.doc.faults[i].attenColor, acquired[i].attenColor);
+  EXPECT_EQ(grids.doc.faults[0].shortBaseColor[0], 5);  // not of this screen
+  EXPECT_NE(grids.doc.faults[1].attenColor[0], grids.doc.faults[1].attenColor[1]);
+  EXPECT_TRUE(grids.doc.IsModified());
+}
+
+TEST(AttenuationRows, AColourThatIsMissingMovesNoOther) {
+  Grids grids;
+  FaultAcquisitionResult result;
+  result.changed = true;
+  StoreAcquisition(grids.doc, {}, result, std::vector<FaultInfo>(grids.doc.faults));
+  const std::vector<std::int32_t> acquired = grids.doc.faults[1].attenColor;
+  grids.doc.faults[0].attenColor.clear();
+  EXPECT_EQ(grids.planes.Colors().size(), 2U);
+  grids.planes.ResetColors();
+  EXPECT_EQ(grids.doc.faults[1].attenColor, acquired);
 }
 
 TEST(AttenuationRows, AllOutOfUseIsGuarded) {
