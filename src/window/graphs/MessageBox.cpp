@@ -1,6 +1,7 @@
 #include "window/graphs/MessageBox.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -41,6 +42,13 @@ void AddAnswers(QMessageBox& box, PromptButtons buttons) {
     AddAnswer(box, PromptAnswer::Cancel, QStringLiteral("キャンセル"), "cancel");
 }
 
+/// The format of the box is that of its first text alone.
+void ShowDetails(QMessageBox& box, const QString& details) {
+  box.setInformativeText(details);
+  for (QLabel* const label : box.findChildren<QLabel*>())
+    if (label->text() == details) label->setTextFormat(Qt::PlainText);
+}
+
 }  // namespace
 
 PromptAnswer ShowMessageBox(QWidget* parent, const PromptBox& box) {
@@ -49,6 +57,7 @@ PromptAnswer ShowMessageBox(QWidget* parent, const PromptBox& box) {
   window.setWindowTitle(box.title);
   window.setTextFormat(Qt::PlainText);
   window.setText(box.text);
+  if (!box.details.isEmpty()) ShowDetails(window, box.details);
   window.setIcon(IconOf(box.icon));
   AddAnswers(window, box.buttons);
   // Where the program waits with a wait cursor, the box has a pointer to be clicked with.
