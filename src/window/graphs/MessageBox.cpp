@@ -5,9 +5,13 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include <algorithm>
+
 namespace tremlo {
 
 namespace {
+
+constexpr int kWidestDetails = 560;  // in a small monitor's width
 
 QMessageBox::Icon IconOf(PromptIcon icon) {
   switch (icon) {
@@ -42,11 +46,17 @@ void AddAnswers(QMessageBox& box, PromptButtons buttons) {
     AddAnswer(box, PromptAnswer::Cancel, QStringLiteral("キャンセル"), "cancel");
 }
 
-/// The format of the box is that of its first text alone.
+/// The format of the box is that of its first text alone, and so is its width.
 void ShowDetails(QMessageBox& box, const QString& details) {
   box.setInformativeText(details);
-  for (QLabel* const label : box.findChildren<QLabel*>())
-    if (label->text() == details) label->setTextFormat(Qt::PlainText);
+  for (QLabel* const label : box.findChildren<QLabel*>()) {
+    if (label->text() != details) continue;
+    label->setTextFormat(Qt::PlainText);
+    int widest = 0;
+    for (const QString& line : details.split(u'\n'))
+      widest = std::max(widest, label->fontMetrics().horizontalAdvance(line));
+    label->setMinimumWidth(std::min(widest + 1, kWidestDetails));
+  }
 }
 
 }  // namespace

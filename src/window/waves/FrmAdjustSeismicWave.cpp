@@ -9,7 +9,7 @@
 #include "window/graphs/NamedControl.h"
 #include "window/graphs/Spread7.h"
 #include "window/graphs/WaveGraphPanel.h"
-#include "window/waves/FitLabel.h"
+#include "window/waves/NoteLabel.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -68,7 +68,7 @@ struct ColumnWidths {
 
 CFrmAdjustSeismicWave::CFrmAdjustSeismicWave(CMorvaneDoc& doc, Prompt& prompt, ChangeRules& rules,
                                              CommandGate& gate, AdjustRunner run, QWidget* parent)
-    : Screen(parent), m_doc(doc), m_gate(gate), m_fitLabel(new FitLabel(this)) {
+    : Screen(parent), m_doc(doc), m_gate(gate), m_fitLabel(new NoteLabel("fitLabel", QStringLiteral("適合度"), this)) {
   setAccessibleName(QStringLiteral("原種波形の振幅調整"));
   MakeButtons(prompt);
   MakeGrids(rules, prompt, std::move(run));

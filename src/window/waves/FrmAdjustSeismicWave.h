@@ -10,7 +10,7 @@ namespace tremlo {
 class CDrawGraph;
 class CommandGate;
 class CSpread7;
-class FitLabel;
+class NoteLabel;
 class WaveGraphPanel;
 
 /// "原種波形の振幅調整": the seed waves against the base spectrum. One of them is adopted and adjusted to it.
@@ -40,7 +40,7 @@ class CFrmAdjustSeismicWave : public Screen {
   QAbstractButton* m_hideAllButton;
   QAbstractButton* m_helpButton;
   WaveGraphPanel* m_graphPanel;
-  FitLabel* m_fitLabel;
+  NoteLabel* m_fitLabel;
 };
 
 }  // namespace tremlo

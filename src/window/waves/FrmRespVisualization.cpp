@@ -4,7 +4,7 @@
 #include "core/waves/FitText.h"
 #include "window/graphs/NamedControl.h"
 #include "window/graphs/WaitCursor.h"
-#include "window/waves/FitLabel.h"
+#include "window/waves/NoteLabel.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -16,7 +16,7 @@ CFrmRespVisualization::CFrmRespVisualization(CMorvaneDoc& doc, FileDialogs& file
     : WaveVisualization(doc, files, gate,
                         {QStringLiteral("原種波形の出力"), QStringLiteral("調整後波形の出力")}, parent),
       m_nameCombo(new QComboBox(this)),
-      m_fitLabel(new FitLabel(this)) {
+      m_fitLabel(new NoteLabel("fitLabel", QStringLiteral("適合度"), this)) {
   m_nameCombo->setObjectName(QStringLiteral("nameCombo"));
   m_nameCombo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   auto* const row = new QHBoxLayout;

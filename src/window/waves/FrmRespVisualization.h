@@ -7,7 +7,7 @@ class QComboBox;
 
 namespace tremlo {
 
-class FitLabel;
+class NoteLabel;
 
 /// "可視化" of the response route: the wave and what the run of its gate has made of it. Without a result it
 /// shows the seed wave alone.
@@ -33,7 +33,7 @@ class CFrmRespVisualization : public WaveVisualization {
   void TellFit();
 
   QComboBox* m_nameCombo;
-  FitLabel* m_fitLabel;
+  NoteLabel* m_fitLabel;
   std::optional<AdjustResult> m_run;   ///< the last one
   std::uint64_t m_runGeneration = 0;  ///< of its project
 };

@@ -13,6 +13,7 @@
 #include "window/graphs/NamedControl.h"
 #include "window/graphs/WaitCursor.h"
 #include "window/graphs/WaveGraphPanel.h"
+#include "window/waves/NoteLabel.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
@@ -120,10 +121,7 @@ void WaveVisualization::MakeGraphPanel() {
       {GraphKind::Time, GraphKind::Spectrum, GraphKind::Fourier},
       [this](GraphKind kind) { return MakeGraph(kind); }, settings, m_gate, this);
   connect(m_graphPanel, &WaveGraphPanel::KindShown, this, &WaveVisualization::ShowSwitches);
-  m_missingLabel = new QLabel(this);
-  m_missingLabel->setObjectName(QStringLiteral("missingLabel"));
-  m_missingLabel->setWordWrap(true);
-  m_missingLabel->hide();
+  m_missingLabel = new NoteLabel("missingLabel", QStringLiteral("注意"), this);
 }
 
 void WaveVisualization::BuildBody(QHBoxLayout* firstRow, std::vector<QWidget*> controls) {
@@ -175,9 +173,7 @@ void WaveVisualization::ShowSwitches() {
   m_targetCheck->setEnabled(spectrum && wave && TargetCurve(m_doc));
   m_targetCheck->setToolTip(spectrum ? QString()
                                      : QStringLiteral("周期－加速度応答スペクトルのグラフに表示します。"));
-  const QString missing = spectrum && wave && DrawsSeed() ? MissingSpectrumText(*wave) : QString();
-  m_missingLabel->setText(missing);
-  m_missingLabel->setVisible(!missing.isEmpty());
+  m_missingLabel->Tell(spectrum && wave && DrawsSeed() ? MissingSpectrumText(*wave) : QString());
 }
 
 void WaveVisualization::ShowTimeGraph() {

@@ -13,12 +13,12 @@
 class QAbstractButton;
 class QCheckBox;
 class QHBoxLayout;
-class QLabel;
 
 namespace tremlo {
 
 class CDrawGraph;
 class CExpEdit;
+class NoteLabel;
 class WaveGraphPanel;
 
 /// What the two screens "可視化" share: a seed wave and its adjusted wave in one graph of three kinds, with a
@@ -80,7 +80,7 @@ class WaveVisualization : public Screen {
   QAbstractButton* m_exportSeedButton;
   QAbstractButton* m_exportAdjustedButton;
   WaveGraphPanel* m_graphPanel;
-  QLabel* m_missingLabel;
+  NoteLabel* m_missingLabel;
 };
 
 }  // namespace tremlo
