@@ -23,8 +23,7 @@ void ScriptedPrompt::ExpectQuestion(const QString& text, PromptAnswer answer) {
 }
 
 void ScriptedPrompt::ExpectMessage(const QString& text, PromptIcon icon, const QString& details) {
-  ExpectBox({.text = text, .icon = icon, .buttons = PromptButtons::Ok, .details = details},
-            PromptAnswer::Ok);
+  ExpectBox({.text = text, .icon = icon, .buttons = PromptButtons::Ok, .details = details}, PromptAnswer::Ok);
 }
 
 void ScriptedPrompt::CheckUsedUp() {

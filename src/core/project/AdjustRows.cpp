@@ -118,9 +118,8 @@ void AdjustRows::ShowAll(bool shown) {
 QString AdjustRows::LastRunText() const {
   if (!m_lastRun || m_lastRun->generation != m_doc.Generation()) return {};
   const std::vector<CSeismicWave>& waves = m_doc.seedWaves.Records();
-  const bool there = std::any_of(waves.begin(), waves.end(), [this](const CSeismicWave& wave) {
-    return IsOf(*m_lastRun, m_doc, wave);
-  });
+  const bool there = std::any_of(waves.begin(), waves.end(),
+                                 [this](const CSeismicWave& wave) { return IsOf(*m_lastRun, m_doc, wave); });
   if (!there) return {};
   return QStringLiteral("「") + m_lastRun->wave + QStringLiteral("」　") + RunFitText(m_lastRun->result);
 }

@@ -4,14 +4,13 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 
 #include <algorithm>
 
 namespace tremlo {
 
 namespace {
-
-constexpr int kWidestDetails = 560;  // in a small monitor's width
 
 QMessageBox::Icon IconOf(PromptIcon icon) {
   switch (icon) {
@@ -55,7 +54,7 @@ void ShowDetails(QMessageBox& box, const QString& details) {
     int widest = 0;
     for (const QString& line : details.split(u'\n'))
       widest = std::max(widest, label->fontMetrics().horizontalAdvance(line));
-    label->setMinimumWidth(std::min(widest + 1, kWidestDetails));
+    label->setMinimumWidth(std::min(widest + 1, box.screen()->geometry().width() / 2));
   }
 }
 

@@ -53,7 +53,6 @@ int WidthOf(const CSpread7& grid, const QString& text) {
   return grid.fontMetrics().horizontalAdvance(text) + kCellPadding;
 }
 
-/// The figures of both grids stand below each other.
 struct ColumnWidths {
   explicit ColumnWidths(const CSpread7& grid)
       : number(WidthOf(grid, QStringLiteral("No.0"))),
@@ -68,7 +67,10 @@ struct ColumnWidths {
 
 CFrmAdjustSeismicWave::CFrmAdjustSeismicWave(CMorvaneDoc& doc, Prompt& prompt, ChangeRules& rules,
                                              CommandGate& gate, AdjustRunner run, QWidget* parent)
-    : Screen(parent), m_doc(doc), m_gate(gate), m_fitLabel(new NoteLabel("fitLabel", QStringLiteral("適合度"), this)) {
+    : Screen(parent),
+      m_doc(doc),
+      m_gate(gate),
+      m_fitLabel(new NoteLabel("fitLabel", QStringLiteral("適合度"), this)) {
   setAccessibleName(QStringLiteral("原種波形の振幅調整"));
   MakeButtons(prompt);
   MakeGrids(rules, prompt, std::move(run));
@@ -109,11 +111,10 @@ void CFrmAdjustSeismicWave::MakeGrids(ChangeRules& rules, Prompt& prompt, Adjust
 
   const ColumnWidths widths(*m_waveGrid);
   const auto set = [](CSpread7& grid, const std::vector<int>& columns) {
-    for (std::size_t i = 0; i < columns.size(); ++i)
-      grid.SetColumnWidth(static_cast<int>(i) + 1, columns[i]);
+    for (std::size_t i = 0; i < columns.size(); ++i) grid.SetColumnWidth(static_cast<int>(i) + 1, columns[i]);
     grid.horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);  // that of the name
   };
-  set(*m_baseGrid, {widths.source, widths.source, widths.area, widths.maximum, 4 * widths.check});
+  set(*m_baseGrid, {widths.source, widths.source, widths.area, widths.maximum, widths.check});
   set(*m_waveGrid, {widths.number, widths.source, widths.area, widths.maximum, widths.check, widths.check,
                     widths.check, widths.check});
   m_baseGrid->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

@@ -34,7 +34,7 @@ class CFrmRespVisualization : public WaveVisualization {
 
   QComboBox* m_nameCombo;
   NoteLabel* m_fitLabel;
-  std::optional<AdjustResult> m_run;   ///< the last one
+  std::optional<AdjustResult> m_run;  ///< the last one
   std::uint64_t m_runGeneration = 0;  ///< of its project
 };
 

@@ -24,6 +24,7 @@ void NoteLabel::resizeEvent(QResizeEvent* event) {
 }
 
 void NoteLabel::FitHeight() {
+  setMinimumHeight(0);  // it would count as needed
   if (!text().isEmpty()) setFixedHeight(heightForWidth(width()));
 }
 

@@ -433,7 +433,8 @@ class AdjustSeismicWaveRun : public AdjustSeismicWaveScreen {
     Wave(0).acc = CenteredRecord(256, 6);
     ComputeResponseSpectrum(Wave(0).acc, Wave(0).periods, Wave(0).accSpec, 0.01);
     Wave(0).spectrumValid = true;
-    for (std::size_t i = 0; i < doc.lowerSpectra.Count(); ++i) doc.lowerSpectra.At(i).periods = Wave(0).periods;
+    for (std::size_t i = 0; i < doc.lowerSpectra.Count(); ++i)
+      doc.lowerSpectra.At(i).periods = Wave(0).periods;
     doc.lowerSpectra.At(0).accSpec = Wave(0).accSpec;
     for (double& value : doc.lowerSpectra.At(0).accSpec) value *= 2.0;
     doc.adjustMaxIterations = 5;
@@ -643,14 +644,19 @@ TEST_F(AdjustSeismicWaveScreen, ACheckedBoxIsToldFromAnOpenOneInEitherPalette) {
 
 TEST_F(AdjustSeismicWaveScreen, TheGraphGivesWayToTheLinesBelowItInASmallWindow) {
   AdoptThird();
+  run = [](const AdjustInput&) {
+    AdjustResult result = Converged();
+    result.fit.overshoot = result.fit.undershoot = 0.125;
+    result.fit.overshootPeriod = result.fit.undershootPeriod = 0.5;
+    return result;
+  };
   Click(3, kAdjusted);
-  ASSERT_NE(Fit(), "");
   EXPECT_FALSE(screen.layout()->hasHeightForWidth());
   screen.window()->resize(700, 560);
   Settle();
   EXPECT_EQ(screen.height(), 560);
   auto& label = driver.Find<QLabel>("fitLabel");
-  EXPECT_EQ(label.height(), label.heightForWidth(label.width()));
+  EXPECT_LT(label.height(), 2 * label.fontMetrics().height()) << "one line";
   EXPECT_TRUE(screen.rect().contains(label.geometry()));
 }
 

@@ -37,7 +37,8 @@ class CurrentFolder {
   QString m_before;
 };
 
-/// The waves "A", "B" and "C", of which "B" is adopted, adjusted and has valid spectra, against a lower limit.
+/// The waves "A", "B" and "C", of which "B" is adopted, adjusted and has valid spectra, against a lower
+/// limit.
 class VisualizationScreen : public testing::Test {
  protected:
   static void SetUpTestSuite() { InstallJapaneseFonts(); }
