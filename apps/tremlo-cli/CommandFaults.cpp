@@ -24,6 +24,7 @@ class KeptMessages : public Prompt {
  public:
   PromptAnswer Show(const PromptBox& box) override {
     texts << box.text;
+    if (!box.details.isEmpty()) texts << box.details;
     return PromptAnswer::Ok;
   }
 

@@ -75,10 +75,14 @@ bool RecordingHost::CalculateFaultSpectra() {
   return faultSpectraWork;
 }
 
-bool RecordingHost::RunRespAdjustment() {
+AdjustResult RecordingHost::RunRespAdjustment() {
   m_log.append(QStringLiteral("adjust"));
   if (respAdjustmentWorks) m_doc.seedWaves.At(0).adjusted = true;
-  return respAdjustmentWorks;
+  AdjustResult result;
+  result.converged = respAdjustmentWorks;
+  result.passes = 4;
+  result.fit.deviation = 0.125;
+  return result;
 }
 
 void RecordingPane::ShowRoute(bool guidelineRoute) {

@@ -22,12 +22,12 @@ class RecordingHost : public ScreenHost {
   void Refresh(ScreenId id) override { Log("refresh", id); }
   bool ComputeMissingSpectra() override;
   bool CalculateFaultSpectra() override;
-  bool RunRespAdjustment() override;
+  AdjustResult RunRespAdjustment() override;
 
   std::set<ScreenId> missing;  ///< screens that the program has not
   bool missingSpectraWork = true;
   bool faultSpectraWork = true;
-  bool respAdjustmentWorks = true;
+  bool respAdjustmentWorks = true;  ///< a run that does not ends behind 4 passes at 12.5 %
 
  private:
   void Log(const char* what, ScreenId id);

@@ -8,7 +8,8 @@ namespace {
 
 std::string Described(const PromptBox& box) {
   return box.title.toStdString() + " / icon " + std::to_string(static_cast<int>(box.icon)) + " / buttons " +
-         std::to_string(static_cast<int>(box.buttons)) + "\n" + box.text.toStdString();
+         std::to_string(static_cast<int>(box.buttons)) + "\n" + box.text.toStdString() +
+         (box.details.isEmpty() ? std::string() : "\n\n" + box.details.toStdString());
 }
 
 }  // namespace
@@ -21,8 +22,8 @@ void ScriptedPrompt::ExpectQuestion(const QString& text, PromptAnswer answer) {
   ExpectBox({.text = text, .icon = PromptIcon::Warning, .buttons = PromptButtons::YesNo}, answer);
 }
 
-void ScriptedPrompt::ExpectMessage(const QString& text, PromptIcon icon) {
-  ExpectBox({.text = text, .icon = icon, .buttons = PromptButtons::Ok}, PromptAnswer::Ok);
+void ScriptedPrompt::ExpectMessage(const QString& text, PromptIcon icon, const QString& details) {
+  ExpectBox({.text = text, .icon = icon, .buttons = PromptButtons::Ok, .details = details}, PromptAnswer::Ok);
 }
 
 void ScriptedPrompt::CheckUsedUp() {

@@ -19,7 +19,7 @@ class ScriptedPrompt : public Prompt {
   ScriptedPrompt& operator=(const ScriptedPrompt&) = delete;
 
   void ExpectQuestion(const QString& text, PromptAnswer answer);
-  void ExpectMessage(const QString& text, PromptIcon icon = PromptIcon::Warning);
+  void ExpectMessage(const QString& text, PromptIcon icon = PromptIcon::Warning, const QString& details = {});
   void ExpectBox(const PromptBox& box, PromptAnswer answer) { m_script.push_back({box, answer}); }
 
   /// Fails for what is left of the script and drops it.

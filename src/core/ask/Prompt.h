@@ -8,12 +8,13 @@ enum class PromptIcon { None, Information, Warning, Stop };
 enum class PromptButtons { Ok, YesNo, YesNoCancel };  ///< the first button is the default
 enum class PromptAnswer { Ok, Yes, No, Cancel };
 
-/// A box in front of the user. The text is plain: names in it may hold any character.
+/// A box in front of the user. Both texts are plain: names in them may hold any character.
 struct PromptBox {
   QString text;
   PromptIcon icon = PromptIcon::Warning;
   PromptButtons buttons = PromptButtons::Ok;
   QString title = QStringLiteral("Tremlo");
+  QString details = {};  ///< a second text below the first, which says what happened; may be empty
 
   bool operator==(const PromptBox&) const = default;
 };
@@ -34,8 +35,8 @@ class Prompt {
   }
 
   /// Tells with an OK button.
-  void Tell(const QString& text, PromptIcon icon = PromptIcon::Warning) {
-    Show({.text = text, .icon = icon, .buttons = PromptButtons::Ok});
+  void Tell(const QString& text, PromptIcon icon = PromptIcon::Warning, const QString& details = {}) {
+    Show({.text = text, .icon = icon, .buttons = PromptButtons::Ok, .details = details});
   }
 };
 

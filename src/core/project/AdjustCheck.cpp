@@ -1,6 +1,7 @@
 #include "core/project/AdjustCheck.h"
 
 #include "core/project/BaseSpectrumView.h"
+#include "core/waves/FitText.h"
 
 namespace tremlo {
 
@@ -51,9 +52,12 @@ std::optional<AdjustResult> CheckAdjustment(CMorvaneDoc& doc, Prompt& prompt, st
     prompt.Tell(NoWaveText(name));
     return std::nullopt;
   }
+  const std::uint64_t generation = doc.Generation();
   AdjustResult result = run(input);
+  if (doc.Generation() != generation) return std::nullopt;
   if (!result.converged) {
-    prompt.Tell(QStringLiteral("地震波形調整の計算に失敗しました。"));
+    prompt.Tell(QStringLiteral("地震波形調整の計算に失敗しました。"), PromptIcon::Warning,
+                FailedRunText(result));
     return result;
   }
   // A result goes to the record that it was made of, or nowhere.

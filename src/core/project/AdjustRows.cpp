@@ -4,7 +4,11 @@
 #include "core/graphs/CellNumber.h"
 #include "core/graphs/ColorText.h"
 #include "core/project/BaseSpectrumView.h"
+#include "core/waves/FitText.h"
 #include "numeric/waves/SpectrumFigures.h"
+
+#include <algorithm>
+#include <cstring>
 
 namespace tremlo {
 
@@ -14,6 +18,24 @@ enum Columns { kNumber = 1, kName, kArea, kMaximum, kColor, kShown, kAdopted, kA
 
 constexpr std::int32_t kLockedColor = 0xC8D4D0;
 constexpr std::int32_t kOpenColor = 0xFFFFFF;
+
+/// Bit for bit: a wave with a sample that is no number is the same wave.
+bool Same(const std::vector<double>& a, const std::vector<double>& b) {
+  return a.size() == b.size() && (a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof a[0]) == 0);
+}
+
+/// Settings may differ: what the run came to stays true of the wave and the target.
+bool SameData(const AdjustInput& a, const AdjustInput& b) {
+  return a.timeStep == b.timeStep && Same(a.acc, b.acc) && Same(a.periods, b.periods) &&
+         Same(a.target, b.target);
+}
+
+/// Whether the record is as the run has left it.
+bool IsOf(const AdjustAttempt& run, const CMorvaneDoc& doc, const CSeismicWave& wave) {
+  if (wave.name != run.wave || wave.adjusted != run.result.converged) return false;
+  return wave.adjusted ? Same(wave.adjustedAcc, run.result.acc)
+                       : SameData(AdjustInputOf(doc, wave), run.input);
+}
 
 }  // namespace
 
@@ -69,8 +91,15 @@ void AdjustRows::Take(int row, int column, const QString& text) {
   if (column == kAdopted) {
     m_rules.AdoptWave(index);
   } else if (column == kAdjusted) {
-    if (auto result = CheckAdjustment(m_doc, m_prompt, index, IsCheckedText(text), m_run))
-      m_lastRun = std::move(result);
+    AdjustAttempt attempt{m_doc.Generation(), m_doc.seedWaves.At(index).name, {}, {}};
+    const auto run = [&](const AdjustInput& input) {
+      attempt.input = input;
+      return m_run(input);
+    };
+    if (auto result = CheckAdjustment(m_doc, m_prompt, index, IsCheckedText(text), run)) {
+      attempt.result = std::move(*result);
+      m_lastRun = std::move(attempt);
+    }
   } else if (column == kShown) {
     m_doc.seedWaves.At(index).adjustShow = IsCheckedText(text);
     m_doc.SetModified(true);
@@ -84,6 +113,15 @@ void AdjustRows::ShowAll(bool shown) {
   for (std::size_t i = 0; i < m_doc.seedWaves.Count(); ++i) m_doc.seedWaves.At(i).adjustShow = shown;
   if (const auto base = MarkedBase(m_doc)) SetTargetShown(m_doc, *base, shown);
   m_doc.SetModified(true);
+}
+
+QString AdjustRows::LastRunText() const {
+  if (!m_lastRun || m_lastRun->generation != m_doc.Generation()) return {};
+  const std::vector<CSeismicWave>& waves = m_doc.seedWaves.Records();
+  const bool there = std::any_of(waves.begin(), waves.end(),
+                                 [this](const CSeismicWave& wave) { return IsOf(*m_lastRun, m_doc, wave); });
+  if (!there) return {};
+  return QStringLiteral("「") + m_lastRun->wave + QStringLiteral("」　") + RunFitText(m_lastRun->result);
 }
 
 }  // namespace tremlo

@@ -2,6 +2,7 @@
 
 #include "core/project/BaseSpectrum.h"
 #include "core/project/ResponseRoute.h"
+#include "core/waves/FitText.h"
 
 #include <algorithm>
 
@@ -90,13 +91,14 @@ SwitchOutcome ScreenGates::PassVisualization() {
 SwitchOutcome ScreenGates::PassRespVisualization() {
   if (!HasRespWaveData(m_doc)) return Refused(QStringLiteral("原種波形が設定されていません。"));
   if (!HasRespTarget(m_doc)) return Refused(QStringLiteral("調整用スペクトルのデータがありません。"));
-  if (!m_doc.seedWaves.At(0).adjusted && !m_host.RunRespAdjustment()) {
-    m_prompt.Tell(QStringLiteral("地震波形調整の計算に失敗しました。"));
-    // On display already, the screen must not go on showing an adjusted wave that is no more.
-    m_host.Prepare(ScreenId::RespVisualization);
-    return SwitchOutcome::Refused;
-  }
-  return Prepared(ScreenId::RespVisualization);
+  if (m_doc.seedWaves.At(0).adjusted) return Prepared(ScreenId::RespVisualization);
+  const AdjustResult run = m_host.RunRespAdjustment();
+  if (run.converged) return Prepared(ScreenId::RespVisualization);
+  m_prompt.Tell(QStringLiteral("地震波形調整の計算に失敗しました。"), PromptIcon::Warning,
+                FailedRunText(run));
+  // On display already, the screen must not go on showing an adjusted wave that is no more.
+  m_host.Prepare(ScreenId::RespVisualization);
+  return SwitchOutcome::Refused;
 }
 
 bool ScreenGates::ComputeMissingSpectra() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/project/ScreenId.h"
+#include "core/waves/AdjustRun.h"
 
 namespace tremlo {
 
@@ -47,8 +48,8 @@ class ScreenHost {
   virtual bool CalculateFaultSpectra() = 0;
 
   /// Adjusts the first seed wave to the first target spectrum, on a worker behind its progress dialog, and
-  /// stores the result. False, and nothing stored, when that fails. Tells the user nothing.
-  virtual bool RunRespAdjustment() = 0;
+  /// stores the result. Nothing is stored when that does not converge. Tells the user nothing.
+  virtual AdjustResult RunRespAdjustment() = 0;
 };
 
 }  // namespace tremlo

@@ -8,8 +8,6 @@ namespace tremlo {
 
 namespace {
 
-constexpr std::int32_t kTargetColor = 0x008000;
-
 void AddCurve(std::vector<GraphSeries>& curves, const QString& name, const SpectrumView& spectrum,
               const CurvePen& pen) {
   if (spectrum.periods.empty() || spectrum.values.empty()) return;

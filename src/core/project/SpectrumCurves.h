@@ -27,8 +27,10 @@ std::vector<GraphSeries> LowerLimitCurve(const CMorvaneDoc& doc);
 /// base spectrum, if it is drawn, in its colour among the candidates.
 std::vector<GraphSeries> AdjustCurves(const CMorvaneDoc& doc);
 
+inline constexpr std::int32_t kTargetColor = 0x008000;  ///< of a target's curve, 0x00BBGGRR
+
 /// The spectrum that a wave is fitted to now: the base spectrum, or on the response route the first target in
-/// the order in which it is stored. Dotted, in a colour of its own. None: there is no target.
+/// the order in which it is stored. Dashed, in a colour of its own. None: there is no target.
 std::optional<GraphSeries> TargetCurve(const CMorvaneDoc& doc);
 
 }  // namespace tremlo

@@ -31,10 +31,12 @@ QString RunFitText(const AdjustResult& run) {
 }
 
 QString FailedRunText(const AdjustResult& run) {
-  return QStringLiteral(
-             "繰り返し %1 回で収束しませんでした（最後の偏差 %2）。\n"
-             "繰り返し回数と収束判定は「波形調整設定」で設定します。")
-      .arg(QString::number(run.passes), PercentText(run.fit.deviation));
+  // Without a pass memory was short, or the settings allow for none.
+  const QString outcome = run.passes > 0
+                              ? QStringLiteral("繰り返し %1 回で収束しませんでした（最後の偏差 %2）。\n")
+                                    .arg(QString::number(run.passes), PercentText(run.fit.deviation))
+                              : QStringLiteral("繰り返し計算は 1 回も終わりませんでした。\n");
+  return outcome + QStringLiteral("繰り返し回数と収束判定は「波形調整設定」で設定します。");
 }
 
 }  // namespace tremlo

@@ -10,6 +10,7 @@ class CDrawPeriodGraph : public CDrawGraph {
   /// The periods may run in either direction.
   void AddSpectrum(const std::vector<double>& periods, const std::vector<double>& values, const CurvePen& pen,
                    const QString& name = {});
+  void AddCurve(GraphSeries curve) { m_series.push_back(std::move(curve)); }
 
   /// From 0 to the longest period, and from 0 to the largest value of all curves, 0 when there is none.
   void ComputeRange() override;

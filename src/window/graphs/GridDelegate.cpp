@@ -80,7 +80,10 @@ QStyle& StyleOf(const QStyleOptionViewItem& option) {
   return option.widget ? *option.widget->style() : *QApplication::style();
 }
 
-void PaintCheck(QPainter* painter, const QStyleOptionViewItem& cell, bool checked, bool locked) {
+/// On a cell of a colour of its own the style would make the mark in the ink of that colour, but on the
+/// ground of the palette.
+void PaintCheck(QPainter* painter, const QStyleOptionViewItem& cell, bool checked, bool locked,
+                bool ownColor) {
   QStyle& style = StyleOf(cell);
   QStyleOptionViewItem box = cell;
   const QSize size(style.pixelMetric(QStyle::PM_IndicatorWidth, &cell, cell.widget),
@@ -89,6 +92,9 @@ void PaintCheck(QPainter* painter, const QStyleOptionViewItem& cell, bool checke
   box.state &= ~(QStyle::State_HasFocus | QStyle::State_On | QStyle::State_Off);
   box.state |= checked ? QStyle::State_On : QStyle::State_Off;
   if (locked) box.state &= ~QStyle::State_Enabled;
+  if (ownColor)
+    for (const auto role : {QPalette::Text, QPalette::WindowText})
+      box.palette.setColor(role, ReadableOn(box.palette.color(QPalette::Base)));
   style.drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &box, painter, cell.widget);
 }
 
@@ -147,7 +153,8 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
 
   const QString text = index.data().toString();
   if (list) PaintArrow(painter, cell);
-  if (format.type == CellType::Check) PaintCheck(painter, cell, IsCheckedText(text), format.locked);
+  if (format.type == CellType::Check)
+    PaintCheck(painter, cell, IsCheckedText(text), format.locked, format.backColor.has_value());
   if (format.type == CellType::Color)
     if (const auto color = TextToColor(text)) PaintSwatch(painter, cell, *color);
 }

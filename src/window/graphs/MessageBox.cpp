@@ -1,8 +1,12 @@
 #include "window/graphs/MessageBox.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
+
+#include <algorithm>
 
 namespace tremlo {
 
@@ -41,6 +45,19 @@ void AddAnswers(QMessageBox& box, PromptButtons buttons) {
     AddAnswer(box, PromptAnswer::Cancel, QStringLiteral("キャンセル"), "cancel");
 }
 
+/// The format of the box is that of its first text alone, and so is its width.
+void ShowDetails(QMessageBox& box, const QString& details) {
+  box.setInformativeText(details);
+  for (QLabel* const label : box.findChildren<QLabel*>()) {
+    if (label->text() != details) continue;
+    label->setTextFormat(Qt::PlainText);
+    int widest = 0;
+    for (const QString& line : details.split(u'\n'))
+      widest = std::max(widest, label->fontMetrics().horizontalAdvance(line));
+    label->setMinimumWidth(std::min(widest + 1, box.screen()->geometry().width() / 2));
+  }
+}
+
 }  // namespace
 
 PromptAnswer ShowMessageBox(QWidget* parent, const PromptBox& box) {
@@ -49,6 +66,7 @@ PromptAnswer ShowMessageBox(QWidget* parent, const PromptBox& box) {
   window.setWindowTitle(box.title);
   window.setTextFormat(Qt::PlainText);
   window.setText(box.text);
+  if (!box.details.isEmpty()) ShowDetails(window, box.details);
   window.setIcon(IconOf(box.icon));
   AddAnswers(window, box.buttons);
   // Where the program waits with a wait cursor, the box has a pointer to be clicked with.

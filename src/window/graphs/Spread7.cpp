@@ -38,14 +38,14 @@ namespace {
 
 constexpr int kRowPadding = 8;
 
-std::optional<std::int32_t> ChooseColorInDialog(QWidget* parent, std::int32_t color) {
+}  // namespace
+
+std::optional<std::int32_t> CSpread7::ChooseColorInDialog(QWidget* parent, std::int32_t color) {
   const QColor chosen = QColorDialog::getColor(ColorFromBgr(color), parent, QStringLiteral("色の設定"),
                                                QColorDialog::DontUseNativeDialog);
   if (!chosen.isValid()) return {};
   return BgrFromColor(chosen);
 }
-
-}  // namespace
 
 CSpread7::CSpread7(QWidget* parent)
     : QTableView(parent),

@@ -48,6 +48,8 @@ class CSpread7 : public QTableView {
 
   void SetMenu(Menu menu);  ///< the context menu, and the keys that it names
   void SetGuard(Guard guard) { m_guard = std::move(guard); }
+  /// The dialog that a grid shows unless it is given another chooser.
+  static std::optional<std::int32_t> ChooseColorInDialog(QWidget* parent, std::int32_t color);
   void SetColorChooser(ColorChooser chooser) { m_chooseColor = std::move(chooser); }
   void SetShowWarning(ShowWarning show) { m_show = std::move(show); }
 

@@ -97,6 +97,7 @@ void WaveGraphPanel::ShowKind(GraphKind kind) {
   m_kind = kind;
   if (QAbstractButton* const button = m_kindButtons->button(static_cast<int>(kind))) button->setChecked(true);
   Refresh();
+  Q_EMIT KindShown();
 }
 
 void WaveGraphPanel::Offer(const Offers& offers) {

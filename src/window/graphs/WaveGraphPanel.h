@@ -55,6 +55,9 @@ class WaveGraphPanel : public QWidget {
   /// The controls in reading order.
   std::vector<QWidget*> Controls() const;
 
+ Q_SIGNALS:
+  void KindShown();  ///< another kind is shown, or the same anew
+
  private:
   void AddKindButtons(const std::vector<GraphKind>& kinds);
   void ChooseKind(GraphKind kind);

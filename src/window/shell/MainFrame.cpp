@@ -119,7 +119,7 @@ Screen* CMainFrame::ScreenOnDisplay() const {
 }
 
 void CMainFrame::SetRuns(std::function<bool()> missingSpectra, std::function<bool()> faultSpectra,
-                         std::function<bool()> respAdjustment) {
+                         std::function<AdjustResult()> respAdjustment) {
   m_missingSpectra = std::move(missingSpectra);
   m_faultSpectra = std::move(faultSpectra);
   m_respAdjustment = std::move(respAdjustment);
@@ -180,7 +180,7 @@ bool CMainFrame::CalculateFaultSpectra() {
   return m_faultSpectra();
 }
 
-bool CMainFrame::RunRespAdjustment() {
+AdjustResult CMainFrame::RunRespAdjustment() {
   return m_respAdjustment();
 }
 

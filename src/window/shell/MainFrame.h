@@ -32,7 +32,7 @@ class CMainFrame : public QMainWindow, public ScreenHost {
   Screen* ScreenOnDisplay() const;      ///< null before the first
   /// The calculations of the gates.
   void SetRuns(std::function<bool()> missingSpectra, std::function<bool()> faultSpectra,
-               std::function<bool()> respAdjustment);
+               std::function<AdjustResult()> respAdjustment);
   /// Asked when the window is to close; false keeps it open.
   void SetCloseQuestion(std::function<bool()> mayClose) { m_mayClose = std::move(mayClose); }
 
@@ -50,7 +50,7 @@ class CMainFrame : public QMainWindow, public ScreenHost {
   void Refresh(ScreenId id) override;
   bool ComputeMissingSpectra() override;
   bool CalculateFaultSpectra() override;
-  bool RunRespAdjustment() override;
+  AdjustResult RunRespAdjustment() override;
 
  Q_SIGNALS:
   void FileDropped(const QString& path);
@@ -76,7 +76,7 @@ class CMainFrame : public QMainWindow, public ScreenHost {
   std::map<ScreenId, Page> m_pages;
   std::function<bool()> m_missingSpectra;
   std::function<bool()> m_faultSpectra;
-  std::function<bool()> m_respAdjustment;
+  std::function<AdjustResult()> m_respAdjustment;
   std::function<bool()> m_mayClose;
 };
 

@@ -3,7 +3,6 @@
 #include "core/location/TileDownload.h"
 #include "core/project/LastAcquisition.h"
 #include "core/sources/DamSpectra.h"
-#include "core/waves/FitText.h"
 #include "window/graphs/FrontWindow.h"
 #include "window/location/FrmField.h"
 #include "window/shell/FrmFlowCheck.h"
@@ -17,9 +16,11 @@
 #include "window/sources/FrmLowerSpectrum.h"
 #include "window/sources/FrmMakeSeismicWave2.h"
 #include "window/waves/DlgAdjustSetting.h"
+#include "window/waves/FrmAdjustSeismicWave.h"
 #include "window/waves/FrmRespAdjustSpectrum.h"
 #include "window/waves/FrmRespOrigSeismicWave.h"
 #include "window/waves/FrmRespVisualization.h"
+#include "window/waves/FrmVisualization.h"
 #include "window/waves/WaveRuns.h"
 
 #include <QPointer>
@@ -79,9 +80,22 @@ void AddResponseRoute(ScreenTable& table) {
     return visualization->data();
   };
   table.runs.runRespAdjustment = [visualization](const ScreenParts& parts) {
-    const AdjustResult result = RunRespAdjustment(parts.doc, FrontWindow());
-    if (result.converged && *visualization) (*visualization)->ShowFit(FitText(result.fit));
-    return result.converged;
+    const std::uint64_t generation = parts.doc.Generation();
+    AdjustResult result = RunRespAdjustment(parts.doc, FrontWindow());
+    if (*visualization && parts.doc.Generation() == generation) (*visualization)->ShowRun(result);
+    return result;
+  };
+}
+
+/// The last two steps of the guideline route: the adjustment to the base spectrum, and what came of it.
+void AddAdjustment(ScreenTable& table) {
+  table.screens[ScreenId::AdjustSeismicWave] = [](const ScreenParts& parts) {
+    return new CFrmAdjustSeismicWave(
+        parts.doc, parts.prompt, parts.rules, parts.gate,
+        [](const AdjustInput& input) { return AdjustBehindDialog(input, FrontWindow()); });
+  };
+  table.screens[ScreenId::Visualization] = [](const ScreenParts& parts) {
+    return new CFrmVisualization(parts.doc, parts.files, parts.gate);
   };
 }
 
@@ -160,6 +174,7 @@ ScreenTable ProgramScreens() {
   AddBaseSpectrum(table);
   AddFaultSpectra(table);
   AddLowerLimit(table);
+  AddAdjustment(table);
   AddResponseRoute(table);
   return table;
 }

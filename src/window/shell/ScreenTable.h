@@ -35,7 +35,7 @@ struct ScreenParts {
 struct ScreenRuns {
   std::function<bool(const ScreenParts&)> computeMissingSpectra;
   std::function<bool(const ScreenParts&)> calculateFaultSpectra;
-  std::function<bool(const ScreenParts&)> runRespAdjustment;
+  std::function<AdjustResult(const ScreenParts&)> runRespAdjustment;
 };
 
 /// All screens of the program, with the dialogs of the menu "設定(&E)".

@@ -1,8 +1,10 @@
 #include "window/waves/FrmRespVisualization.h"
 
 #include "core/project/WaveSpectrum.h"
+#include "core/waves/FitText.h"
 #include "window/graphs/NamedControl.h"
 #include "window/graphs/WaitCursor.h"
+#include "window/waves/NoteLabel.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -14,16 +16,12 @@ CFrmRespVisualization::CFrmRespVisualization(CMorvaneDoc& doc, FileDialogs& file
     : WaveVisualization(doc, files, gate,
                         {QStringLiteral("原種波形の出力"), QStringLiteral("調整後波形の出力")}, parent),
       m_nameCombo(new QComboBox(this)),
-      m_fitLabel(new QLabel(this)) {
+      m_fitLabel(new NoteLabel("fitLabel", QStringLiteral("適合度"), this)) {
   m_nameCombo->setObjectName(QStringLiteral("nameCombo"));
   m_nameCombo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  m_fitLabel->setObjectName(QStringLiteral("fitLabel"));
-  m_fitLabel->setTextFormat(Qt::PlainText);
-  m_fitLabel->setWordWrap(true);
   auto* const row = new QHBoxLayout;
   row->addWidget(LabelFor(m_nameCombo, QStringLiteral("波形データ名")));
   row->addWidget(m_nameCombo, 1);
-  row->addStretch(1);
   BuildBody(row, {m_nameCombo});
   layout()->addWidget(m_fitLabel);
   Refresh();
@@ -38,21 +36,22 @@ void CFrmRespVisualization::Refresh() {
   const CSeismicWave* const wave = Wave();
   m_nameCombo->clear();
   if (wave) m_nameCombo->addItem(wave->name);
-  if (!wave || !wave->adjusted || wave->adjustedAcc != m_fitted) TellFit({});
+  TellFit();
   WaveVisualization::Refresh();
 }
 
-void CFrmRespVisualization::ShowFit(const QString& figures) {
-  const CSeismicWave* const wave = Wave();
-  if (!wave || !wave->adjusted) return;
-  m_fitted = wave->adjustedAcc;
-  TellFit(figures);
+void CFrmRespVisualization::ShowRun(AdjustResult run) {
+  m_run = std::move(run);
+  m_runGeneration = m_doc.Generation();
+  TellFit();
 }
 
-void CFrmRespVisualization::TellFit(const QString& figures) {
-  m_fitLabel->setText(figures);
-  m_fitLabel->setAccessibleName(QStringLiteral("適合度 ") + figures);  // it is read out in place of the text
-  m_fitLabel->setVisible(!figures.isEmpty());
+void CFrmRespVisualization::TellFit() {
+  const CSeismicWave* const wave = Wave();
+  const bool there = m_run && m_runGeneration == m_doc.Generation() && wave &&
+                     wave->adjusted == m_run->converged &&
+                     (!wave->adjusted || wave->adjustedAcc == m_run->acc);
+  m_fitLabel->Tell(there ? RunFitText(*m_run) : QString());
 }
 
 CSeismicWave* CFrmRespVisualization::Wave() {

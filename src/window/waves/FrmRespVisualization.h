@@ -1,11 +1,13 @@
 #pragma once
 
+#include "core/waves/AdjustRun.h"
 #include "window/waves/WaveVisualization.h"
 
 class QComboBox;
-class QLabel;
 
 namespace tremlo {
+
+class NoteLabel;
 
 /// "可視化" of the response route: the wave and what the run of its gate has made of it. Without a result it
 /// shows the seed wave alone.
@@ -17,9 +19,9 @@ class CFrmRespVisualization : public WaveVisualization {
   void Prepare() override;
   void Refresh() override;
 
-  /// Tells how the adjusted wave of the document fits its target, for as long as that wave stays. To be
-  /// called when the result of the run has been stored.
-  void ShowFit(const QString& figures);
+  /// Tells how the run of the gate fits the wave to its target, for as long as its result stays; after a
+  /// failure, until there is a result. To be called when the result has been stored.
+  void ShowRun(AdjustResult run);
 
  protected:
   CSeismicWave* Wave() override;
@@ -28,11 +30,12 @@ class CFrmRespVisualization : public WaveVisualization {
   void ExportAdjusted(CSeismicWave& wave, const SavePath& path) override;
 
  private:
-  void TellFit(const QString& figures);
+  void TellFit();
 
   QComboBox* m_nameCombo;
-  QLabel* m_fitLabel;
-  std::vector<double> m_fitted;  ///< the adjusted wave that the figures belong to
+  NoteLabel* m_fitLabel;
+  std::optional<AdjustResult> m_run;  ///< the last one
+  std::uint64_t m_runGeneration = 0;  ///< of its project
 };
 
 }  // namespace tremlo

@@ -1,6 +1,7 @@
 #include "window/waves/WaveVisualization.h"
 
 #include "core/graphs/CellNumber.h"
+#include "core/project/SpectrumCurves.h"
 #include "core/waves/WaveFileQuestion.h"
 #include "numeric/waves/FourierSpectrum.h"
 #include "window/graphs/BgrColor.h"
@@ -12,9 +13,11 @@
 #include "window/graphs/NamedControl.h"
 #include "window/graphs/WaitCursor.h"
 #include "window/graphs/WaveGraphPanel.h"
+#include "window/waves/NoteLabel.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QPixmap>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -68,16 +71,22 @@ WaveVisualization::WaveVisualization(CMorvaneDoc& doc, FileDialogs& files, Comma
 }
 
 void WaveVisualization::MakeSwitches() {
-  const auto make = [this](const char* objectName, const QString& text, std::int32_t CMorvaneDoc::*field) {
+  const auto make = [this](const char* objectName, const QString& text, std::function<void(bool)> set) {
     auto* const check = NamedButton<QCheckBox>(objectName, text, this);
     check->setIconSize({kKeySize, kKeySize});
-    connect(check, &QCheckBox::toggled, this, [this, check, field](bool on) {
-      if (!m_gate.Run([&] { SetSwitch(field, on); })) ShowChecked(*check, !on);
+    connect(check, &QCheckBox::toggled, this, [this, check, set = std::move(set)](bool on) {
+      if (!m_gate.Run([&] { set(on); })) ShowChecked(*check, !on);
     });
     return check;
   };
-  m_seedCheck = make("seedCheck", SeedName(), &CMorvaneDoc::visualShowOrig);
-  m_adjustedCheck = make("adjustedCheck", AdjustedName(), &CMorvaneDoc::visualShowAdjusted);
+  m_seedCheck =
+      make("seedCheck", SeedName(), [this](bool on) { SetSwitch(&CMorvaneDoc::visualShowOrig, on); });
+  m_adjustedCheck = make("adjustedCheck", AdjustedName(),
+                         [this](bool on) { SetSwitch(&CMorvaneDoc::visualShowAdjusted, on); });
+  m_targetCheck =
+      make("targetCheck", QStringLiteral("目標スペクトル"), [this](bool) { m_graphPanel->Refresh(); });
+  m_targetCheck->setIcon(KeyOf(kTargetColor));
+  ShowChecked(*m_targetCheck, true);
 }
 
 void WaveVisualization::MakeExportButtons(const Texts& texts) {
@@ -111,25 +120,31 @@ void WaveVisualization::MakeGraphPanel() {
   m_graphPanel = new WaveGraphPanel(
       {GraphKind::Time, GraphKind::Spectrum, GraphKind::Fourier},
       [this](GraphKind kind) { return MakeGraph(kind); }, settings, m_gate, this);
+  connect(m_graphPanel, &WaveGraphPanel::KindShown, this, &WaveVisualization::ShowSwitches);
+  m_missingLabel = new NoteLabel("missingLabel", QStringLiteral("注意"), this);
 }
 
 void WaveVisualization::BuildBody(QHBoxLayout* firstRow, std::vector<QWidget*> controls) {
-  auto* const dataRow = new QHBoxLayout;
-  dataRow->addWidget(LabelFor(m_countEdit, QStringLiteral("データ数")));
-  dataRow->addWidget(m_countEdit);
-  dataRow->addWidget(LabelFor(m_timeStepEdit, QStringLiteral("時間間隔")));
-  dataRow->addWidget(m_timeStepEdit);
-  dataRow->addWidget(new QLabel(QStringLiteral("(sec)"), this));
-  dataRow->addStretch(1);
-  for (QWidget* const control : std::initializer_list<QWidget*>{m_seedCheck, m_adjustedCheck,
-                                                                m_exportSeedButton, m_exportAdjustedButton}) {
-    dataRow->addWidget(control);
+  firstRow->addWidget(LabelFor(m_countEdit, QStringLiteral("データ数")));
+  firstRow->addWidget(m_countEdit);
+  firstRow->addWidget(LabelFor(m_timeStepEdit, QStringLiteral("時間間隔")));
+  firstRow->addWidget(m_timeStepEdit);
+  firstRow->addWidget(new QLabel(QStringLiteral("(sec)"), this));
+  auto* const switchRow = new QHBoxLayout;
+  for (QWidget* const control : {m_seedCheck, m_adjustedCheck, m_targetCheck}) {
+    switchRow->addWidget(control);
+    controls.push_back(control);
+  }
+  switchRow->addStretch(1);
+  for (QWidget* const control : {m_exportSeedButton, m_exportAdjustedButton}) {
+    switchRow->addWidget(control);
     controls.push_back(control);
   }
   auto* const layout = new QVBoxLayout(this);
   layout->addLayout(firstRow);
-  layout->addLayout(dataRow);
+  layout->addLayout(switchRow);
   layout->addWidget(m_graphPanel, 1);
+  layout->addWidget(m_missingLabel);
 
   const std::vector<QWidget*> graphControls = m_graphPanel->Controls();
   controls.insert(controls.end(), graphControls.begin(), graphControls.end());
@@ -140,15 +155,25 @@ void WaveVisualization::Refresh() {
   const CSeismicWave* const wave = Wave();
   m_countEdit->SetText(wave ? QString::number(wave->acc.size()) : QString());
   m_timeStepEdit->SetText(wave ? ShortestText(wave->timeStep) : QString());
-  ShowChecked(*m_seedCheck, m_doc.visualShowOrig == 1);
-  ShowChecked(*m_adjustedCheck, m_doc.visualShowAdjusted == 1);
-  m_seedCheck->setIcon(KeyOf(m_doc.visualColorOrig));
-  m_adjustedCheck->setIcon(KeyOf(m_doc.visualColorAdjusted));
   m_exportSeedButton->setEnabled(wave != nullptr);
   m_exportAdjustedButton->setEnabled(wave != nullptr);
   const bool samples = wave && (!wave->acc.empty() || (wave->adjusted && !wave->adjustedAcc.empty()));
   m_graphPanel->Offer({.settings = wave != nullptr, .fourier = samples});
   m_graphPanel->Refresh();
+  ShowSwitches();
+}
+
+void WaveVisualization::ShowSwitches() {
+  ShowChecked(*m_seedCheck, m_doc.visualShowOrig == 1);
+  ShowChecked(*m_adjustedCheck, m_doc.visualShowAdjusted == 1);
+  m_seedCheck->setIcon(KeyOf(m_doc.visualColorOrig));
+  m_adjustedCheck->setIcon(KeyOf(m_doc.visualColorAdjusted));
+  const bool spectrum = m_graphPanel->Kind() == GraphKind::Spectrum;
+  const CSeismicWave* const wave = Wave();
+  m_targetCheck->setEnabled(spectrum && wave && TargetCurve(m_doc));
+  m_targetCheck->setToolTip(spectrum ? QString()
+                                     : QStringLiteral("周期－加速度応答スペクトルのグラフに表示します。"));
+  m_missingLabel->Tell(spectrum && wave && DrawsSeed() ? MissingSpectrumText(*wave) : QString());
 }
 
 void WaveVisualization::ShowTimeGraph() {
@@ -159,13 +184,16 @@ void WaveVisualization::SetSwitch(std::int32_t CMorvaneDoc::*field, bool on) {
   m_doc.*field = on ? 1 : 0;
   m_doc.SetModified(true);
   m_graphPanel->Refresh();
+  ShowSwitches();
 }
 
 void WaveVisualization::AskAndExport(const QString& title, const QString& ending, Export write) {
   const CSeismicWave* const shown = Wave();
   if (!shown) return;
+  const std::uint64_t generation = m_doc.Generation();
   const QString name = FileNameOfWave(shown->name, ending);
   const SavePath path = SplitSavePath(m_files.AskSavePath(WaveFileToWrite(title, name)));
+  if (m_doc.Generation() != generation) return;
   const WaitCursor waiting;
   if (CSeismicWave* const wave = Wave()) (this->*write)(*wave, path);
 }
@@ -187,11 +215,14 @@ std::unique_ptr<CDrawGraph> WaveVisualization::MakeSpectrumGraph(CSeismicWave& w
   auto graph = std::make_unique<CDrawFreqAccSpec>(m_doc.graphAdjust.origGraph);
   if (DrawsSeed()) {
     PrepareSpectrum(wave);
-    graph->AddSpectrum(wave.periods, wave.accSpec, {.color = m_doc.visualColorOrig}, SeedName());
+    if (wave.spectrumValid)
+      graph->AddSpectrum(wave.periods, wave.accSpec, {.color = m_doc.visualColorOrig}, SeedName());
   }
   if (DrawsAdjusted(wave))
     graph->AddSpectrum(wave.adjustedPeriods, wave.adjustedSpec, {.color = m_doc.visualColorAdjusted},
                        AdjustedName());
+  if (m_targetCheck->isChecked())
+    if (std::optional<GraphSeries> target = TargetCurve(m_doc)) graph->AddCurve(std::move(*target));
   return graph;
 }
 

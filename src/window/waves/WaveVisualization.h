@@ -18,11 +18,12 @@ namespace tremlo {
 
 class CDrawGraph;
 class CExpEdit;
+class NoteLabel;
 class WaveGraphPanel;
 
 /// What the two screens "可視化" share: a seed wave and its adjusted wave in one graph of three kinds, with a
-/// switch for either curve and the export of either wave. Which wave that is, and where its spectra come
-/// from, is the screens' own.
+/// switch for either curve and the export of either wave, and the target among the response spectra. Which
+/// wave that is, and where its spectra come from, is the screens' own.
 class WaveVisualization : public Screen {
   Q_OBJECT
  public:
@@ -36,14 +37,16 @@ class WaveVisualization : public Screen {
                     QWidget* parent);
 
   virtual CSeismicWave* Wave() = 0;  ///< the seed wave on display; null when there is none
-  /// Before the spectrum of the seed wave is drawn.
-  virtual void PrepareSpectrum(CSeismicWave& wave) = 0;
+  /// Before the spectrum of the seed wave is drawn. One that is not valid then is not drawn.
+  virtual void PrepareSpectrum(CSeismicWave& /*wave*/) {}
+  /// What is told in place of the spectrum of the seed wave that would be drawn; empty where it is drawn.
+  virtual QString MissingSpectrumText(const CSeismicWave& /*wave*/) const { return {}; }
   /// The adjusted wave is not empty only after an adjustment. A path of a cancelled dialog is empty.
   virtual void ExportSeed(CSeismicWave& wave, const SavePath& path) = 0;
   virtual void ExportAdjusted(CSeismicWave& wave, const SavePath& path) = 0;
 
-  /// Lays out what is shared below a row of the screen's own, whose controls come first in the order of the
-  /// tab key.
+  /// Lays out what is shared behind and below the first row, which begins with what is the screen's own. Its
+  /// controls come first in the order of the tab key.
   void BuildBody(QHBoxLayout* firstRow, std::vector<QWidget*> controls);
   void ShowTimeGraph();
 
@@ -55,6 +58,7 @@ class WaveVisualization : public Screen {
   void MakeSwitches();
   void MakeExportButtons(const Texts& texts);
   void MakeGraphPanel();
+  void ShowSwitches();
   void SetSwitch(std::int32_t CMorvaneDoc::*field, bool on);
   /// `ending`: of the name that is proposed for the file.
   void AskAndExport(const QString& title, const QString& ending, Export write);
@@ -72,9 +76,11 @@ class WaveVisualization : public Screen {
   CExpEdit* m_timeStepEdit;
   QCheckBox* m_seedCheck;
   QCheckBox* m_adjustedCheck;
+  QCheckBox* m_targetCheck;  ///< display state, which is not stored
   QAbstractButton* m_exportSeedButton;
   QAbstractButton* m_exportAdjustedButton;
   WaveGraphPanel* m_graphPanel;
+  NoteLabel* m_missingLabel;
 };
 
 }  // namespace tremlo

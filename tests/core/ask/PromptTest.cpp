@@ -45,6 +45,20 @@ TEST(Prompt, AMessageHasOneButtonAndAWarningIconUnlessToldOtherwise) {
   EXPECT_EQ(prompt.shown, (PromptBox{"b", PromptIcon::Stop, PromptButtons::Ok, "Tremlo"}));
 }
 
+TEST(Prompt, AMessageMayHaveASecondText) {
+  KeepingPrompt prompt;
+  prompt.Tell("a", PromptIcon::Warning, "b");
+  EXPECT_EQ(prompt.shown, (PromptBox{"a", PromptIcon::Warning, PromptButtons::Ok, "Tremlo", "b"}));
+}
+
+TEST(ScriptedPrompt, AnotherSecondTextFails) {
+  ScriptedPrompt prompt;
+  prompt.ExpectMessage("a", PromptIcon::Warning, "b");
+  EXPECT_NONFATAL_FAILURE(prompt.Tell("a"), "Another box");
+  prompt.ExpectMessage("a", PromptIcon::Warning, "b");
+  prompt.Tell("a", PromptIcon::Warning, "b");
+}
+
 TEST(ScriptedPrompt, AnswersInItsOrder) {
   ScriptedPrompt prompt;
   prompt.ExpectQuestion("a", PromptAnswer::Yes);

@@ -1,12 +1,14 @@
 #include "core/project/AdjustBaseRow.h"
 #include "core/project/AdjustRows.h"
 #include "core/project/BaseSpectrumView.h"
+#include "core/waves/FitText.h"
 #include "support/DocumentState.h"
 #include "support/GridPress.h"
 #include "support/ProcedureParts.h"
 #include "support/TestFolder.h"
 
 #include <gmock/gmock.h>
+#include <limits>
 
 namespace tremlo {
 namespace {
@@ -146,7 +148,8 @@ TEST(AdjustRows, CheckedAgainTheWaveIsNotRunForAgain) {
   EXPECT_TRUE(grids.doc.seedWaves.At(0).adjustChecked);
   EXPECT_EQ(grids.rows.Text(1, 4), QString("21.00"));
   EXPECT_THAT(grids.runs, IsEmpty());
-  EXPECT_EQ(grids.rows.LastRun(), std::nullopt);
+  EXPECT_FALSE(grids.rows.LastRun());
+  EXPECT_EQ(grids.rows.LastRunText(), QString());
 }
 
 TEST(AdjustRows, CheckedWithoutAResultTheWaveIsRunForAndTheResultStored) {
@@ -168,7 +171,7 @@ TEST(AdjustRows, CheckedWithoutAResultTheWaveIsRunForAndTheResultStored) {
   EXPECT_EQ(grids.rows.Text(3, 4), QString("9.00"));
   EXPECT_TRUE(grids.doc.IsModified());
   ASSERT_TRUE(grids.rows.LastRun());
-  EXPECT_EQ(grids.rows.LastRun()->passes, 3);
+  EXPECT_EQ(grids.rows.LastRun()->result.passes, 3);
   PressCheck(grids.rows, 3, kAdjusted);
   PressCheck(grids.rows, 3, kAdjusted);
   EXPECT_EQ(grids.runs.size(), 1U);
@@ -180,11 +183,12 @@ TEST(AdjustRows, ARunThatFailsIsToldAndChangesNothing) {
   grids.outcome = AdjustResult{};
   grids.outcome.passes = 7;
   const DocumentState before(grids.doc);
-  grids.prompt.ExpectMessage(QStringLiteral("地震波形調整の計算に失敗しました。"));
+  grids.prompt.ExpectMessage(QStringLiteral("地震波形調整の計算に失敗しました。"), PromptIcon::Warning,
+                             FailedRunText(grids.outcome));
   PressCheck(grids.rows, 3, kAdjusted);
   EXPECT_THAT(before.DifferencesTo(DocumentState(grids.doc)), IsEmpty());
   EXPECT_EQ(grids.rows.Text(3, kAdjusted), QString("0"));
-  EXPECT_EQ(grids.rows.LastRun()->passes, 7);
+  EXPECT_EQ(grids.rows.LastRun()->result.passes, 7);
 }
 
 TEST(AdjustRows, AResultWhoseWaveIsGoneIsDropped) {
@@ -197,6 +201,25 @@ TEST(AdjustRows, AResultWhoseWaveIsGoneIsDropped) {
   PressCheck(rows, 3, kAdjusted);
   EXPECT_EQ(grids.doc.seedWaves.Count(), 2U);
   EXPECT_FALSE(grids.doc.IsModified());
+}
+
+TEST(AdjustRows, ARunWhoseProjectIsGoneLeavesTheNextOneAloneAndIsNotToldThere) {
+  for (const bool converged : {true, false}) {
+    Grids grids;
+    grids.AdoptThird();
+    AdjustRows rows(grids.doc, grids.rules, grids.prompt, [&](const AdjustInput&) {
+      EXPECT_EQ(grids.doc.ResetDocument(), std::nullopt);
+      test::FillProject(grids.doc);
+      grids.AdoptThird();
+      return converged ? Converged() : AdjustResult{};
+    });
+    PressCheck(rows, 3, kAdjusted);
+    EXPECT_FALSE(grids.doc.seedWaves.At(2).adjusted);
+    EXPECT_FALSE(grids.doc.seedWaves.At(2).adjustChecked);
+    EXPECT_FALSE(grids.doc.IsModified());
+    EXPECT_FALSE(rows.LastRun());
+    EXPECT_EQ(rows.LastRunText(), QString());
+  }
 }
 
 TEST(AdjustRows, ABaseWithoutASpectrumIsToldByItsLabel) {
@@ -268,13 +291,78 @@ TEST(AdjustRows, WithOnePassNearlyEveryWaveFails) {
   grids.doc.adjustMaxIterations = 1;
   grids.doc.seedWaves.At(2).acc.assign(256, 0.0);
   for (std::size_t i = 0; i < 256; ++i) grids.doc.seedWaves.At(2).acc[i] = i % 7 == 0 ? 50.0 : -10.0;
-  AdjustRows rows(grids.doc, grids.rules, grids.prompt,
-                  [](const AdjustInput& input) { return RunAdjustment(input); });
-  grids.prompt.ExpectMessage(QStringLiteral("地震波形調整の計算に失敗しました。"));
+  AdjustResult failed;
+  AdjustRows rows(grids.doc, grids.rules, grids.prompt, [&](const AdjustInput& input) {
+    failed = RunAdjustment(input);
+    grids.prompt.ExpectMessage(QStringLiteral("地震波形調整の計算に失敗しました。"), PromptIcon::Warning,
+                               FailedRunText(failed));
+    return failed;
+  });
   PressCheck(rows, 3, kAdjusted);
   EXPECT_FALSE(grids.doc.seedWaves.At(2).adjusted);
   EXPECT_EQ(rows.Text(3, kAdjusted), QString("0"));
-  EXPECT_EQ(rows.LastRun()->passes, 1);
+  EXPECT_EQ(rows.LastRun()->result.passes, 1);
+}
+
+// --- What the last run came to ---
+
+TEST(AdjustRows, TheLastRunIsToldBehindItsWaveForAsLongAsItsResultStays) {
+  Grids grids;
+  EXPECT_EQ(grids.rows.LastRunText(), QString());
+  grids.AdoptThird();
+  grids.outcome.fit.deviation = 0.0498;
+  PressCheck(grids.rows, 3, kAdjusted);
+  const QString told = QStringLiteral("「C」　偏差（RMS） 4.98 %");
+  EXPECT_EQ(grids.rows.LastRunText(), told);
+  PressCheck(grids.rows, 3, kAdjusted);  // off: the result stays
+  PressCheck(grids.rows, 1, kAdopted);
+  EXPECT_EQ(grids.rows.LastRunText(), told);
+  const CMorvaneDoc before = grids.doc;
+  grids.doc.seedWaves.At(2).adjustedAcc[1] = 7.0;
+  EXPECT_EQ(grids.rows.LastRunText(), QString()) << "another result";
+  grids.doc = before;
+  grids.doc.ClearAdjustment();
+  EXPECT_EQ(grids.rows.LastRunText(), QString()) << "none";
+  grids.doc = before;
+  grids.doc.seedWaves.Remove(QStringLiteral("C"));
+  EXPECT_EQ(grids.rows.LastRunText(), QString()) << "no wave";
+  grids.doc = before;
+  EXPECT_EQ(grids.rows.LastRunText(), told);
+  EXPECT_EQ(grids.doc.ResetDocument(), std::nullopt);
+  grids.doc.seedWaves = before.seedWaves;
+  EXPECT_EQ(grids.rows.LastRunText(), QString()) << "the same waves in another project";
+}
+
+TEST(AdjustRows, AFailedRunIsToldForAsLongAsItsWaveAndTargetStay) {
+  Grids grids;
+  grids.AdoptThird();
+  grids.doc.seedWaves.At(2).acc.push_back(std::numeric_limits<double>::quiet_NaN());
+  grids.outcome = AdjustResult{};
+  grids.outcome.passes = 7;
+  grids.outcome.fit.deviation = 0.08;
+  grids.prompt.ExpectMessage(QStringLiteral("地震波形調整の計算に失敗しました。"), PromptIcon::Warning,
+                             FailedRunText(grids.outcome));
+  PressCheck(grids.rows, 3, kAdjusted);
+  const QString told = QStringLiteral("「C」　収束しなかった計算：偏差（RMS） 8.00 %");
+  EXPECT_EQ(grids.rows.LastRunText(), told);
+  grids.doc.adjustMaxIterations = 500;
+  PressCheck(grids.rows, 1, kAdopted);
+  EXPECT_EQ(grids.rows.LastRunText(), told);
+  const CMorvaneDoc before = grids.doc;
+  grids.doc.seedWaves.At(2).acc[0] += 1.0;
+  EXPECT_EQ(grids.rows.LastRunText(), QString()) << "other samples";
+  grids.doc = before;
+  grids.doc.seedWaves.At(2).timeStep = 0.02;
+  EXPECT_EQ(grids.rows.LastRunText(), QString()) << "another time step";
+  grids.doc = before;
+  test::ChooseBase(grids.doc, test::kPlaneLabel);
+  EXPECT_EQ(grids.rows.LastRunText(), QString()) << "another base";
+  grids.doc = before;
+  grids.doc.ClearBaseSpectrumAndAdjustment();
+  EXPECT_EQ(grids.rows.LastRunText(), QString()) << "no base";
+  grids.doc = before;
+  StoreAdjustment(grids.doc.seedWaves.At(2), Converged());
+  EXPECT_EQ(grids.rows.LastRunText(), QString()) << "a result of another time";
 }
 
 // --- The row of the base ---

@@ -22,9 +22,9 @@ struct Gates : ProcedureParts {
 };
 
 /// The screen is refused with the message, and the document stays as it was.
-void ExpectRefused(Gates& gates, ScreenId id, const QString& message) {
+void ExpectRefused(Gates& gates, ScreenId id, const QString& message, const QString& details = {}) {
   const DocumentState before(gates.doc);
-  gates.prompt.ExpectMessage(message);
+  gates.prompt.ExpectMessage(message, PromptIcon::Warning, details);
   EXPECT_EQ(gates.Pass(id), SwitchOutcome::Refused);
   EXPECT_THAT(before.DifferencesTo(DocumentState(gates.doc)), IsEmpty());
 }
@@ -179,7 +179,9 @@ TEST(ScreenGates, TheResponseVisualizationRunsOnceUntilSomethingChanges) {
 TEST(ScreenGates, AFailedRunIsToldAndRefusedAndTheScreenHoldsTheSeedAlone) {
   RespGates gates;
   gates.host.respAdjustmentWorks = false;
-  ExpectRefused(gates, ScreenId::RespVisualization, "地震波形調整の計算に失敗しました。");
+  ExpectRefused(gates, ScreenId::RespVisualization, "地震波形調整の計算に失敗しました。",
+                "繰り返し 4 回で収束しませんでした（最後の偏差 12.50 %）。\n"
+                "繰り返し回数と収束判定は「波形調整設定」で設定します。");
   EXPECT_THAT(gates.TakeLog(), ElementsAre("adjust", "box", "prepare 59664"));
 }
 

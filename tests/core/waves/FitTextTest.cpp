@@ -42,6 +42,9 @@ TEST(FitText, ARunThatFailedIsMarked) {
   EXPECT_EQ(RunFitText(run), QStringLiteral("収束しなかった計算：偏差（RMS） 8.00 %"));
   EXPECT_EQ(FailedRunText(run), QStringLiteral("繰り返し 5 回で収束しませんでした（最後の偏差 8.00 %）。\n"
                                                "繰り返し回数と収束判定は「波形調整設定」で設定します。"));
+  EXPECT_EQ(FailedRunText(AdjustResult{}),
+            QStringLiteral("繰り返し計算は 1 回も終わりませんでした。\n"
+                           "繰り返し回数と収束判定は「波形調整設定」で設定します。"));
   run.converged = true;
   EXPECT_EQ(RunFitText(run), QStringLiteral("偏差（RMS） 8.00 %"));
 }

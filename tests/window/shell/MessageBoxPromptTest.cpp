@@ -2,6 +2,7 @@
 #include "window/shell/ShellParts.h"
 
 #include <QAbstractButton>
+#include <QLabel>
 #include <QMainWindow>
 #include <QMessageBox>
 #include <QTest>
@@ -76,6 +77,22 @@ TEST_F(MessageBoxPromptTest, TextIsShownAsItStands) {
   Answer(question, [](QMessageBox* window) {
     EXPECT_EQ(window->textFormat(), Qt::PlainText);
     EXPECT_EQ(window->text(), u"a<b>?");
+    window->close();
+  });
+}
+
+TEST_F(MessageBoxPromptTest, ASecondTextStandsBelowTheFirstAsItIs) {
+  const QString details = QStringLiteral("<b>4.98</b> & 7 %\n次の行");
+  Answer({.text = QStringLiteral("a<b>?"), .details = details}, [&](QMessageBox* window) {
+    EXPECT_EQ(window->text(), u"a<b>?");
+    EXPECT_EQ(window->informativeText(), details);
+    auto* const label = window->findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel"));
+    ASSERT_NE(label, nullptr);
+    EXPECT_EQ(label->textFormat(), Qt::PlainText);
+    window->close();
+  });
+  Answer(question, [](QMessageBox* window) {
+    EXPECT_EQ(window->informativeText(), QString());
     window->close();
   });
 }

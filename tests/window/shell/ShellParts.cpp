@@ -39,7 +39,9 @@ ScreenTable LoggingScreens(QStringList& log, bool withGuidelineRoute) {
   table.runs.calculateFaultSpectra = [](const ScreenParts&) { return true; };
   table.runs.runRespAdjustment = [&log](const ScreenParts&) {
     log.append(QStringLiteral("adjust"));
-    return true;
+    AdjustResult result;
+    result.converged = true;
+    return result;
   };
   table.editApiParameters = [&log](const ScreenParts&) { log.append(QStringLiteral("API dialog")); };
   table.editAdjustSettings = [&log](const ScreenParts&) { log.append(QStringLiteral("adjust dialog")); };

@@ -205,7 +205,10 @@ TEST_F(WholeProgramTest, ANewProjectAfterARunShowsNothingOfTheOld) {
   Menu()->newProject->trigger();
   EXPECT_EQ(Find<QLineEdit>("nameEdit")->text(), "地震波形");
   EXPECT_EQ(Find<QLineEdit>("countEdit")->text(), "1");
-  prompt.ExpectMessage("地震波形調整の計算に失敗しました。");
+  // The wave of a new project has no frequency in the target's band.
+  prompt.ExpectMessage("地震波形調整の計算に失敗しました。", PromptIcon::Warning,
+                       "繰り返し 100 回で収束しませんでした（最後の偏差 －）。\n"
+                       "繰り返し回数と収束判定は「波形調整設定」で設定します。");
   Step(FlowStep::RespAdjustSpectrum);
   EXPECT_EQ(Find<QLineEdit>("nameEdit")->text(), "基準スペクトル");
   Step(FlowStep::RespVisualization);

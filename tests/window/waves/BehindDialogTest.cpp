@@ -5,13 +5,16 @@
 #include "support/ProcedureParts.h"
 #include "support/ScreenDriver.h"
 #include "support/ScriptedFiles.h"
+#include "support/TestFolder.h"
 #include "support/Waves.h"
 #include "window/graphs/GraphEditDialog.h"
 #include "window/graphs/WaveGraphPanel.h"
+#include "window/waves/FrmAdjustSeismicWave.h"
 #include "window/waves/FrmOrigSeismicWave.h"
 #include "window/waves/FrmRespAdjustSpectrum.h"
 #include "window/waves/FrmRespOrigSeismicWave.h"
 #include "window/waves/FrmRespVisualization.h"
+#include "window/waves/FrmVisualization.h"
 
 #include <QClipboard>
 #include <QComboBox>
@@ -97,6 +100,63 @@ TEST_F(BehindDialog, TheResultStays) {
              {"seedCheck", "adjustedCheck", "exportSeedButton", "exportAdjustedButton", "specButton",
               "settingsButton"},
              nullptr, nullptr);
+}
+
+TEST_F(BehindDialog, TheAdoptedWaveStays) {
+  doc.seedWaves.At(0).adopted = true;
+  CFrmVisualization screen(doc, files, gate);
+  ExpectDeaf(screen,
+             {"seedCheck", "adjustedCheck", "targetCheck", "exportSeedButton", "exportAdjustedButton",
+              "specButton", "settingsButton"},
+             nullptr, nullptr);
+}
+
+TEST_F(BehindDialog, TheWavesThatAreAdjustedStay) {
+  CFrmAdjustSeismicWave screen(doc, prompt, parts.rules, gate, [](const AdjustInput&) {
+    ADD_FAILURE() << "a run";
+    return AdjustResult();
+  });
+  doc.seedWaves.At(0).adopted = true;
+  ExpectDeaf(screen, {"showAllButton", "hideAllButton", "helpButton", "copyButton", "settingsButton"},
+             nullptr, "waveGrid");
+  ScreenDriver driver(screen);
+  CSpread7& grid = driver.Grid("waveGrid");
+  const DocumentState before(doc);
+  QDialog dialog;
+  dialog.setModal(true);
+  dialog.show();
+  for (int column = 5; column <= 8; ++column) {
+    grid.Press(1, column);
+    grid.model()->setData(grid.model()->index(0, column - 1), Qt::Checked, Qt::CheckStateRole);
+  }
+  Settle();
+  dialog.hide();
+  Settle();
+  EXPECT_THAT(DocumentState(doc).DifferencesTo(before), IsEmpty());
+}
+
+/// A file dialog was asked for one project and is answered for the next.
+TEST_F(BehindDialog, AnExportOfAnotherProjectWritesNothing) {
+  class NextProject : public ScriptedFiles {
+   public:
+    NextProject(CMorvaneDoc& doc, const TestFolder& folder) : m_doc(doc), m_folder(folder) {}
+    QString AskSavePath(const FileQuestion&) override {
+      const CSeismicWaveSet waves = m_doc.seedWaves;
+      EXPECT_EQ(m_doc.ResetDocument(), std::nullopt);
+      m_doc.seedWaves = waves;
+      return m_folder.Path("x.csv");
+    }
+
+   private:
+    CMorvaneDoc& m_doc;
+    const TestFolder& m_folder;
+  };
+  const TestFolder folder;
+  NextProject next(doc, folder);
+  CFrmRespVisualization screen(doc, next, gate);
+  ScreenDriver driver(screen);
+  driver.Press("exportSeedButton");
+  EXPECT_THAT(folder.Names(), IsEmpty());
 }
 
 TEST_F(BehindDialog, TheRegisteredWavesStay) {

@@ -1,6 +1,7 @@
 #include "core/project/ResponseRoute.h"
 #include "numeric/waves/FourierSpectrum.h"
 #include "numeric/waves/ResponseSpectrum.h"
+#include "support/DocumentState.h"
 #include "support/OfferedAction.h"
 #include "support/PaletteChange.h"
 #include "support/ProcedureParts.h"
@@ -28,6 +29,7 @@ using testing::IsEmpty;
 
 constexpr QRgb kSeedRgb = 0xFF3232FF;      // 0xFF3232 as blue, green, red
 constexpr QRgb kAdjustedRgb = 0xFFFF0000;  // 0x0000FF
+constexpr QRgb kTargetRgb = 0xFF008000;
 
 /// Works in a folder of its own: an export whose dialog was cancelled writes into the current one.
 class CurrentFolder {
@@ -46,6 +48,7 @@ class RespVisualizationScreen : public testing::Test {
   static void SetUpTestSuite() { InstallJapaneseFonts(); }
 
   RespVisualizationScreen() {
+    doc.guidelineRoute = false;
     EnsureRespWave(doc);
     Wave().name = "W";
     Wave().acc = RecordLike(100, 1);
@@ -65,6 +68,14 @@ class RespVisualizationScreen : public testing::Test {
   /// Whether a curve of the colour is in the graph.
   bool Draws(QRgb color) { return driver.Shows("graph", color); }
   std::string Caption() { return driver.Find<QLabel>("caption").text().toStdString(); }
+  AdjustResult RunOf(bool converged) {
+    AdjustResult run;
+    run.converged = converged;
+    run.passes = 9;
+    run.fit.deviation = converged ? 0.0498 : 0.08;
+    if (converged) run.acc = Wave().adjustedAcc;
+    return run;
+  }
   static std::string FirstLine(const QString& path) {
     const QByteArray content = ReadAll(path);
     return content.left(content.indexOf('\n')).toStdString();
@@ -205,18 +216,75 @@ TEST_F(RespVisualizationScreen, TheFitIsToldUntilTheResultIsGone) {
   auto& label = driver.Find<QLabel>("fitLabel");
   EXPECT_EQ(label.text(), "");
   EXPECT_FALSE(label.isVisible());
-  screen.ShowFit("二乗平均 4.98 %");
+  screen.ShowRun(RunOf(true));
   EXPECT_TRUE(label.isVisible());
-  EXPECT_EQ(label.accessibleName(), "適合度 二乗平均 4.98 %");
+  EXPECT_EQ(label.accessibleName(), "適合度 偏差（RMS） 4.98 %");
   screen.Refresh();
-  EXPECT_EQ(label.text(), "二乗平均 4.98 %");
-  Wave().adjustedAcc[0] += 1.0;  // the result of another project
+  EXPECT_EQ(label.text(), "偏差（RMS） 4.98 %");
+  Wave().adjustedAcc[0] += 1.0;  // another result
   screen.Refresh();
   EXPECT_EQ(label.text(), "");
-  screen.ShowFit("二乗平均 4.98 %");
+  screen.ShowRun(RunOf(true));
+  EXPECT_EQ(label.text(), "偏差（RMS） 4.98 %");
   ChangeRespWave(doc, [] {});
   screen.Refresh();
   EXPECT_EQ(label.text(), "");
+}
+
+TEST_F(RespVisualizationScreen, AFailedRunIsToldAsSuchUntilThereIsAResult) {
+  auto& label = driver.Find<QLabel>("fitLabel");
+  ChangeRespWave(doc, [] {});
+  screen.ShowRun(RunOf(false));
+  screen.Prepare();
+  EXPECT_EQ(label.text(), "収束しなかった計算：偏差（RMS） 8.00 %");
+  EXPECT_TRUE(label.isVisible());
+  Adjust();
+  screen.Refresh();
+  EXPECT_EQ(label.text(), "");
+}
+
+TEST_F(RespVisualizationScreen, AnotherProjectShowsNothingOfTheLastRun) {
+  const CSeismicWaveSet waves = doc.seedWaves;
+  screen.ShowRun(RunOf(true));
+  EXPECT_EQ(doc.ResetDocument(), std::nullopt);
+  doc.seedWaves = waves;
+  screen.Refresh();
+  EXPECT_EQ(driver.Find<QLabel>("fitLabel").text(), "");
+}
+
+TEST_F(RespVisualizationScreen, TheTargetIsDrawnAmongTheResponseSpectraInTheOrderStored) {
+  auto& check = driver.Find<QCheckBox>("targetCheck");
+  EXPECT_EQ(check.text(), "目標スペクトル");
+  EXPECT_TRUE(check.isChecked()) << "on at first";
+  EXPECT_FALSE(check.isEnabled()) << "the time graph has no target";
+  driver.Press("specButton");
+  EXPECT_FALSE(check.isEnabled()) << "there is none";
+  EXPECT_FALSE(Draws(kTargetRgb));
+  doc.respSpectra.AddSpectrum("T", {0.02, 0.1, 0.5}, {100.0, 300.0, 50.0});  // rising, as the run turns it
+  screen.Refresh();
+  EXPECT_TRUE(check.isEnabled());
+  EXPECT_TRUE(Draws(kTargetRgb));
+  driver.Press("timeButton");
+  EXPECT_FALSE(check.isEnabled());
+  EXPECT_FALSE(Draws(kTargetRgb));
+  driver.Press("fourierButton");
+  EXPECT_FALSE(check.isEnabled());
+  EXPECT_FALSE(Draws(kTargetRgb));
+}
+
+TEST_F(RespVisualizationScreen, TheSwitchOfTheTargetIsNotStored) {
+  doc.respSpectra.AddSpectrum("T", {0.5, 0.02}, {300.0, 50.0});
+  driver.Press("specButton");
+  driver.Picture();
+  doc.SetModified(false);
+  const DocumentState before(doc);
+  driver.Press("targetCheck");
+  EXPECT_FALSE(Draws(kTargetRgb));
+  screen.Refresh();
+  EXPECT_FALSE(driver.Find<QCheckBox>("targetCheck").isChecked()) << "a refresh is none of the user's";
+  DoOfferedAction(driver.Find<QCheckBox>("targetCheck"));
+  EXPECT_TRUE(Draws(kTargetRgb));
+  EXPECT_THAT(DocumentState(doc).DifferencesTo(before), IsEmpty());
 }
 
 TEST_F(RespVisualizationScreen, TheSeedExportWritesThreeFilesAndStoresTheSpectrum) {
@@ -442,7 +510,9 @@ TEST_F(RespVisualizationGate, AMissingTargetIsTold) {
 
 TEST_F(RespVisualizationGate, AFailedRunIsToldAndLeavesTheSeedAlone) {
   host.respAdjustmentWorks = false;
-  prompt.ExpectMessage("地震波形調整の計算に失敗しました。");
+  prompt.ExpectMessage("地震波形調整の計算に失敗しました。", PromptIcon::Warning,
+                       "繰り返し 4 回で収束しませんでした（最後の偏差 12.50 %）。\n"
+                       "繰り返し回数と収束判定は「波形調整設定」で設定します。");
   EXPECT_EQ(Open(), SwitchOutcome::Refused);
   EXPECT_FALSE(doc.seedWaves.At(0).adjusted);
   EXPECT_EQ(screen.findChild<QComboBox*>("nameCombo")->currentText(), "地震波形");

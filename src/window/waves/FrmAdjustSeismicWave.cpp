@@ -1,0 +1,183 @@
+#include "window/waves/FrmAdjustSeismicWave.h"
+
+#include "core/project/AdjustBaseRow.h"
+#include "core/project/SpectrumCurves.h"
+#include "window/graphs/CommandGate.h"
+#include "window/graphs/DlgGraphEditBaseSpec.h"
+#include "window/graphs/DrawFreqAccSpec.h"
+#include "window/graphs/InfoButton.h"
+#include "window/graphs/NamedControl.h"
+#include "window/graphs/Spread7.h"
+#include "window/graphs/WaveGraphPanel.h"
+#include "window/waves/NoteLabel.h"
+
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace tremlo {
+
+namespace {
+
+constexpr int kLeastRows = 3;
+constexpr int kMostRows = 7;  // the others are scrolled to, and the graph keeps its room
+constexpr int kCellPadding = 16;
+
+/// Rows whose cells are switches: what the user gives one is a command of the program.
+template <class Rows>
+class CommandRows : public Rows {
+ public:
+  template <class... Arguments>
+  explicit CommandRows(CommandGate& gate, Arguments&&... arguments)
+      : Rows(std::forward<Arguments>(arguments)...), m_gate(gate) {}
+
+ protected:
+  void Take(int row, int column, const QString& text) override {
+    m_gate.Run([&] { Rows::Take(row, column, text); });
+  }
+
+ private:
+  CommandGate& m_gate;
+};
+
+/// Room for so many rows, no more.
+void FitHeight(CSpread7& grid, int rows) {
+  grid.setFixedHeight(grid.horizontalHeader()->sizeHint().height() +
+                      rows * grid.verticalHeader()->defaultSectionSize() + 2 * grid.frameWidth());
+}
+
+int WidthOf(const CSpread7& grid, const QString& text) {
+  return grid.fontMetrics().horizontalAdvance(text) + kCellPadding;
+}
+
+struct ColumnWidths {
+  explicit ColumnWidths(const CSpread7& grid)
+      : number(WidthOf(grid, QStringLiteral("No.0"))),
+        source(WidthOf(grid, QStringLiteral("距離減衰式（断層）"))),
+        area(WidthOf(grid, QStringLiteral("面積 (gal・sec)"))),
+        maximum(WidthOf(grid, QStringLiteral("00000000.00"))),
+        check(WidthOf(grid, QStringLiteral("表示")) + kCellPadding / 2) {}
+  int number, source, area, maximum, check;
+};
+
+}  // namespace
+
+CFrmAdjustSeismicWave::CFrmAdjustSeismicWave(CMorvaneDoc& doc, Prompt& prompt, ChangeRules& rules,
+                                             CommandGate& gate, AdjustRunner run, QWidget* parent)
+    : Screen(parent),
+      m_doc(doc),
+      m_gate(gate),
+      m_fitLabel(new NoteLabel("fitLabel", QStringLiteral("適合度"), this)) {
+  setAccessibleName(QStringLiteral("原種波形の振幅調整"));
+  MakeButtons(prompt);
+  MakeGrids(rules, prompt, std::move(run));
+  MakeGraphPanel();
+  LayOut();
+  Refresh();
+}
+
+void CFrmAdjustSeismicWave::MakeButtons(Prompt& prompt) {
+  m_showAllButton = NamedButton<QPushButton>("showAllButton", QStringLiteral("全表示"), this);
+  connect(m_showAllButton, &QAbstractButton::clicked, this,
+          [this] { m_gate.Run([this] { ShowAll(true); }); });
+  m_hideAllButton = NamedButton<QPushButton>("hideAllButton", QStringLiteral("全非表示"), this);
+  connect(m_hideAllButton, &QAbstractButton::clicked, this,
+          [this] { m_gate.Run([this] { ShowAll(false); }); });
+  m_helpButton = new InfoButton(
+      "helpButton", QStringLiteral("ヘルプ"),
+      QStringLiteral("原種波形のスペクトルが、基準スペクトルを下回る場合には振幅調整を行います。\n\n"
+                     "原種波形のスペクトルが調整され、調整した地震波形を求めることができます。"),
+      prompt, m_gate, this);
+}
+
+void CFrmAdjustSeismicWave::MakeGrids(ChangeRules& rules, Prompt& prompt, AdjustRunner run) {
+  const auto make = [this](const char* objectName, const QString& name) {
+    auto* const grid = Named(new CSpread7(this), objectName, name);
+    grid->SetMenu(CSpread7::Menu::ReadOnly);
+    grid->verticalHeader()->hide();
+    connect(grid, &CSpread7::Changed, this, &CFrmAdjustSeismicWave::Refresh);
+    return grid;
+  };
+  m_baseGrid = make("baseGrid", QStringLiteral("基準スペクトル"));
+  m_baseGrid->SetData(std::make_shared<CommandRows<AdjustBaseRow>>(m_gate, m_doc));
+  m_waveGrid = make("waveGrid", QStringLiteral("原種波形"));
+  m_waves = std::make_shared<CommandRows<AdjustRows>>(m_gate, m_doc, rules, prompt, std::move(run));
+  m_waveGrid->SetData(m_waves);
+  m_waveGrid->SetColorChooser(
+      [this](QWidget* parent, std::int32_t color) { return ChooseColor(parent, color); });
+
+  const ColumnWidths widths(*m_waveGrid);
+  const auto set = [](CSpread7& grid, const std::vector<int>& columns) {
+    for (std::size_t i = 0; i < columns.size(); ++i) grid.SetColumnWidth(static_cast<int>(i) + 1, columns[i]);
+    grid.horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);  // that of the name
+  };
+  set(*m_baseGrid, {widths.source, widths.source, widths.area, widths.maximum, widths.check});
+  set(*m_waveGrid, {widths.number, widths.source, widths.area, widths.maximum, widths.check, widths.check,
+                    widths.check, widths.check});
+  m_baseGrid->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  FitHeight(*m_baseGrid, 1);
+}
+
+void CFrmAdjustSeismicWave::MakeGraphPanel() {
+  WaveGraphPanel::Settings settings;
+  settings.make = [this](QWidget* parent) {
+    return std::make_unique<CDlgGraphEditBaseSpec>(m_doc.graphAdjust.origGraph, parent);
+  };
+  settings.changed = [this] { m_doc.SetModified(true); };
+  settings.resetRange = [this] { m_doc.graphAdjust = CSeismicWave(); };
+  m_graphPanel = new WaveGraphPanel(
+      {GraphKind::Spectrum}, [this](GraphKind) { return MakeGraph(); }, settings, m_gate, this);
+}
+
+void CFrmAdjustSeismicWave::LayOut() {
+  auto* const row = new QHBoxLayout;
+  row->addWidget(m_helpButton);
+  row->addStretch(1);
+  row->addWidget(m_showAllButton);
+  row->addWidget(m_hideAllButton);
+  auto* const layout = new QVBoxLayout(this);
+  layout->addWidget(m_baseGrid);
+  layout->addWidget(m_waveGrid);
+  layout->addLayout(row);
+  layout->addWidget(m_graphPanel, 1);
+  layout->addWidget(m_fitLabel);
+
+  std::vector<QWidget*> controls{m_baseGrid, m_waveGrid, m_helpButton, m_showAllButton, m_hideAllButton};
+  const std::vector<QWidget*> graphControls = m_graphPanel->Controls();
+  controls.insert(controls.end(), graphControls.begin(), graphControls.end());
+  SetTabOrder(*this, controls);
+}
+
+void CFrmAdjustSeismicWave::Refresh() {
+  const bool any = !m_doc.seedWaves.IsEmpty();
+  m_baseGrid->Refresh();
+  m_waveGrid->Refresh();
+  FitHeight(*m_waveGrid, std::clamp(m_waves->RowCount(), kLeastRows, kMostRows));
+  m_showAllButton->setEnabled(any);
+  m_hideAllButton->setEnabled(any);
+  m_graphPanel->Refresh();
+  m_fitLabel->Tell(m_waves->LastRunText());
+}
+
+void CFrmAdjustSeismicWave::ShowAll(bool shown) {
+  m_waves->ShowAll(shown);
+  Refresh();
+}
+
+std::optional<std::int32_t> CFrmAdjustSeismicWave::ChooseColor(QWidget* parent, std::int32_t color) {
+  const std::uint64_t generation = m_doc.Generation();
+  std::optional<std::int32_t> chosen;
+  m_gate.Run([&] { chosen = CSpread7::ChooseColorInDialog(parent, color); });
+  return m_doc.Generation() == generation ? chosen : std::nullopt;
+}
+
+std::unique_ptr<CDrawGraph> CFrmAdjustSeismicWave::MakeGraph() {
+  auto graph = std::make_unique<CDrawFreqAccSpec>(m_doc.graphAdjust.origGraph);
+  for (GraphSeries& curve : AdjustCurves(m_doc)) graph->AddCurve(std::move(curve));
+  return graph;
+}
+
+}  // namespace tremlo

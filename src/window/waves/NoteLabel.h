@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QLabel>
+
+namespace tremlo {
+
+/// Lines of text below a graph. They take no room while there is nothing to tell, and no more than their text
+/// needs at the width that there is.
+class NoteLabel : public QLabel {
+  Q_OBJECT
+ public:
+  /// A screen reader says `spokenName` before the text.
+  NoteLabel(const char* objectName, const QString& spokenName, QWidget* parent);
+
+  void Tell(const QString& text);
+
+  /// No: around a layout with such a label a scroll area enforces the preferred height in place of the least
+  /// one, and the graph above would not give way. The label sees to its height itself.
+  bool hasHeightForWidth() const override { return false; }
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void FitHeight();
+
+  QString m_spokenName;
+};
+
+}  // namespace tremlo
