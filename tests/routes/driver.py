@@ -12,6 +12,7 @@ gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, Gio, GLib  # noqa: E402
 
 from desktop import PATIENCE, NotReached, wait_until
+from xserver import XServer
 
 ROLE = Atspi.Role
 STATE = Atspi.StateType
@@ -260,9 +261,7 @@ class Program:
 
     def has_window(self, title):
         """By the X server's account, which is asked faster than the bus."""
-        found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{title}$"], env=self.desktop.env,
-                               capture_output=True, text=True)
-        return bool(found.stdout.strip())
+        return self.window_of(title) is not None
 
     # --- what a person reads and answers
 
@@ -280,6 +279,20 @@ class Program:
                                env=self.desktop.env, capture_output=True, text=True)
         told = dict(line.split("=") for line in found.stdout.split())
         return tuple(int(told[name]) for name in ("X", "Y", "WIDTH", "HEIGHT")) if "X" in told else None
+
+    def window_of(self, title):
+        """Number of the X window of that title, or None."""
+        found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{title}$"], env=self.desktop.env,
+                               capture_output=True, text=True)
+        return found.stdout.strip() or None
+
+    def frame(self, title):
+        """Left, top, width and height of the window of that title with its frame, or None."""
+        window = self.window_of(title)
+        if not window:
+            return None
+        with XServer(self.desktop.env["DISPLAY"]) as server:
+            return server.frame(int(window))
 
     def settled_geometry(self, title):
         """The geometry of a window that has stopped to change."""
