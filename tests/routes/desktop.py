@@ -12,7 +12,7 @@ import time
 from xserver import XServer
 
 HERE = pathlib.Path(__file__).resolve().parent
-PATIENCE = 15.0
+PATIENCE = 60.0
 
 
 class NotReached(AssertionError):

@@ -396,6 +396,12 @@ class Program:
             self.screenshot(f"failed_{self.process.pid}")
             raise NotReached(f"the program did not end\nshown: {self.shown()}") from None
 
+    def brightness(self, x, y):
+        """Of a pixel of the screen, 0 to 255."""
+        pixel = self.desktop.run("import", "-window", "root", "-crop", f"1x1+{x}+{y}", "-colorspace", "Gray", "-depth", 8,
+                                 "-format", "%[fx:round(255*u)]", "info:-")
+        return int(pixel)
+
     def screenshot(self, name):
         """Kept beside the build when the folder for it is named."""
         folder = os.environ.get("TREMLO_SCREENSHOTS")

@@ -607,6 +607,10 @@ class ProcedureRoute(route.Route):
         program.answer(LEAVE, YES)
         program.find(SITE)
         self.expect_highlight(program, FIELD)
+        # On a screen that is not on display nothing can be pressed.
+        hidden = [node.get_name() for node in program.everything() if node.get_n_actions() > 0 and
+                  node.get_name() in (QUESTIONS, CLICKS, FIX, CHANGE, *CLICKED)]
+        self.assertEqual(hidden, [])
         # The chart's answers are dropped.
         program.press(CHECK)
         program.press(CLICKS)
@@ -823,6 +827,47 @@ class ProcedureRoute(route.Route):
 
     def test_the_charts_at_scale_2(self):
         self.looks_at_scale("2")
+
+    def test_the_charts_on_a_dark_desktop(self):
+        self.desktop.env["TREMLO_TEST_DARK"] = "1"
+        program = self.start()
+        program.press(CHECK)
+        program.find(CLICKS)
+        program.screenshot("flow_check_dark")
+        program.press(CLICKS)
+        program.find(FIX)
+        self.click_boxes(program, 1, 3)
+        program.screenshot("click_chart_dark")
+        program.press(CHECK)
+        program.answer(LEAVE, YES)
+        program.press(QUESTIONS)
+        for number, (title, button) in enumerate(((Q1, "NO"), (Q4, "YES"), (A1, "NO"), (A3, "YES"), (END, "OK")), 1):
+            self.question(program, title)
+            left, top, width, height = program.settled_geometry(title)
+            program.screenshot(f"question_{number}_dark")
+            # The dialog follows the desktop, the chart keeps its paper.
+            self.assertLess(program.brightness(left + 3, top + 3), 80)
+            self.assertEqual(program.brightness(*self.chart_point(program, 3, 3)), 255)
+            program.press(button)
+        program.find(CHANGE)
+        program.screenshot("fixed_dark")
+        self.assertEqual(program.brightness(*self.chart_point(program, 3, 3)), 255)
+        self.close(program, NO)
+
+    def test_a_screen_reader_walks_while_the_screens_change(self):
+        # At this scale the window needs bars to scroll with, on one screen more of them than on the other.
+        self.desktop.env["QT_SCALE_FACTOR"] = "2"
+        program = self.launch()
+        program.act_on(TOP, ROLE.RADIO_BUTTON)
+        program.act_on("OK")
+        for _ in range(10):
+            program.find(SITE)
+            program.act_on(CHECK)
+            program.find(QUESTIONS)
+            program.act_on(FIELD)
+        program.find(SITE)
+        program.close_window()
+        self.assertEqual(program.wait_for_end(), 0)
 
     def test_the_chart_fits_the_frame_without_scrolling(self):
         program = self.start_clicks()

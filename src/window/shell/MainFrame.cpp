@@ -159,8 +159,8 @@ void CMainFrame::Show(ScreenId id) {
   found->second.area->setEnabled(true);
   m_clientArea->setCurrentWidget(found->second.area);
   FocusFirstControl(found->second.screen);
-  // The accessibility bus presses hidden buttons too, and a press takes effect a moment later, when its screen
-  // may have left.
+  // The accessibility bus presses hidden buttons too, and a press takes effect a moment later, when its
+  // screen may have left.
   for (const auto& [other, page] : m_pages) page.area->setEnabled(other == id);
   found->second.area->update();
 }
