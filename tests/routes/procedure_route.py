@@ -295,6 +295,18 @@ class ProcedureRoute(route.Route):
         program.find(CLICKS)
         self.close(program, NO)
 
+    def test_a_double_click_answers_one_question(self):
+        program = self.start_questions()
+        # The second click falls on the next question, but within the time of a double click.
+        program.xdotool("mousemove", *program.point(program.find("YES")), "click", "--repeat", 2, "--delay", 250, 1)
+        self.reply(program, Q2, "NO")
+        self.question(program, Q4)
+        self.expect_states(program, TAKEN, TAKEN, NOT_TAKEN, CURRENT, NOT_TAKEN, NOT_TAKEN)
+        program.keys("Escape")
+        program.answer(LEAVE, YES)
+        program.find(CLICKS)
+        self.close(program, NO)
+
     # --- where the dialogs stand
 
     def drag_window(self, program, title, right, down):
@@ -736,6 +748,19 @@ class ProcedureRoute(route.Route):
         program.answer(LEAVE, YES)
         program.answer(UNSAVED.format("無題"), NO)
         self.expect_opened(program, project)
+
+    def test_a_file_dropped_behind_a_question_is_refused(self):
+        project = self.fixed_project("other.trml", 1, 2, 5)
+        program = self.start_questions()
+        self.drop_file(program, project, self.chart_point(program, 60, 600))
+        self.reply(program, Q1, "YES")
+        self.question(program, Q2)
+        self.expect_states(program, TAKEN, CURRENT, *[NOT_TAKEN] * 4)
+        self.assertTrue(program.title().startswith("無題"))
+        program.keys("Escape")
+        program.answer(LEAVE, YES)
+        program.find(CLICKS)
+        self.close(program, NO)
 
     # --- changing the procedure
 
