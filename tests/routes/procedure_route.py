@@ -633,6 +633,37 @@ class ProcedureRoute(route.Route):
         program.find(QUESTIONS)
         self.close(program, NO)
 
+    def test_commands_and_a_minimised_window_keep_the_click_chart(self):
+        program = self.start_clicks()
+        self.click_boxes(program, 1, 2, 5)
+        looks = (TAKEN, TAKEN, TAKEN, NOT_TAKEN, NOT_TAKEN, TAKEN)
+        for mark in ("　(オフライン)", ""):
+            online = program.title()
+            program.act(program.action_of(ONLINE))
+            program.until(lambda: program.title() != online, "title of the other mode")
+            self.assertTrue(program.title().rstrip(" ").endswith("Version1.00" + mark))
+            self.assertEqual(self.is_online(program), not mark)
+            self.expect_states(program, *looks)
+            self.expect_checked(program, 1, 2, 5)
+        window = program.window_of("無題 - Tremlo.*")
+        program.xdotool("windowminimize", window)
+        program.until(lambda: not program.windows(), "window minimised")
+        program.xdotool("windowactivate", window)
+        program.until(program.windows, "window back")
+        self.expect_checked(program, 1, 2, 5)
+        # What is being decided is not in the project yet.
+        project = self.desktop.folder / "undecided.trml"
+        self.save_as(program, project)
+        self.expect_states(program, *looks)
+        self.expect_highlight(program, CHECK)
+        self.expect_steps(program, [])
+        self.close(program)
+        program = self.start(project)
+        self.expect_steps(program, [])
+        program.press(CHECK)
+        program.find(CLICKS)
+        self.close(program)
+
     # --- another project while the chart is clicked
 
     def open_projects(self):
@@ -753,6 +784,7 @@ class ProcedureRoute(route.Route):
         project = self.fixed_project("other.trml", 1, 2, 5)
         program = self.start_questions()
         self.drop_file(program, project, self.chart_point(program, 60, 600))
+        program.xdotool("windowactivate", program.window_of(Q1))  # the drag was in another program's
         self.reply(program, Q1, "YES")
         self.question(program, Q2)
         self.expect_states(program, TAKEN, CURRENT, *[NOT_TAKEN] * 4)
