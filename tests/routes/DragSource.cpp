@@ -1,4 +1,6 @@
-// Another program's window, from which a file can be dragged: the tests' hand for drops.
+// Another program's window, from which a file can be dragged: the tests' hand for drops. Its title tells how far the drag
+// is: "drag source", "dragging", "accepted" while the place below the pointer would take the file, at last "dropped" or
+// "refused".
 
 #include <QApplication>
 #include <QDrag>
@@ -20,11 +22,16 @@ class DragSource : public QWidget {
 
  protected:
   void mouseMoveEvent(QMouseEvent* /*event*/) override {
+    setWindowTitle(QStringLiteral("dragging"));
     auto* const data = new QMimeData;
     data->setUrls({QUrl::fromLocalFile(m_file)});
     auto* const drag = new QDrag(this);
     drag->setMimeData(data);
-    drag->exec(Qt::CopyAction);
+    connect(drag, &QDrag::actionChanged, this, [this](Qt::DropAction action) {
+      setWindowTitle(action == Qt::CopyAction ? QStringLiteral("accepted") : QStringLiteral("dragging"));
+    });
+    const bool dropped = drag->exec(Qt::CopyAction) == Qt::CopyAction;
+    setWindowTitle(dropped ? QStringLiteral("dropped") : QStringLiteral("refused"));
   }
 
  private:

@@ -311,11 +311,12 @@ class ProcedureRoute(route.Route):
 
     def drag_window(self, program, title, right, down):
         """Drags a window by its caption."""
+        program.settled_geometry(title)
         left, top, width, _ = program.frame(title)
         x, y = left + width // 2, top + 8
-        program.xdotool("mousemove", x, y, "mousedown", 1, "mousemove", x + right // 2, y + down // 2, "mousemove",
-                        x + right, y + down)
-        program.until(lambda: program.frame(title)[:2] == (left + right, top + down), "window dragged")
+        program.xdotool("mousemove", x, y, "mousedown", 1)
+        self.move_until(program, (x + right, y + down),
+                        lambda: program.frame(title)[:2] == (left + right, top + down), "window dragged")
         program.xdotool("mouseup", 1)
 
     def expect_frame(self, program, title, place):
@@ -757,18 +758,27 @@ class ProcedureRoute(route.Route):
         program.answer(UNSAVED.format("無題"), NO)
         self.expect_opened(program, project)
 
-    def drop_file(self, program, path, point):
-        """Drags a file out of another program's window and drops it on a point of the screen."""
+    def drop_file(self, program, path, point, end="dropped"):
+        """Drags a file out of another program's window and drops it on a point of the screen; `end` says what comes of it."""
         source = self.desktop.start(tools.program.parent / "tremlo_drag_source", path)
         program.until(lambda: program.has_window("drag source"), "drag source")
         left, top, width, height = program.settled_geometry("drag source")
-        x, y = point
-        program.xdotool("mousemove", left + width // 2, top + height // 2, "mousedown", 1)
-        program.xdotool("mousemove", "--sync", left + width // 2 + 30, top + height // 2)
-        for step in range(1, 6):
-            program.xdotool("mousemove", "--sync", left + (x - left) * step // 5, top + (y - top) * step // 5)
+        x, y = left + width // 2, top + height // 2
+        program.xdotool("mousemove", x, y, "mousedown", 1)
+        self.move_until(program, (x + 20, y), lambda: program.has_window("dragging"), "drag under way")
+        if end == "dropped":
+            self.move_until(program, point, lambda: program.has_window("accepted"), "a place that takes the file")
+        else:
+            program.xdotool("mousemove", "--sync", point[0] + 9, point[1], "mousemove", "--sync", *point)
         program.xdotool("mouseup", 1)
-        return source
+        program.until(lambda: program.has_window(end), f"file {end}")
+        source.terminate()
+        source.wait()
+
+    def move_until(self, program, point, state, what):
+        """Moves the pointer about a point until a state is there: a machine at work may let a single move pass."""
+        x, y = point
+        program.until(lambda: program.xdotool("mousemove", x + 1, y, "mousemove", x, y) or state(), what)
 
     def test_a_file_dropped_on_the_click_chart_asks_first(self):
         project, program = self.open_projects()
@@ -783,7 +793,7 @@ class ProcedureRoute(route.Route):
     def test_a_file_dropped_behind_a_question_is_refused(self):
         project = self.fixed_project("other.trml", 1, 2, 5)
         program = self.start_questions()
-        self.drop_file(program, project, self.chart_point(program, 60, 600))
+        self.drop_file(program, project, self.chart_point(program, 60, 600), "refused")
         program.xdotool("windowactivate", program.window_of(Q1))  # the drag was in another program's
         self.reply(program, Q1, "YES")
         self.question(program, Q2)
