@@ -210,10 +210,13 @@ class Program:
         raise NotReached(f"the focus does not leave {before}")
 
     def focused(self):
-        """Role and name of the control that has the focus, and where it is."""
-        for node in self.nodes():
-            if states(node).contains(STATE.FOCUSED):
-                return node.get_role_name(), node.get_name(), self.point(node)
+        """Role and name of the control that has the focus, and where it is; None also while that changes."""
+        try:
+            for node in self.nodes():
+                if states(node).contains(STATE.FOCUSED):
+                    return node.get_role_name(), node.get_name(), self.point(node)
+        except gi.repository.GLib.Error:
+            pass
         return None
 
     def has_active_window(self):
@@ -383,10 +386,16 @@ class Program:
         for _ in range(10):
             self.keys("alt+F4")
             try:
-                wait_until(lambda: self.process.poll() is not None or self.has_box(), "close", 2)
+                wait_until(self.has_ended_or_asks, "close", 2)
                 return
             except NotReached:
                 continue
+
+    def has_ended_or_asks(self):
+        try:
+            return self.process.poll() is not None or self.has_box()
+        except gi.repository.GLib.Error:
+            return False  # it is about to end
 
     def wait_for_end(self):
         """Exit status of the process."""

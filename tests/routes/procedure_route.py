@@ -419,13 +419,18 @@ class ProcedureRoute(route.Route):
         with XServer(self.desktop.env["DISPLAY"]) as server:
             server.ask_to_close(int(program.window_of(title)))
 
-    def act_between_questions(self, program, title, button, command):
+    def act_between_questions(self, program, title, button, command, done=lambda: False):
         """Answers a question and gives a command in the pause before the next one. While a dialog is up, the command is
-        refused; so it is given again until it has come through."""
+        refused; so it is given again until it is done or another dialog is up, whose name is returned."""
         step = program.action_of(command)
         program.press(button)
-        program.until(lambda: program.act(step) or program.dialogs() not in ([], [title]), f"{command} or a question")
-        return program.dialogs()
+
+        def came():
+            if not done():
+                program.act(step)
+            up = program.dialogs()
+            return up if up not in ([], [title]) else None
+        return program.until(came, f"{command} or a question")
 
     def test_the_next_question_waits_for_a_command(self):
         program = self.start_questions()
@@ -454,7 +459,7 @@ class ProcedureRoute(route.Route):
         program = self.start_questions()
         before = self.is_online(program)
         for _ in range(20):
-            self.act_between_questions(program, Q1, "YES", ONLINE)
+            self.act_between_questions(program, Q1, "YES", ONLINE, lambda: self.is_online(program) != before)
             self.question(program, Q2)
             self.expect_states(program, TAKEN, CURRENT, *[NOT_TAKEN] * 4)
             self.expect_frame(program, Q2, (426, 298))
