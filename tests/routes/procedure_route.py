@@ -67,8 +67,7 @@ class ProcedureRoute(route.Route):
     def start(self, *arguments):
         program = self.launch(*arguments)
         if not arguments:
-            program.press(TOP)
-            program.press("OK")
+            self.begin(program, TOP)
         program.find(SITE)
         return program
 
@@ -702,8 +701,7 @@ class ProcedureRoute(route.Route):
         program.keys("ctrl+n")
         program.answer(LEAVE, YES)
         program.answer(UNSAVED.format("無題"), NO)
-        program.press(TOP)
-        program.press("OK")
+        self.begin(program, TOP)
         program.find(SITE)
         self.expect_steps(program, [])
         self.expect_highlight(program, FIELD)

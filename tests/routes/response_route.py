@@ -44,9 +44,9 @@ class ResponseRoute(route.Route):
     def start(self, *arguments, **kwargs):
         program = self.launch(*arguments, **kwargs)
         if not arguments:
-            program.press("加速度応答スペクトルへの調整")
+            program.find("加速度応答スペクトルへの調整")
             program.screenshot("top")
-            program.press("OK")
+            self.begin(program, "加速度応答スペクトルへの調整")
         program.find(READ_WAVE)
         return program
 
@@ -404,8 +404,7 @@ class ResponseRoute(route.Route):
         program.find("加速度応答スペクトルへの調整")
         program.act(step)
         program.until(lambda: program.dialogs() == ["Tremlo"], "top screen alone")
-        program.press("加速度応答スペクトルへの調整")
-        program.press("OK")
+        self.begin(program, "加速度応答スペクトルへの調整")
         program.until(lambda: program.title().startswith("無題"), "new project")
         self.assertEqual(program.dialogs(), [])
         self.assertEqual(program.text("データ数"), "1")
