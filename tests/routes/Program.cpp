@@ -1,6 +1,8 @@
 #include "window/shell/MorvaneApp.h"
 #include "window/shell/TremloApplication.h"
 
+#include <QPalette>
+
 namespace {
 
 QString Word(const char* variable) {
@@ -29,6 +31,8 @@ int main(int argc, char* argv[]) {
   }
   const tremlo::TremloApplication application(argc, argv);
   tremlo::CMorvaneApp program(TestSettings(), tremlo::ProgramScreens());
+  // As on a dark desktop.
+  if (!Word("TREMLO_TEST_DARK").isEmpty()) QApplication::setPalette(QPalette(QColor(40, 40, 40)));
   const std::optional<int> ended = program.Start(QCoreApplication::arguments());
   return ended ? *ended : QCoreApplication::exec();
 }

@@ -9,6 +9,8 @@ import sys
 import tempfile
 import time
 
+from xserver import XServer
+
 HERE = pathlib.Path(__file__).resolve().parent
 PATIENCE = 60.0
 
@@ -33,8 +35,10 @@ def wait_until(state, what, patience=PATIENCE):
 class Desktop:
     """Use it in a with statement. `env` is the environment of its programs, `folder` all that they may write."""
 
-    def __init__(self, screen="1280x1024x24"):
+    def __init__(self, screen="1280x1024x24", monitors=()):
+        """`monitors`: each (left, top, width, height), where the screen is more than one; the first is the primary."""
         self.screen = screen
+        self.monitors = monitors
         self.processes = []
 
     def __enter__(self):
@@ -89,6 +93,9 @@ class Desktop:
         if not number:
             raise NotReached("the X server did not start")
         self.env["DISPLAY"] = f":{number}"
+        if self.monitors:
+            with XServer(self.env["DISPLAY"]) as server:
+                server.set_monitors(self.monitors)
 
     def _start_bus(self):
         bus = self.start("dbus-daemon", "--session", "--nofork", "--print-address=1", stdout=subprocess.PIPE,

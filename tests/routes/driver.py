@@ -5,6 +5,7 @@ import os
 import pathlib
 import shutil
 import subprocess
+import time
 
 import gi
 
@@ -12,10 +13,12 @@ gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, Gio, GLib  # noqa: E402
 
 from desktop import PATIENCE, NotReached, wait_until
+from xserver import XServer
 
 ROLE = Atspi.Role
 STATE = Atspi.StateType
 WINDOWS = (ROLE.FRAME, ROLE.DIALOG, ROLE.ALERT, ROLE.WINDOW)
+DOUBLE_CLICK = 0.5  # seconds; within 0.4 Qt takes two clicks for one double click
 FILE_NAME = "ファイル名(N):"
 BUTTONS = (ROLE.PUSH_BUTTON, ROLE.CHECK_BOX, ROLE.RADIO_BUTTON, ROLE.TOGGLE_BUTTON)
 
@@ -40,6 +43,8 @@ def in_active_window(node):
 
 class Program:
     """One run of the tests' program on a desktop."""
+
+    last_click = (None, 0.0)  # where and when
 
     def __init__(self, desktop, program, tables, *arguments, preexec=None):
         self.desktop = desktop
@@ -139,7 +144,15 @@ class Program:
                         return len(seen) > 1 and seen[-1] == seen[-2]
             return False
         self.until(ready, f"control {name}")
-        self.xdotool("mousemove", *seen[-1], "click", 1)
+        self.click_at(*seen[-1])
+
+    def click_at(self, x, y):
+        """A click of its own: two at one place must lie farther apart than those of a double click."""
+        place, moment = self.last_click
+        if place == (x, y):
+            wait_until(lambda: time.monotonic() > moment + DOUBLE_CLICK, "end of a double click")
+        self.xdotool("mousemove", x, y, "click", 1)
+        self.last_click = ((x, y), time.monotonic())
 
     def click_cell(self, table, row, column, button=1, count=1):
         def cell():
@@ -182,15 +195,28 @@ class Program:
             before = self.focused()
             if before and before[1] == name:
                 return
-            self.keys("Tab")
-            self.until(lambda: self.focused() not in (None, before), f"focus to leave {before}", 10)
+            self.leave(before)
         raise NotReached(f"the tab key does not reach {name}")
 
+    def leave(self, before):
+        """Presses the tab key until another control has the focus: a text with links has a stop for each of them."""
+        for _ in range(4):
+            self.keys("Tab")
+            try:
+                wait_until(lambda: self.focused() not in (None, before), "focus moved", 2)
+                return
+            except NotReached:
+                continue
+        raise NotReached(f"the focus does not leave {before}")
+
     def focused(self):
-        """Role and name of the control that has the focus, and where it is."""
-        for node in self.nodes():
-            if states(node).contains(STATE.FOCUSED):
-                return node.get_role_name(), node.get_name(), self.point(node)
+        """Role and name of the control that has the focus, and where it is; None also while that changes."""
+        try:
+            for node in self.nodes():
+                if states(node).contains(STATE.FOCUSED):
+                    return node.get_role_name(), node.get_name(), self.point(node)
+        except gi.repository.GLib.Error:
+            pass
         return None
 
     def has_active_window(self):
@@ -260,9 +286,7 @@ class Program:
 
     def has_window(self, title):
         """By the X server's account, which is asked faster than the bus."""
-        found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{title}$"], env=self.desktop.env,
-                               capture_output=True, text=True)
-        return bool(found.stdout.strip())
+        return self.window_of(title) is not None
 
     # --- what a person reads and answers
 
@@ -281,6 +305,20 @@ class Program:
         told = dict(line.split("=") for line in found.stdout.split())
         return tuple(int(told[name]) for name in ("X", "Y", "WIDTH", "HEIGHT")) if "X" in told else None
 
+    def window_of(self, title):
+        """Number of the X window of that title, or None."""
+        found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{title}$"], env=self.desktop.env,
+                               capture_output=True, text=True)
+        return found.stdout.strip() or None
+
+    def frame(self, title):
+        """Left, top, width and height of the window of that title with its frame, or None."""
+        window = self.window_of(title)
+        if not window:
+            return None
+        with XServer(self.desktop.env["DISPLAY"]) as server:
+            return server.frame(int(window))
+
     def settled_geometry(self, title):
         """The geometry of a window that has stopped to change."""
         seen = []
@@ -295,25 +333,24 @@ class Program:
         node = Atspi.Table.get_accessible_at(self.find(table, ROLE.TABLE), row, column)
         return node.get_name() if node else None
 
+    def has_box(self, text=None):
+        """A message box is up: that of a text, or any."""
+        inside = False
+        for node in self.nodes():
+            inside = inside or node.get_role() == ROLE.ALERT
+            if inside and (text is None or node.get_role() == ROLE.LABEL and node.get_name() == text):
+                return True
+        return False
+
     def box(self, text):
         """Waits for the message box of that text."""
-        def shown():
-            inside = False
-            for node in self.nodes():
-                inside = inside or node.get_role() == ROLE.ALERT
-                if inside and node.get_role() == ROLE.LABEL and node.get_name() == text:
-                    return True
-            return False
-        self.until(shown, f"box: {text}")
-
-    def has_box(self):
-        return any(node.get_role() == ROLE.ALERT for node in self.nodes())
+        self.until(lambda: self.has_box(text), f"box: {text}")
 
     def answer(self, text, button="OK"):
         """Waits for the message box of that text and answers it by the pointer."""
         self.box(text)
         self.press(button)
-        self.until(lambda: not self.has_box(), "box closed")
+        self.until(lambda: not self.has_box(text), "box closed")
 
     def nameless(self):
         """Controls that take the focus and would be read out without a name."""
@@ -349,10 +386,16 @@ class Program:
         for _ in range(10):
             self.keys("alt+F4")
             try:
-                wait_until(lambda: self.process.poll() is not None or self.has_box(), "close", 2)
+                wait_until(self.has_ended_or_asks, "close", 2)
                 return
             except NotReached:
                 continue
+
+    def has_ended_or_asks(self):
+        try:
+            return self.process.poll() is not None or self.has_box()
+        except gi.repository.GLib.Error:
+            return False  # it is about to end
 
     def wait_for_end(self):
         """Exit status of the process."""
@@ -361,6 +404,12 @@ class Program:
         except subprocess.TimeoutExpired:
             self.screenshot(f"failed_{self.process.pid}")
             raise NotReached(f"the program did not end\nshown: {self.shown()}") from None
+
+    def brightness(self, x, y):
+        """Of a pixel of the screen, 0 to 255."""
+        pixel = self.desktop.run("import", "-window", "root", "-crop", f"1x1+{x}+{y}", "-colorspace", "Gray", "-depth", 8,
+                                 "-format", "%[fx:round(255*u)]", "info:-")
+        return int(pixel)
 
     def screenshot(self, name):
         """Kept beside the build when the folder for it is named."""

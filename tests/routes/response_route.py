@@ -1,27 +1,20 @@
 #!/usr/bin/env python3
-"""The response route in a real window, from the seed wave to the file of the adjusted wave.
+"""The response route in a real window, from the seed wave to the file of the adjusted wave."""
 
-    response_route.py --program PROGRAM --bin FOLDER CASE...
-
-FOLDER is the built program folder: the command line and the tables. A case is the name of a test below.
-TREMLO_SCREENSHOTS names a folder for pictures of the screens."""
-
-import argparse
-import os
 import pathlib
 import resource
 import signal
 import subprocess
 import sys
-import unittest
 
 sys.dont_write_bytecode = True
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent))
 
 from desktop import Desktop, wait_until  # noqa: E402
-from driver import ROLE, Program  # noqa: E402
+from driver import ROLE  # noqa: E402
+import route  # noqa: E402
+from route import NEW, OPEN, ROOT, SAVE_AS, UNSAVED, tools  # noqa: E402
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
 RECORD = ROOT / "samples/waves/hses_2016_n80w_0005_8192.csv"
 OTHER_RECORD = ROOT / "samples/waves/elcentro_1940_ns.csv"
 SEED, TARGET, RESULT = "原種波形設定", "調整用スペクトル設定", "可視化"
@@ -33,32 +26,27 @@ NO_TARGET = "調整用スペクトルのデータがありません。"
 BAD_NAME = "地震波形名の入力エラーです。"
 BAD_STEP = "時間間隔の入力エラーです。"
 NO_FIT = "地震波形調整の計算に失敗しました。"
-UNSAVED = "「{}」は変更されています。保存しますか？"
-NEW, OPEN, SAVE_AS = "新規作成(N)", "開く(O)...", "名前を付けて保存(A)..."
 COMMANDS = (NEW, OPEN, SAVE_AS, "アプリケーションの終了(X)", "波形調整設定", "バージョン情報(A)...", SEED, TARGET, RESULT)
 SETTINGS, AUTOMATIC = "描画設定", "各グラフの自動調整を有効にする"
 SMALL_SCREEN = "1024x768x24"
-tools = None  # the words of the command line
 
 
-class Route(unittest.TestCase):
+class ResponseRoute(route.Route):
+    def make_desktop(self):
+        return Desktop(SMALL_SCREEN) if "graph_settings" in self._testMethodName else Desktop()
+
     def setUp(self):
-        small = "graph_settings" in self._testMethodName
-        self.desktop = self.enterContext(Desktop(SMALL_SCREEN) if small else Desktop())
-        os.environ.update(self.desktop.env)
+        super().setUp()
         self.target = tools.bin / "LowSpec/h20_h.csv"
 
     # --- steps of a person's work
 
-    def launch(self, *arguments, **kwargs):
-        return Program(self.desktop, tools.program, tools.bin, *arguments, **kwargs)
-
     def start(self, *arguments, **kwargs):
         program = self.launch(*arguments, **kwargs)
         if not arguments:
-            program.press("加速度応答スペクトルへの調整")
+            program.find("加速度応答スペクトルへの調整")
             program.screenshot("top")
-            program.press("OK")
+            self.begin(program, "加速度応答スペクトルへの調整")
         program.find(READ_WAVE)
         return program
 
@@ -91,18 +79,6 @@ class Route(unittest.TestCase):
     def exported(self, path):
         """The bytes of the wave, its spectrum and its Fourier spectrum."""
         return [path.with_name(path.stem + part + ".csv").read_bytes() for part in ("", "_AccSpec", "_FFT")]
-
-    def save_as(self, program, path):
-        program.keys("ctrl+s")
-        program.choose_file("名前を付けて保存", path)
-        program.until(lambda: program.title().startswith(path.name), "the file's name in the title")
-
-    def close(self, program, answer=None):
-        program.close_window()
-        if answer:
-            program.until(program.has_box, "question about unsaved work")
-            program.press(answer)
-        self.assertEqual(program.wait_for_end(), 0)
 
     def adjust_by_command(self, record):
         """Exit status and files of the command line on the same data."""
@@ -428,8 +404,7 @@ class Route(unittest.TestCase):
         program.find("加速度応答スペクトルへの調整")
         program.act(step)
         program.until(lambda: program.dialogs() == ["Tremlo"], "top screen alone")
-        program.press("加速度応答スペクトルへの調整")
-        program.press("OK")
+        self.begin(program, "加速度応答スペクトルへの調整")
         program.until(lambda: program.title().startswith("無題"), "new project")
         self.assertEqual(program.dialogs(), [])
         self.assertEqual(program.text("データ数"), "1")
@@ -501,16 +476,5 @@ class Route(unittest.TestCase):
         self.close(program, "いいえ(N)")
 
 
-def main():
-    global tools
-    words = argparse.ArgumentParser()
-    words.add_argument("--program", required=True, type=lambda path: pathlib.Path(path).resolve())
-    words.add_argument("--bin", required=True, type=lambda path: pathlib.Path(path).resolve())
-    words.add_argument("cases", nargs="+")
-    tools = words.parse_args()
-    suite = unittest.TestSuite(Route(case) for case in tools.cases)
-    sys.exit(not unittest.TextTestRunner(verbosity=2).run(suite).wasSuccessful())
-
-
 if __name__ == "__main__":
-    main()
+    route.main(ResponseRoute)

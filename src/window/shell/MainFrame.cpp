@@ -103,6 +103,7 @@ void CMainFrame::AddScreen(ScreenId id, Screen* screen) {
   page->setFocusPolicy(Qt::NoFocus);
   page->setWidgetResizable(true);
   page->setWidget(screen);
+  page->setEnabled(false);
   m_clientArea->addWidget(page);
   m_pages[id] = {screen, page};
 }
@@ -155,8 +156,12 @@ void CMainFrame::Prepare(ScreenId id) {
 void CMainFrame::Show(ScreenId id) {
   const auto found = m_pages.find(id);
   if (found == m_pages.end()) return;
+  found->second.area->setEnabled(true);
   m_clientArea->setCurrentWidget(found->second.area);
   FocusFirstControl(found->second.screen);
+  // The accessibility bus presses hidden buttons too, and a press takes effect a moment later, when its
+  // screen may have left.
+  for (const auto& [other, page] : m_pages) page.area->setEnabled(other == id);
   found->second.area->update();
 }
 

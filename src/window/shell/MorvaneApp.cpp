@@ -9,6 +9,7 @@
 #include "window/shell/DlgSplash.h"
 #include "window/shell/DlgTop.h"
 #include "window/shell/Pictures.h"
+#include "window/shell/ScrollAreaAccess.h"
 
 #include <QAction>
 #include <QApplication>
@@ -70,6 +71,7 @@ CMorvaneApp::CMorvaneApp(ProgramSettings settings, ScreenTable screens, ProgramD
   if (!m_doors.askRoute) m_doors.askRoute = CDlgTop::Ask;
   if (!m_doors.endProgram) m_doors.endProgram = [](int status) { QCoreApplication::exit(status); };
   MakeDialogsForget();
+  InstallScrollAreaAccess();
   InstallJapaneseFonts();
   QApplication::setStyle(new DarkPaletteStyle);
   LoadPictures();
