@@ -51,7 +51,6 @@ class SourceScreenTest : public testing::Test {
   std::vector<SwitchOutcome> followed;
   Screen* screen = nullptr;
   std::unique_ptr<ScreenDriver> driver;
-  /// Behind the screen's making, when the procedure calls it.
   class Host;
   std::unique_ptr<Host> host;
   RecordingPane pane{log};
