@@ -1,6 +1,6 @@
-// Another program's window, from which a file can be dragged: the tests' hand for drops. Its title tells how far the drag
-// is: "drag source", "dragging", "accepted" while the place below the pointer would take the file, at last "dropped" or
-// "refused".
+// Another program's window, from which a file can be dragged: the tests' hand for drops. Its title tells how
+// far the drag is: "drag source", "dragging", "accepted" while the place below the pointer would take the
+// file, at last "dropped" or "refused".
 
 #include <QApplication>
 #include <QDrag>
