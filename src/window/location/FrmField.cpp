@@ -10,6 +10,7 @@
 #include "window/graphs/RefuseEmpty.h"
 #include "window/graphs/Spread7.h"
 #include "window/location/DlgSelectRectangularPlane.h"
+#include "window/location/LinkLabel.h"
 #include "window/location/LocationPictures.h"
 #include "window/location/SpanningHeader.h"
 
@@ -86,7 +87,7 @@ CFrmField::CFrmField(CMorvaneDoc& doc, Prompt& prompt, ChangeRules& rules, Comma
       m_drag(m_map->Map()),
       m_planeLabel(new QLabel(this)),
       m_hintLabel(new QLabel(this)),
-      m_attribution(new QLabel(this)) {
+      m_attribution(new LinkLabel(this)) {
   setAccessibleName(QStringLiteral("現場設定"));
   MakeGrids();
   MakeButtons();
@@ -214,6 +215,10 @@ QWidget* CFrmField::MakeMapColumn() {
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
   }
+  // A map that grew and shrank under a drag, as the hint goes and comes, would carry the site along.
+  QSizePolicy kept = m_hintLabel->sizePolicy();
+  kept.setRetainSizeWhenHidden(true);
+  m_hintLabel->setSizePolicy(kept);
   auto* const column = new QWidget;
   auto* const layout = new QVBoxLayout(column);
   layout->setContentsMargins({});
@@ -347,9 +352,8 @@ void CFrmField::ShowPlaneTexts() {
   SiteRecord shown = m_doc.site;
   StorePosition(m_position, shown);
   m_planeLabel->setText(PlaneText(shown));
-  const QString hint = ZoneHint(shown);
-  m_hintLabel->setText(hint);
-  m_hintLabel->setVisible(!hint.isEmpty());
+  m_hintLabel->setText(ZoneHintText(shown.planeZone));
+  m_hintLabel->setVisible(IsFarFromZone(shown));
 }
 
 /// In the status bar of the window, as the hints of the menu.
