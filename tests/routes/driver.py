@@ -187,9 +187,10 @@ class Program:
         raise NotReached(f"the tab key does not reach {name}")
 
     def focused(self):
-        """Role and name of the control that has the focus, and where it is."""
+        """Role and name of the control that has the focus, and where it is. The box around the buttons of a dialog tells
+        the focus of its default button as its own."""
         for node in self.nodes():
-            if states(node).contains(STATE.FOCUSED):
+            if states(node).contains(STATE.FOCUSED) and (node.get_role() != ROLE.PANEL or node.get_name()):
                 return node.get_role_name(), node.get_name(), self.point(node)
         return None
 
@@ -307,7 +308,10 @@ class Program:
         self.until(shown, f"box: {text}")
 
     def has_box(self):
-        return any(node.get_role() == ROLE.ALERT for node in self.nodes())
+        try:
+            return any(node.get_role() == ROLE.ALERT for node in self.nodes())
+        except GLib.Error:
+            return False  # the program has ended meanwhile
 
     def answer(self, text, button="OK"):
         """Waits for the message box of that text and answers it by the pointer."""
