@@ -308,10 +308,7 @@ class Program:
         self.until(shown, f"box: {text}")
 
     def has_box(self):
-        try:
-            return any(node.get_role() == ROLE.ALERT for node in self.nodes())
-        except GLib.Error:
-            return False  # the program has ended meanwhile
+        return any(node.get_role() == ROLE.ALERT for node in self.nodes())
 
     def answer(self, text, button="OK"):
         """Waits for the message box of that text and answers it by the pointer."""
@@ -350,10 +347,16 @@ class Program:
     def close_window(self):
         """Asks the window manager to close the active window, until the program has ended or asks something. A key is
         pressed again where nothing came of it: the manager overlooks one now and then as windows come and go."""
+        def asked():
+            try:
+                return self.has_box()
+            except GLib.Error:
+                return False  # the program has ended meanwhile
+
         for _ in range(10):
             self.keys("alt+F4")
             try:
-                wait_until(lambda: self.process.poll() is not None or self.has_box(), "close", 2)
+                wait_until(lambda: self.process.poll() is not None or asked(), "close", 2)
                 return
             except NotReached:
                 continue

@@ -18,7 +18,7 @@ namespace {
 
 constexpr int kNumberWidth = 80;
 constexpr int kCellPadding = 16;
-constexpr int kMostColorRows = 6;     // of more curves the grid shows some and scrolls
+constexpr int kMostColorRows = 6;  // of more curves the grid shows some and scrolls
 
 QString NameOf(GraphKind kind) {
   if (kind == GraphKind::Time) return QStringLiteral("time");

@@ -105,6 +105,8 @@ CSpread7* CFrmField::MakeGrid(const char* name, const QString& spokenName, std::
   grid->SetData(std::move(rows));
   grid->SetShowWarning(WarningsBy(m_prompt));
   grid->verticalHeader()->setFixedWidth(kTitleWidth);
+  // An edge that the pointer could drag would take columns out of sight, where nothing scrolls to them.
+  grid->horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   grid->horizontalHeader()->setStretchLastSection(true);
   return grid;
 }

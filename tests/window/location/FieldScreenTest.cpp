@@ -20,6 +20,7 @@
 #include <QContextMenuEvent>
 #include <QDesktopServices>
 #include <QElapsedTimer>
+#include <QHeaderView>
 #include <QLabel>
 #include <QMenu>
 #include <QMessageBox>
@@ -669,6 +670,20 @@ TEST_F(FieldScreenTest, BesideTheGridsThereIsNoMenu) {
     QCoreApplication::sendEvent(&control, &event);
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << name;
     if (QWidget* const menu = QApplication::activePopupWidget()) menu->close();
+  }
+}
+
+TEST_F(FieldScreenTest, NoColumnCanBeDraggedOutOfSight) {
+  Open();
+  for (const char* name : {"jobGrid", "siteGrid", "positionGrid", "zoneGrid", "commentGrid"}) {
+    CSpread7& grid = driver->Grid(name);
+    QHeaderView& header = *grid.horizontalHeader();
+    const int edge = header.sectionViewportPosition(0) + header.sectionSize(0) - 1;
+    QTest::mousePress(header.viewport(), Qt::LeftButton, {}, {edge, 5});
+    QTest::mouseMove(header.viewport(), {edge + 300, 5});
+    QTest::mouseRelease(header.viewport(), Qt::LeftButton, {}, {edge + 300, 5});
+    EXPECT_EQ(header.sectionViewportPosition(0) + header.sectionSize(0) - 1, edge) << name;
+    EXPECT_EQ(header.length(), grid.viewport()->width()) << name;
   }
 }
 
