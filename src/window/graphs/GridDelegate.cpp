@@ -80,7 +80,10 @@ QStyle& StyleOf(const QStyleOptionViewItem& option) {
   return option.widget ? *option.widget->style() : *QApplication::style();
 }
 
-void PaintCheck(QPainter* painter, const QStyleOptionViewItem& cell, bool checked, bool locked) {
+/// `ownBack`: the cell has a colour of its own, which the box takes for its inside. On a dark desktop that of
+/// the palette would make an empty box look filled.
+void PaintCheck(QPainter* painter, const QStyleOptionViewItem& cell, bool checked, bool locked,
+                bool ownBack) {
   QStyle& style = StyleOf(cell);
   QStyleOptionViewItem box = cell;
   const QSize size(style.pixelMetric(QStyle::PM_IndicatorWidth, &cell, cell.widget),
@@ -89,6 +92,7 @@ void PaintCheck(QPainter* painter, const QStyleOptionViewItem& cell, bool checke
   box.state &= ~(QStyle::State_HasFocus | QStyle::State_On | QStyle::State_Off);
   box.state |= checked ? QStyle::State_On : QStyle::State_Off;
   if (locked) box.state &= ~QStyle::State_Enabled;
+  if (ownBack) box.palette.setBrush(QPalette::Base, cell.backgroundBrush);
   style.drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &box, painter, cell.widget);
 }
 
@@ -147,7 +151,8 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
 
   const QString text = index.data().toString();
   if (list) PaintArrow(painter, cell);
-  if (format.type == CellType::Check) PaintCheck(painter, cell, IsCheckedText(text), format.locked);
+  if (format.type == CellType::Check)
+    PaintCheck(painter, cell, IsCheckedText(text), format.locked, format.backColor.has_value());
   if (format.type == CellType::Color)
     if (const auto color = TextToColor(text)) PaintSwatch(painter, cell, *color);
 }

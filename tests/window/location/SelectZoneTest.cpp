@@ -1,5 +1,6 @@
 #include "core/location/PlaneZone.h"
 #include "core/location/ZoneMap.h"
+#include "support/PaletteChange.h"
 #include "support/ScreenDriver.h"
 #include "support/ScriptedPrompt.h"
 #include "support/TestFolder.h"
@@ -93,6 +94,16 @@ TEST_F(SelectZoneTest, TheCurrentZoneIsCheckedColouredAndItsAreaTold) {
     EXPECT_EQ(TextColor(8, column), QColor(Qt::black));
   }
   EXPECT_EQ(AreaText(), PlaneZones()[8].areaText);
+}
+
+TEST_F(SelectZoneTest, AnEmptyBoxLooksEmptyOnADarkDesktopToo) {
+  test::PaletteChange palette;
+  palette.ToDark();
+  Open(8);
+  const QRect cell = Grid().visualRect(Grid().model()->index(0, kCheck - 1));
+  const QImage seen = Grid().viewport()->grab(cell).toImage();
+  const QColor middle = seen.pixelColor(seen.width() / 2, seen.height() / 2);
+  EXPECT_GT(middle.lightness(), 200) << middle.name().toStdString();
 }
 
 TEST_F(SelectZoneTest, AnUnknownZoneSelectsNoRow) {
