@@ -25,6 +25,8 @@ ONLINE, CLEAR_CACHE = "オンライン", "地図画像キャッシュのクリ�
 YES, NO = "はい(Y)", "いいえ(N)"
 QUESTION = ("現在の現場位置で断層データを取得していますがよろしいですか？\n\n現場位置を変更する場合、断層データをクリアするため，\n"
             "・断層データの取得\n・基準スペクトル設定\n・原種波形の選択\n・振幅調整\nが再度必要となります。")
+CLEAR_QUESTION = ("地図画像キャッシュをクリアします。\n以下の影響がありますがよろしいですか。\n\n・地図画像を国土地理院から再度"
+                  "取得します。")
 NEW_SITE = ["38", "15", "20.6600", "137", "46", "37.0000"]
 GAP, CROSSHAIR = (0xDA, 0xDA, 0xDA), (0, 0, 0)
 OFFLINE_MARK = "　(オフライン)"
@@ -268,24 +270,27 @@ class FieldRoute(route.Route):
 
     # --- the drag
 
-    def assert_dragged(self, cells, dx, site):
-        """The longitude has gone against the drag by so many pixels, the seconds cut to thousandths."""
+    def until_dragged(self, program, dx, site):
+        """Until the longitude has gone against the drag by so many pixels, the seconds cut to thousandths; the cells."""
         side = int(256 * site.scale + 0.5)
         expected = seconds(*site.position[3:]) - dx * 360.0 / (side * 2 ** site.zoom) * 3600.0
-        self.assertAlmostEqual(seconds(*cells[3:]), expected, delta=0.0011)
+
+        def dragged():
+            cells = self.cells(program)
+            return cells if abs(seconds(*cells[3:]) - expected) < 0.0011 else None
+        return program.until(dragged, f"a longitude of {expected} seconds")
 
     def test_a_drag_moves_the_site_under_the_crosshair(self):
         self.make_project()
         program = self.start()
         x, y = self.middle(program)
-        self.hold(program, (x, y))
-        self.move(program, (x + 10, y - 10), (x + 25, y - 20), (x + 40, y - 30))
         before = SiteFile.read(self.project)
-        program.until(lambda: seconds(*self.cells(program)[3:]) < 137 * 3600, "the grid follows the drag")
+        self.hold(program, (x, y))
+        self.move(program, (x + 10, y - 10), (x + 25, y - 20))
+        self.until_dragged(program, 25, before)
+        self.move(program, (x + 40, y - 30))
+        cells = self.until_dragged(program, 40, before)
         self.let_go(program)
-        program.until(lambda: self.cells(program) == self.cells(program), "a grid at rest")
-        cells = self.cells(program)
-        self.assert_dragged(cells, 40, before)
         self.assertLess(seconds(*cells[:3]), seconds(*NEW_SITE[:3]))
         program.screenshot("field_dragged")
         site = self.saved_site(program)
@@ -361,9 +366,7 @@ class FieldRoute(route.Route):
         self.let_go(program)
         program.press(YES)
         program.until(lambda: not program.has_box(), "question closed")
-        program.until(lambda: self.cells(program) != NEW_SITE, "the site moved")
-        cells = self.cells(program)
-        self.assert_dragged(cells, 40, before)
+        cells = self.until_dragged(program, 40, before)
         self.move(program, (x - 80, y + 100), (x - 100, y + 110))
         site = self.saved_site(program)
         self.assertEqual(self.cells(program), cells)
@@ -384,14 +387,12 @@ class FieldRoute(route.Route):
         x, y = self.drag_to_the_question(program)
         program.keys("y")
         program.until(lambda: not program.has_box(), "question closed")
-        program.until(lambda: self.cells(program) != NEW_SITE, "the site moved")
-        stop = self.cells(program)
+        self.until_dragged(program, 40, before)
         self.move(program, (x + 60, y - 40), (x + 90, y - 60))
-        program.until(lambda: self.cells(program) != stop, "the drag goes on")
+        cells = self.until_dragged(program, 90, before)
         self.let_go(program)
         site = self.saved_site(program)
-        self.assert_dragged(self.cells(program), 90, before)
-        self.assertEqual(f"{site.position[5]:.4f}", self.cells(program)[5])
+        self.assertEqual(f"{site.position[5]:.4f}", cells[5])
         self.assertEqual(site.faults, 0)
         self.close_unchanged(program)
 
@@ -402,8 +403,7 @@ class FieldRoute(route.Route):
         x, y = self.middle(program)
         self.hold(program, (x, y))
         self.move(program, (x + 40, y - 30))
-        program.until(lambda: self.cells(program) != NEW_SITE, "the site moved")
-        cells = self.cells(program)
+        cells = self.until_dragged(program, 40, SiteFile.read(self.project))
         program.act(step)
         program.until(lambda: not program.look(MAP), "another screen")
         self.move(program, (x - 80, y + 30))
@@ -682,9 +682,7 @@ class FieldRoute(route.Route):
         program = self.start()
         self.wish_behind_the_probes("tile=drop")
         program.act(program.action_of(CLEAR_CACHE))
-        program.until(program.has_box, "question")
-        program.press(YES)
-        program.until(lambda: not program.has_box(), "question closed")
+        program.answer(CLEAR_QUESTION, YES)
         self.assertFalse((program.folder / "_cache").exists())
         before = len(self.map_requests())
         program.point_at(MAP)
@@ -800,11 +798,38 @@ class FieldRoute(route.Route):
         program.keys("Up", "Return")
         program.until(lambda: program.cell(SITE, 1, 0) == "I (1)", "the zone's text pasted")
         before = program.windows()
-        x, y = self.middle(program)
-        program.xdotool("mousemove", x, y, "click", 3)
-        program.until(lambda: program.status().startswith("北緯"), "the pointer over the map")
+        program.xdotool("mousemove", *self.middle(program), "click", 3)
+        program.keys(*["plus"] * 8)  # which a menu would take
+        program.until(lambda: self.zoom(program) == "ズーム 6", "keys that reach the map")
         self.assertEqual(program.windows(), before)
         self.assertNotEqual(self.saved(program), saved)
+        self.close_unchanged(program)
+
+    def test_the_picture_buttons_tell_what_they_do(self):
+        self.make_project()
+        program = self.start()
+        for button in (ZONE_BUTTON, BACK):
+            before = program.windows()
+            program.point_at(button)
+            program.until(lambda: program.windows() - before, f"tool tip of {button}")
+            program.point_at(JOB)
+            program.until(lambda: program.windows() == before, f"no tool tip of {button}")
+        self.close_unchanged(program)
+
+    def test_clearing_the_tiles_asks_first(self):
+        saved = self.make_project()
+        program = self.start()
+        self.until_map_shows(program, self.tile_colour(), "tiles")
+        asked = self.map_requests()
+        program.act(program.action_of(CLEAR_CACHE))
+        program.answer(CLEAR_QUESTION, NO)
+        self.assertTrue((program.folder / "_cache").exists())
+        program.act(program.action_of(CLEAR_CACHE))
+        program.answer(CLEAR_QUESTION, YES)
+        self.assertFalse((program.folder / "_cache").exists())
+        self.until_map_shows(program, self.tile_colour(), "tiles, which are in memory still")
+        self.assertEqual(self.map_requests(), asked)
+        self.assertEqual(self.saved(program), saved)
         self.close_unchanged(program)
 
     def test_the_back_button_leaves_the_project_alone(self):
