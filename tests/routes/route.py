@@ -12,7 +12,7 @@ import sys
 import unittest
 
 from desktop import Desktop
-from driver import Program
+from driver import ROLE, STATE, Program, states
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 UNSAVED = "「{}」は変更されています。保存しますか？"
@@ -30,6 +30,14 @@ class Route(unittest.TestCase):
 
     def launch(self, *arguments, **kwargs):
         return Program(self.desktop, tools.program, tools.bin, *arguments, **kwargs)
+
+    def begin(self, program, way):
+        """Answers the top screen. While it appears it may still move away from a click."""
+        def chosen():
+            return states(program.find(way, ROLE.RADIO_BUTTON)).contains(STATE.CHECKED)
+
+        program.until(lambda: program.press(way) or chosen(), f"{way} chosen")
+        program.press("OK")
 
     def save_as(self, program, path):
         program.keys("ctrl+s")
