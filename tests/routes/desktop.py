@@ -1,6 +1,7 @@
 """A desktop of a test's own: X server, window manager, session bus with its accessibility bus, and the local
 services. Everything ends with it."""
 
+import json
 import os
 import pathlib
 import shutil
@@ -78,6 +79,23 @@ class Desktop:
         self.processes.append(process)
         return process
 
+    def wish(self, *wishes):
+        """How the services answer from now on, in the words of the local service; none for an honest answer."""
+        fresh = self.service_wishes.with_suffix(".new")
+        fresh.write_text(" ".join(wishes))
+        fresh.replace(self.service_wishes)
+
+    def asked(self, part=""):
+        """The paths of the requests so far that contain that part."""
+        lines = self.service_log.read_text().splitlines() if self.service_log.exists() else []
+        return [path for path in (json.loads(line)["path"] for line in lines) if part in path]
+
+    def pixel(self, x, y):
+        """Colour of a pixel of the screen, red, green and blue."""
+        done = subprocess.run(["import", "-window", "root", "-crop", f"1x1+{x}+{y}", "-depth", "8", "rgb:-"], env=self.env,
+                              check=True, capture_output=True)
+        return tuple(done.stdout)
+
     def run(self, *words):
         """Output of a helper program of the desktop."""
         return subprocess.run([str(w) for w in words], env=self.env, cwd=self.folder, check=True,
@@ -114,8 +132,9 @@ class Desktop:
         work = self.folder / "service"
         work.mkdir()
         self.service_log = work / "log"
+        self.service_wishes = work / "wishes"
         service = self.start(sys.executable, HERE.parent / "service" / "local_service.py", "--work", work, "--log",
-                             self.service_log, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
+                             self.service_log, "--wishes", self.service_wishes, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
         self.service = {}
         for line in service.stdout:
             name, _, value = line.strip().partition("=")

@@ -210,10 +210,11 @@ class Program:
         raise NotReached(f"the focus does not leave {before}")
 
     def focused(self):
-        """Role and name of the control that has the focus, and where it is; None also while that changes."""
+        """Role and name of the control that has the focus, and where it is; None also while that changes. The box around
+        the buttons of a dialog tells the focus of its default button as its own."""
         try:
             for node in self.nodes():
-                if states(node).contains(STATE.FOCUSED):
+                if states(node).contains(STATE.FOCUSED) and (node.get_role() != ROLE.PANEL or node.get_name()):
                     return node.get_role_name(), node.get_name(), self.point(node)
         except gi.repository.GLib.Error:
             pass

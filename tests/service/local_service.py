@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """The hazard service and the tile server on this machine's loopback, from files, for tests and for work by hand.
 
-    tests/service/local_service.py [--data DIR] [--tile FILE] [--log FILE] [--work DIR]
+    tests/service/local_service.py [--data DIR] [--tile FILE] [--log FILE] [--work DIR] [--wishes FILE]
 
 Prints one line "name=value" for each port (all of 127.0.0.1) and for the certificate of its authority, then "ready".
 Ends when its standard input is closed, so that it never outlives who started it.
@@ -22,11 +22,13 @@ Ends when its standard input is closed, so that it never outlives who started it
 Answers: /map/api/fltsearch (fltsearch_C.json or fltsearch_S.json by mode), /map/api/pshm/V/C/CODE/fltinfo.geojson
 (fltinfo_CODE.geojson), /xyz/std/Z/X/Y.png (the tile), else 404.
 
-Misbehaviour is asked for in front of the path: segments "WHAT=HOW", where WHAT is "ranking", "model", "tile", "all" or
-a fault's code, and HOW one of the methods "answer_..." below, with its argument behind a colon:
+Misbehaviour is asked for in front of the path: segments "WHAT=HOW", where WHAT is "ranking", "model", "tile", "all",
+a fault's code or "tile" with a zoom, and HOW one of the methods "answer_..." below, with its argument behind a colon:
 
     curl 'http://127.0.0.1:PORT/ranking=cut/map/api/fltsearch?...'
     curl 'http://127.0.0.1:PORT/F005501=status:503/model=trickle:5/map/api/pshm/Y2021/AVR/F005501/fltinfo.geojson'
+
+What the file of --wishes holds at the moment of a request stands in front of its path, too.
 """
 
 import argparse
@@ -101,12 +103,18 @@ class Certificates:
 class Content:
     """What an honest service would answer."""
 
-    def __init__(self, data, tile):
+    def __init__(self, data, tile, wishes):
         self.data = pathlib.Path(data)
         self.tile = pathlib.Path(tile)
+        self.wishes_file = wishes and pathlib.Path(wishes)
+
+    def wishes(self):
+        if not self.wishes_file or not self.wishes_file.exists():
+            return ""
+        return "".join(wish + "/" for wish in self.wishes_file.read_text().split())
 
     def find(self, path):
-        """Returns the kind of the request, the fault's code, the status and the body."""
+        """Returns the kind of the request, the fault's code or the tile's zoom, the status and the body."""
         url = urllib.parse.urlsplit(path)
         words = url.path.strip("/").split("/")
         if words[:3] == ["map", "api", "fltsearch"]:
@@ -115,7 +123,7 @@ class Content:
         if words[:3] == ["map", "api", "pshm"] and len(words) == 7:
             return "model", words[5], *self.read(f"fltinfo_{words[5]}.geojson")
         if words[:2] == ["xyz", "std"] and len(words) == 5:
-            return "tile", "", 200, self.tile.read_bytes()
+            return "tile", f"tile{words[2]}", 200, self.tile.read_bytes()
         return "other", "", 404, b"<html><body>Not found</body></html>"
 
     def read(self, name):
@@ -155,7 +163,7 @@ class Exchange(socketserver.StreamRequestHandler):
         self.path = first[1]
         self.server.log({"method": first[0], "path": self.path, "version": first[2], "headers": headers,
                          "connection": self.client_address[1]})
-        wishes, path = {}, self.path.lstrip("/")
+        wishes, path = {}, self.server.content.wishes() + self.path.lstrip("/")
         while "=" in path.split("/", 1)[0].split("?")[0]:
             wish, _, path = path.partition("/")
             what, _, how = wish.partition("=")
@@ -399,11 +407,12 @@ def main():
     options.add_argument("--tile", default=ROOT / "data" / "tiles" / "tile.png", help="the picture of every tile")
     options.add_argument("--log", help="file that takes one line of JSON for each request")
     options.add_argument("--work", help="folder for the certificates; without it one that is removed at the end")
+    options.add_argument("--wishes", help="file of misbehaviour that is asked for while the service runs")
     arguments = options.parse_args()
 
     with tempfile.TemporaryDirectory() as own_folder:
         certificates = Certificates(arguments.work or own_folder)
-        content, log = Content(arguments.data, arguments.tile), Log(arguments.log)
+        content, log = Content(arguments.data, arguments.tile, arguments.wishes), Log(arguments.log)
         contexts = {
             "http": None,
             "https": certificates.context(certificates.good),

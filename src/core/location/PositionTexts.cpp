@@ -44,14 +44,18 @@ QString PlaneText(const SiteRecord& site) {
       .arg(site.planeZone, MetresText(point.northing), MetresText(point.easting));
 }
 
-QString ZoneHint(const SiteRecord& site) {
+bool IsFarFromZone(const SiteRecord& site) {
   const int zone = ZoneFromLabel(site.planeZone);
-  if (zone < 0) return {};
+  if (zone < 0) return false;
   const double apart =
       std::remainder(SiteLongitude(site) - PlaneZones()[static_cast<std::size_t>(zone - 1)].lonOrigin, 360.0);
-  if (!(std::fabs(apart) > kFarFromMeridian)) return {};
+  return std::fabs(apart) > kFarFromMeridian;
+}
+
+QString ZoneHintText(const QString& zone) {
+  if (ZoneFromLabel(zone) < 0) return {};
   return QStringLiteral("現場の経度が%1系の原点から%2度を超えて離れています。座標系番号を確認してください。")
-      .arg(site.planeZone, FixedText(kFarFromMeridian, 0));
+      .arg(zone, FixedText(kFarFromMeridian, 0));
 }
 
 }  // namespace tremlo

@@ -19,8 +19,10 @@ QString PlaneText(const SiteRecord& site);
 /// Farthest that the meridian of a zone's origin may lie from the site without a hint, degrees.
 inline constexpr double kFarFromMeridian = 6.0;
 
-/// A hint when the zone named in the record lies so far from the site that it was hardly meant, else empty.
-/// It refuses nothing.
-QString ZoneHint(const SiteRecord& site);
+/// Whether the zone named in the record lies so far from the site that it was hardly meant.
+bool IsFarFromZone(const SiteRecord& site);
+
+/// The hint that is given then; it refuses nothing. Empty for an unknown zone.
+QString ZoneHintText(const QString& zone);
 
 }  // namespace tremlo

@@ -2,6 +2,7 @@
 
 #include "core/graphs/RangeRows.h"
 #include "window/graphs/NamedControl.h"
+#include "window/graphs/ScrolledBody.h"
 #include "window/graphs/Spread7.h"
 
 #include <QCheckBox>
@@ -10,9 +11,6 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPushButton>
-#include <QScreen>
-#include <QScrollArea>
-#include <QStyle>
 #include <QVBoxLayout>
 
 namespace tremlo {
@@ -20,8 +18,7 @@ namespace {
 
 constexpr int kNumberWidth = 80;
 constexpr int kCellPadding = 16;
-constexpr int kMostColorRows = 6;     // of more curves the grid shows some and scrolls
-constexpr QSize kWindowFrame(8, 40);  // what the window manager draws around a dialog, at the most
+constexpr int kMostColorRows = 6;  // of more curves the grid shows some and scrolls
 
 QString NameOf(GraphKind kind) {
   if (kind == GraphKind::Time) return QStringLiteral("time");
@@ -54,13 +51,9 @@ GraphEditDialog::GraphEditDialog(const std::vector<Graph>& graphs, WaveGraphSett
   setWindowTitle(QStringLiteral("描画設定"));
   auto* const outside = new QVBoxLayout(this);
   outside->setSizeConstraint(QLayout::SetFixedSize);
-  m_body = new QScrollArea(this);
-  m_body->setObjectName(QStringLiteral("body"));
-  m_body->setFrameShape(QFrame::NoFrame);
-  m_body->setWidgetResizable(true);
-  m_body->setFocusPolicy(Qt::NoFocus);
-  outside->addWidget(m_body);
-  auto* const content = new QWidget(m_body);
+  auto* const body = new ScrolledBody(this);
+  outside->addWidget(body);
+  auto* const content = new QWidget(body);
   auto* const layout = new QVBoxLayout(content);
   layout->setContentsMargins({});
 
@@ -87,8 +80,8 @@ GraphEditDialog::GraphEditDialog(const std::vector<Graph>& graphs, WaveGraphSett
   outside->addWidget(buttons);
 
   FitGrids();  // before the layouts are asked for a size, which they keep
-  m_body->setWidget(content);
-  FitBody(*buttons);
+  body->setWidget(content);
+  body->Fit(*buttons);
   Rebuild();
 }
 
@@ -176,20 +169,6 @@ void GraphEditDialog::FitGrid(CSpread7& grid, int width, int rows) {
   grid.setMinimumWidth(width + rim);
   const int header = grid.horizontalHeader()->sizeHint().height();
   grid.setFixedHeight(header + rows * grid.verticalHeader()->defaultSectionSize() + rim);
-}
-
-/// All that is above the buttons, or as much of it as the monitor has room for.
-void GraphEditDialog::FitBody(const QWidget& buttons) {
-  const QSize wanted = m_body->widget()->sizeHint();
-  const QMargins margins = layout()->contentsMargins();
-  const QSize around(margins.left() + margins.right(),
-                     margins.top() + margins.bottom() + layout()->spacing() + buttons.sizeHint().height());
-  const QSize room = screen()->availableSize() - kWindowFrame - around;
-  const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-  QSize size = wanted;
-  if (wanted.height() > room.height()) size.rwidth() += bar;
-  if (size.width() > room.width()) size.rheight() += bar;
-  m_body->setFixedSize(size.boundedTo(room));
 }
 
 void GraphEditDialog::Rebuild() {

@@ -10,7 +10,6 @@
 #include <vector>
 
 class QCheckBox;
-class QScrollArea;
 class QVBoxLayout;
 
 namespace tremlo {
@@ -68,12 +67,10 @@ class GraphEditDialog : public QDialog {
                 QVBoxLayout* layout);
   void FitGrids();
   static void FitGrid(CSpread7& grid, int width, int rows);
-  void FitBody(const QWidget& buttons);
   void Rebuild();
   void TellChange();
 
   WaveGraphSetting& m_block;
-  QScrollArea* m_body;  ///< all but the buttons: on a small monitor it scrolls
   QCheckBox* m_autoCheck;
   std::vector<RangePart> m_ranges;
   CSpread7* m_colorGrid = nullptr;

@@ -80,10 +80,10 @@ QStyle& StyleOf(const QStyleOptionViewItem& option) {
   return option.widget ? *option.widget->style() : *QApplication::style();
 }
 
-/// On a cell of a colour of its own the style would make the mark in the ink of that colour, but on the
-/// ground of the palette.
+/// `ownBack`: the cell has a colour of its own, which the box takes for its inside. On a dark desktop that of
+/// the palette would make an empty box look filled.
 void PaintCheck(QPainter* painter, const QStyleOptionViewItem& cell, bool checked, bool locked,
-                bool ownColor) {
+                bool ownBack) {
   QStyle& style = StyleOf(cell);
   QStyleOptionViewItem box = cell;
   const QSize size(style.pixelMetric(QStyle::PM_IndicatorWidth, &cell, cell.widget),
@@ -92,9 +92,11 @@ void PaintCheck(QPainter* painter, const QStyleOptionViewItem& cell, bool checke
   box.state &= ~(QStyle::State_HasFocus | QStyle::State_On | QStyle::State_Off);
   box.state |= checked ? QStyle::State_On : QStyle::State_Off;
   if (locked) box.state &= ~QStyle::State_Enabled;
-  if (ownColor)
+  if (ownBack) {
+    box.palette.setBrush(QPalette::Base, cell.backgroundBrush);
     for (const auto role : {QPalette::Text, QPalette::WindowText})
       box.palette.setColor(role, ReadableOn(box.palette.color(QPalette::Base)));
+  }
   style.drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &box, painter, cell.widget);
 }
 

@@ -1,5 +1,6 @@
 #include "window/location/DlgHelpFieldRect.h"
 
+#include "window/graphs/BodyRoom.h"
 #include "window/location/LocationPictures.h"
 
 #include <QDialogButtonBox>
@@ -19,10 +20,14 @@ const QString kPictureText = QStringLiteral(
     "東西に離れるほど大きくなります。現場の都道府県が属する系を選びます。現場と断層との距離は、ここで選んだ"
     "系の座標で計算します。");
 
-/// Sharp at any scale.
+/// Sharp at any scale, and smaller where there is less room.
 class Picture : public QWidget {
  public:
   explicit Picture(const QString& path) : m_renderer(path) { setFixedSize(m_renderer.defaultSize()); }
+  void FitInto(const QSize& room) {
+    const QSize size = m_renderer.defaultSize();
+    setFixedSize(size.scaled(room.boundedTo(size), Qt::KeepAspectRatio));
+  }
 
  protected:
   void paintEvent(QPaintEvent* /*event*/) override {
@@ -54,6 +59,7 @@ CDlgHelpFieldRect::CDlgHelpFieldRect(QWidget* parent) : QDialog(parent) {
   column->addWidget(picture);
   column->addWidget(buttons);
   column->setSizeConstraint(QLayout::SetFixedSize);
+  picture->FitInto(BodyRoom(*this, *buttons));
 }
 
 }  // namespace tremlo

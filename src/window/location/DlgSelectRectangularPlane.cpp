@@ -3,6 +3,7 @@
 #include "core/location/PlaneZone.h"
 #include "core/location/ZoneMap.h"
 #include "window/graphs/NamedControl.h"
+#include "window/graphs/ScrolledBody.h"
 #include "window/graphs/Spread7.h"
 #include "window/location/DlgHelpFieldRect.h"
 #include "window/location/SpanningHeader.h"
@@ -59,15 +60,21 @@ CDlgSelectRectangularPlane::CDlgSelectRectangularPlane(const QString& programFol
   m_area->setWordWrap(true);
   m_area->setAlignment(Qt::AlignTop | Qt::AlignLeft);
   m_area->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  m_area->setMinimumHeight(kAreaLines * fontMetrics().lineSpacing());
+  m_area->setFixedHeight(kAreaLines * fontMetrics().lineSpacing());
 
   auto* const gridColumn = new QVBoxLayout;
   gridColumn->setSpacing(0);
   gridColumn->addWidget(SpanningHeader(*m_grid, kLongitude, kZoneGridHeaders[1].toString()));
   gridColumn->addWidget(m_grid, 1);
-  auto* const body = new QHBoxLayout;
-  body->addLayout(gridColumn);
-  body->addWidget(m_map, 0, Qt::AlignTop);
+  auto* const choice = new QHBoxLayout;
+  choice->addLayout(gridColumn);
+  choice->addWidget(m_map, 0, Qt::AlignTop);
+  auto* const content = new QWidget;
+  auto* const rows = new QVBoxLayout(content);
+  rows->setContentsMargins({});
+  rows->addLayout(choice);
+  rows->addWidget(MakeHeading());
+  rows->addWidget(m_area);
   auto* const buttons = new QDialogButtonBox;
   QPushButton* const ok = buttons->addButton(QStringLiteral("OK"), QDialogButtonBox::AcceptRole);
   Named(ok, "ok", ok->text())->setDefault(true);
@@ -76,11 +83,18 @@ CDlgSelectRectangularPlane::CDlgSelectRectangularPlane(const QString& programFol
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   auto* const column = new QVBoxLayout(this);
-  column->addLayout(body);
-  column->addWidget(MakeHeading());
-  column->addWidget(m_area);
+  auto* const body = new ScrolledBody;
+  column->addWidget(body);
   column->addWidget(buttons);
   column->setSizeConstraint(QLayout::SetFixedSize);
+  body->setWidget(content);
+  body->Fit(*buttons);
+  // All of the grid's rows are in its own sight, but perhaps not in that of the dialog.
+  connect(m_grid->selectionModel(), &QItemSelectionModel::currentChanged, body, [this, body] {
+    const QRect cell = m_grid->visualRect(m_grid->currentIndex());
+    const QPoint middle = m_grid->viewport()->mapTo(body->widget(), cell.center());
+    body->ensureVisible(middle.x(), middle.y(), cell.width(), cell.height());
+  });
 
   if (current >= 0 && static_cast<std::size_t>(current) < kPlaneZoneCount) {
     Select(current);

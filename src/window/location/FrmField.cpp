@@ -77,6 +77,8 @@ CSpread7* CFrmField::MakeGrid(const char* name, const QString& spokenName, std::
   grid->SetData(std::move(rows));
   grid->SetShowWarning(WarningsBy(m_prompt));
   grid->verticalHeader()->setFixedWidth(kTitleWidth);
+  // An edge that the pointer could drag would take columns out of sight, where nothing scrolls to them.
+  grid->horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   grid->horizontalHeader()->setStretchLastSection(true);
   return grid;
 }
@@ -180,6 +182,10 @@ QWidget* CFrmField::MakeMapColumn() {
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
   }
+  // A map that grew and shrank under a drag, as the hint goes and comes, would carry the site along.
+  QSizePolicy kept = m_hintLabel->sizePolicy();
+  kept.setRetainSizeWhenHidden(true);
+  m_hintLabel->setSizePolicy(kept);
   auto* const column = new QWidget;
   auto* const layout = new QVBoxLayout(column);
   layout->setContentsMargins({});
@@ -302,9 +308,8 @@ void CFrmField::ShowPlaneTexts() {
   SiteRecord shown = m_doc.site;
   StorePosition(m_position, shown);
   m_planeLabel->setText(PlaneText(shown));
-  const QString hint = ZoneHint(shown);
-  m_hintLabel->setText(hint);
-  m_hintLabel->setVisible(!hint.isEmpty());
+  m_hintLabel->setText(ZoneHintText(shown.planeZone));
+  m_hintLabel->setVisible(IsFarFromZone(shown));
 }
 
 /// In the status bar of the window, as the hints of the menu.

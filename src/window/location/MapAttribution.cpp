@@ -33,7 +33,7 @@ void OpenTerms(Prompt& prompt) {
 
 }  // namespace
 
-MapAttribution::MapAttribution(Prompt& prompt, CommandGate& gate, QWidget* parent) : QLabel(parent) {
+MapAttribution::MapAttribution(Prompt& prompt, CommandGate& gate, QWidget* parent) : LinkLabel(parent) {
   Named(this, "attribution", QStringLiteral("地図の出典と利用規約"));
   setTextFormat(Qt::RichText);
   setText(AttributionText(palette()));
@@ -44,7 +44,7 @@ MapAttribution::MapAttribution(Prompt& prompt, CommandGate& gate, QWidget* paren
 }
 
 void MapAttribution::changeEvent(QEvent* event) {
-  QLabel::changeEvent(event);
+  LinkLabel::changeEvent(event);
   if (event->type() == QEvent::PaletteChange) setText(AttributionText(palette()));
 }
 

@@ -2,13 +2,12 @@
 
 #include "core/ask/Prompt.h"
 #include "window/graphs/CommandGate.h"
-
-#include <QLabel>
+#include "window/location/LinkLabel.h"
 
 namespace tremlo {
 
 /// The lines below a map: whose map it is, and the terms of the tiles as a link that opens in the browser.
-class MapAttribution : public QLabel {
+class MapAttribution : public LinkLabel {
   Q_OBJECT
  public:
   /// The prompt and the gate outlive it.

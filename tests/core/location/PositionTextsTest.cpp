@@ -57,21 +57,23 @@ TEST(PlaneText, HasNoCoordinatesForWhatIsNoPlace) {
 }
 
 TEST(ZoneHint, ANewProjectHasOne) {
-  EXPECT_EQ(ZoneHint(SiteRecord()),
+  EXPECT_TRUE(IsFarFromZone(SiteRecord()));
+  EXPECT_EQ(ZoneHintText(SiteRecord().planeZone),
             u"現場の経度がI (1)系の原点から6度を超えて離れています。座標系番号を確認してください。");
 }
 
 TEST(ZoneHint, ComesBeyondSixDegreesOnEitherSide) {
   const QString zone = QStringLiteral("IV (4)");  // 133.5 degrees
-  EXPECT_TRUE(ZoneHint(SiteAt(36.0, 139.5, zone)).isEmpty());
-  EXPECT_TRUE(ZoneHint(SiteAt(36.0, 127.5, zone)).isEmpty());
-  EXPECT_FALSE(ZoneHint(SiteAt(36.0, 139.51, zone)).isEmpty());
-  EXPECT_FALSE(ZoneHint(SiteAt(36.0, 127.49, zone)).isEmpty());
+  EXPECT_FALSE(IsFarFromZone(SiteAt(36.0, 139.5, zone)));
+  EXPECT_FALSE(IsFarFromZone(SiteAt(36.0, 127.5, zone)));
+  EXPECT_TRUE(IsFarFromZone(SiteAt(36.0, 139.51, zone)));
+  EXPECT_TRUE(IsFarFromZone(SiteAt(36.0, 127.49, zone)));
 }
 
 TEST(ZoneHint, SaysNothingWithoutAZoneOrAPlace) {
-  EXPECT_TRUE(ZoneHint(SiteAt(36.0, 139.0, QStringLiteral("?"))).isEmpty());
-  EXPECT_TRUE(ZoneHint(SiteAt(36.0, std::nan(""), QStringLiteral("I (1)"))).isEmpty());
+  EXPECT_FALSE(IsFarFromZone(SiteAt(36.0, 139.0, QStringLiteral("?"))));
+  EXPECT_TRUE(ZoneHintText(QStringLiteral("?")).isEmpty());
+  EXPECT_FALSE(IsFarFromZone(SiteAt(36.0, std::nan(""), QStringLiteral("I (1)"))));
 }
 
 }  // namespace

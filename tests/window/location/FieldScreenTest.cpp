@@ -20,6 +20,7 @@
 #include <QContextMenuEvent>
 #include <QDesktopServices>
 #include <QElapsedTimer>
+#include <QHeaderView>
 #include <QLabel>
 #include <QMenu>
 #include <QMessageBox>
@@ -600,19 +601,46 @@ TEST_F(FieldScreenTest, ThePlaneCoordinatesFollowSiteAndZoneAndAFarZoneIsHintedA
   EXPECT_EQ(Label("planeLabel"), u"平面直角座標 VIII (8)系　X = 462.473 m　Y = 90156.099 m");
 }
 
+TEST_F(FieldScreenTest, TheMapKeepsItsSizeWhenTheHintComesAndGoes) {
+  Open();
+  const QSize size = Map().size();
+  const auto& hint = driver->Find<QLabel>("hintLabel");
+  ASSERT_TRUE(hint.isVisible());
+  Press(Middle());
+  Move(Middle() + QPoint(130, 0));  // six degrees and more to the west: into the reach of the zone
+  Settle();
+  EXPECT_FALSE(hint.isVisible());
+  EXPECT_EQ(Map().size(), size);
+  Move(Middle() + QPoint(10, 0));
+  Settle();
+  EXPECT_TRUE(hint.isVisible());
+  EXPECT_EQ(Map().size(), size);
+  Release(Middle() + QPoint(10, 0));
+}
+
 TEST_F(FieldScreenTest, TheAttributionNamesTheMapAndLeadsToItsTerms) {
   Open();
   EXPECT_STREQ(kTileTermsAddress, "https://maps.gsi.go.jp/development/ichiran.html");
   const QString text = Label("attribution");
   EXPECT_TRUE(text.startsWith(u"この地図は国土地理院発行の地理院タイル『標準地図』を使用しています。<br>"));
   EXPECT_TRUE(text.contains(u"国土地理院コンテンツ利用規約"));
+  // The one stop of the tab key there is the link, which shows it and opens by Return.
   Browser browser;
+  Map().setFocus();
+  QTest::keyClick(&Map(), Qt::Key_Tab);
   auto& label = driver->Find<QLabel>("attribution");
-  label.setFocus();
-  QTest::keyClick(&label, Qt::Key_Tab);  // to its link
-  label.setFocus();
-  Q_EMIT label.linkActivated(QString());
+  ASSERT_TRUE(label.hasFocus());
+  EXPECT_TRUE(label.hasSelectedText());
+  QTest::keyClick(&label, Qt::Key_Return);
   EXPECT_EQ(browser.opened, QStringList(QString::fromLatin1(kTileTermsAddress)));
+  QTest::keyClick(&label, Qt::Key_Tab);
+  ASSERT_FALSE(label.hasFocus());
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
+  ASSERT_TRUE(label.hasFocus());
+  QTest::keyClick(&label, Qt::Key_Return);
+  EXPECT_EQ(browser.opened.size(), 2);
+  QTest::keyClick(&label, Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_TRUE(Map().hasFocus());
 }
 
 std::vector<std::string> MenuTexts(const QWidget& grid) {
@@ -642,6 +670,20 @@ TEST_F(FieldScreenTest, BesideTheGridsThereIsNoMenu) {
     QCoreApplication::sendEvent(&control, &event);
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << name;
     if (QWidget* const menu = QApplication::activePopupWidget()) menu->close();
+  }
+}
+
+TEST_F(FieldScreenTest, NoColumnCanBeDraggedOutOfSight) {
+  Open();
+  for (const char* name : {"jobGrid", "siteGrid", "positionGrid", "zoneGrid", "commentGrid"}) {
+    CSpread7& grid = driver->Grid(name);
+    QHeaderView& header = *grid.horizontalHeader();
+    const int edge = header.sectionViewportPosition(0) + header.sectionSize(0) - 1;
+    QTest::mousePress(header.viewport(), Qt::LeftButton, {}, {edge, 5});
+    QTest::mouseMove(header.viewport(), {edge + 300, 5});
+    QTest::mouseRelease(header.viewport(), Qt::LeftButton, {}, {edge + 300, 5});
+    EXPECT_EQ(header.sectionViewportPosition(0) + header.sectionSize(0) - 1, edge) << name;
+    EXPECT_EQ(header.length(), grid.viewport()->width()) << name;
   }
 }
 

@@ -1,5 +1,6 @@
 #include "core/location/PlaneZone.h"
 #include "core/location/ZoneMap.h"
+#include "support/PaletteChange.h"
 #include "support/ScreenDriver.h"
 #include "support/ScriptedPrompt.h"
 #include "support/TestFolder.h"
@@ -9,6 +10,9 @@
 
 #include <QDialogButtonBox>
 #include <QLabel>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollBar>
 
 #include <gtest/gtest.h>
 #include <memory>
@@ -92,6 +96,16 @@ TEST_F(SelectZoneTest, TheCurrentZoneIsCheckedColouredAndItsAreaTold) {
   EXPECT_EQ(AreaText(), PlaneZones()[8].areaText);
 }
 
+TEST_F(SelectZoneTest, AnEmptyBoxLooksEmptyOnADarkDesktopToo) {
+  test::PaletteChange palette;
+  palette.ToDark();
+  Open(8);
+  const QRect cell = Grid().visualRect(Grid().model()->index(0, kCheck - 1));
+  const QImage seen = Grid().viewport()->grab(cell).toImage();
+  const QColor middle = seen.pixelColor(seen.width() / 2, seen.height() / 2);
+  EXPECT_GT(middle.lightness(), 200) << middle.name().toStdString();
+}
+
 TEST_F(SelectZoneTest, AnUnknownZoneSelectsNoRow) {
   Open(-1);
   EXPECT_EQ(dialog->Selected(), -1);
@@ -161,6 +175,49 @@ TEST_F(SelectZoneTest, WithoutTheFilesOnlyTheGridCanChoose) {
   EXPECT_EQ(dialog->Selected(), 0);
   ClickCell(9, kCheck);
   EXPECT_EQ(dialog->Selected(), 8);
+}
+
+/// With its frame on the monitor, and its buttons in sight.
+void ExpectInSight(const QDialog& dialog, std::initializer_list<const char*> buttons) {
+  const QRect monitor = dialog.screen()->availableGeometry();
+  EXPECT_TRUE(monitor.contains(dialog.frameGeometry())) << dialog.width() << " x " << dialog.height();
+  for (const char* name : buttons) {
+    const auto* const button = dialog.findChild<QPushButton*>(QString::fromLatin1(name));
+    EXPECT_TRUE(monitor.contains(QRect(button->mapToGlobal(QPoint()), button->size()))) << name;
+    EXPECT_FALSE(button->visibleRegion().isEmpty()) << name;
+  }
+}
+
+TEST_F(SelectZoneTest, TheDialogsLieOnTheirMonitorWithTheirButtonsInSight) {
+  Open(0);
+  const QSize size = dialog->size();
+  for (int row = 19; row >= 1; --row) {
+    Grid().SelectCell(row, kCheck);
+    QTest::keyClick(&Grid(), Qt::Key_Space);
+    test::Settle();
+    EXPECT_EQ(dialog->Selected(), row - 1);
+    EXPECT_EQ(dialog->size(), size);
+    // Where the grid is too long for the monitor, the row that the keys have come to is scrolled to.
+    const QRect cell = Grid().visualRect(Grid().currentIndex());
+    EXPECT_FALSE(Grid().viewport()->visibleRegion().intersected(cell).isEmpty()) << row;
+  }
+  ExpectInSight(*dialog, {"ok", "cancel"});
+  CDlgHelpFieldRect help(dialog.get());
+  help.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&help));
+  ExpectInSight(help, {"close"});
+}
+
+TEST_F(SelectZoneTest, NothingScrollsWhereTheMonitorHasRoom) {
+  Open(0);
+  const QSize room = dialog->screen()->availableSize();
+  if (room.width() < 900 || room.height() < 700) GTEST_SKIP() << "a small monitor";
+  CDlgHelpFieldRect help(dialog.get());
+  help.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&help));
+  test::Settle();
+  for (const QScrollBar* bar : dialog->findChildren<QScrollBar*>()) EXPECT_FALSE(bar->isVisible());
+  EXPECT_EQ(Map().visibleRegion().boundingRect(), Map().rect());
 }
 
 TEST_F(SelectZoneTest, TheQuestionMarkOpensTheHelp) {
