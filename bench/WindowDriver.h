@@ -17,12 +17,13 @@ enum class StepKind {
   ModalRun,  ///< a run behind its dialog, which leaves the event loop free
 };
 
-/// The program with its window on the short route, worked by mouse and keys. Every action begins from the
+/// The program with its window on one route, worked by mouse and keys. Every action begins from the
 /// event loop, which then runs until all is painted that follows from it.
 class WindowDriver {
  public:
   /// Starts the program with a new project. `services`: those of the probes.
-  WindowDriver(const ProgramFolder& folder, const ServiceSettings& services);
+  WindowDriver(const ProgramFolder& folder, const ServiceSettings& services,
+               TopChoice route = TopChoice::ResponseRoute);
 
   /// Acts and notes for the step the longest time in which the event loop did not turn. A step of several
   /// actions counts the longest of all.
@@ -38,6 +39,7 @@ class WindowDriver {
 
   CMainFrame& Frame() { return *m_app.Frame(); }
   CMorvaneDoc& Doc() { return m_app.Document(); }
+  WorkProcedure& Procedure() { return m_app.Procedure(); }
   /// A control of the screen on display by its object name.
   template <class Control>
   Control& Find(const char* name) {
