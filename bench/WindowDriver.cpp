@@ -19,14 +19,15 @@ ProgramSettings SettingsOf(const ProgramFolder& folder, const ServiceSettings& s
   settings.services.probePauseMs = 0;
   settings.splashMs = 0;
   settings.programFolder = folder.Path();
+  settings.unfinishedRoute = true;
   return settings;
 }
 
-ProgramDoors DoorsTo(Prompt& prompt, FileDialogs& files) {
+ProgramDoors DoorsTo(Prompt& prompt, FileDialogs& files, TopChoice route) {
   ProgramDoors doors;
   doors.prompt = &prompt;
   doors.files = &files;
-  doors.askRoute = [](bool, QWidget*) { return TopChoice::ResponseRoute; };
+  doors.askRoute = [route](bool, QWidget*) { return route; };
   return doors;
 }
 
@@ -41,8 +42,8 @@ PromptAnswer WindowDriver::Answers::Show(const PromptBox& box) {
   return box.buttons == PromptButtons::YesNoCancel ? PromptAnswer::No : PromptAnswer::Yes;
 }
 
-WindowDriver::WindowDriver(const ProgramFolder& folder, const ServiceSettings& services)
-    : m_app(SettingsOf(folder, services), ProgramScreens(), DoorsTo(m_answers, m_files)) {
+WindowDriver::WindowDriver(const ProgramFolder& folder, const ServiceSettings& services, TopChoice route)
+    : m_app(SettingsOf(folder, services), ProgramScreens(), DoorsTo(m_answers, m_files, route)) {
   if (m_app.Start({QStringLiteral("tremlo")})) std::abort();
   Frame().activateWindow();
   m_steps.Settle();

@@ -8,12 +8,13 @@
 
 namespace tremlo {
 
-/// The program with its window on the short route, worked by mouse and keys. What is done is noted in a table
-/// of steps.
+/// The program with its window on one route, worked by mouse and keys. What is done is noted in a table of
+/// steps.
 class WindowDriver {
  public:
   /// Starts the program with a new project. `services`: those of the probes.
-  WindowDriver(const ProgramFolder& folder, const ServiceSettings& services);
+  WindowDriver(const ProgramFolder& folder, const ServiceSettings& services,
+               TopChoice route = TopChoice::ResponseRoute);
 
   void Do(const char* step, const std::function<void()>& act, StepKind kind = StepKind::Plain) {
     m_steps.Do(step, act, kind);
@@ -27,6 +28,7 @@ class WindowDriver {
 
   CMainFrame& Frame() { return *m_app.Frame(); }
   CMorvaneDoc& Doc() { return m_app.Document(); }
+  WorkProcedure& Procedure() { return m_app.Procedure(); }
   /// A control of the screen on display by its object name.
   template <class Control>
   Control& Find(const char* name) {
