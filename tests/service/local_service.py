@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """The hazard service and the tile server on this machine's loopback, from files, for tests and for work by hand.
 
-    tests/service/local_service.py [--data DIR] [--tile FILE] [--log FILE] [--work DIR]
+    tests/service/local_service.py [--data DIR] [--tile FILE] [--log FILE] [--work DIR] [--wishes FILE]
 
 Prints one line "name=value" for each port (all of 127.0.0.1) and for the certificate of its authority, then "ready".
 Ends when its standard input is closed, so that it never outlives who started it.
@@ -27,6 +27,9 @@ a fault's code, and HOW one of the methods "answer_..." below, with its argument
 
     curl 'http://127.0.0.1:PORT/ranking=cut/map/api/fltsearch?...'
     curl 'http://127.0.0.1:PORT/F005501=status:503/model=trickle:5/map/api/pshm/Y2021/AVR/F005501/fltinfo.geojson'
+
+The same segments in the file of --wishes hold for every request that asks for nothing itself, from the moment they
+are written.
 """
 
 import argparse
@@ -156,6 +159,8 @@ class Exchange(socketserver.StreamRequestHandler):
         self.server.log({"method": first[0], "path": self.path, "version": first[2], "headers": headers,
                          "connection": self.client_address[1]})
         wishes, path = {}, self.path.lstrip("/")
+        if self.server.wishes and "=" not in path.split("/", 1)[0].split("?")[0]:
+            path = self.server.wishes.read_text() + path if self.server.wishes.exists() else path
         while "=" in path.split("/", 1)[0].split("?")[0]:
             wish, _, path = path.partition("/")
             what, _, how = wish.partition("=")
@@ -348,9 +353,9 @@ class Listener(socketserver.ThreadingTCPServer):
     daemon_threads = True
     request_queue_size = 64
 
-    def __init__(self, content, log, context=None):
+    def __init__(self, content, log, context=None, wishes=None):
         super().__init__(("127.0.0.1", 0), Exchange)
-        self.content, self.log, self.context = content, log, context
+        self.content, self.log, self.context, self.wishes = content, log, context, wishes
         threading.Thread(target=self.serve_forever, daemon=True).start()
 
     def handle_error(self, request, client_address):
@@ -399,6 +404,7 @@ def main():
     options.add_argument("--tile", default=ROOT / "data" / "tiles" / "tile.png", help="the picture of every tile")
     options.add_argument("--log", help="file that takes one line of JSON for each request")
     options.add_argument("--work", help="folder for the certificates; without it one that is removed at the end")
+    options.add_argument("--wishes", type=pathlib.Path, help="file of misbehaviour that may change meanwhile")
     arguments = options.parse_args()
 
     with tempfile.TemporaryDirectory() as own_folder:
@@ -416,7 +422,7 @@ def main():
             "https-may": certificates.context(certificates.good, ssl.CERT_OPTIONAL),
         }
         for name, context in contexts.items():
-            print(f"{name}={Listener(content, log, context).port()}")
+            print(f"{name}={Listener(content, log, context, arguments.wishes).port()}")
         deaf = deaf_ports()
         for name, deaf_socket in deaf:
             if name:
