@@ -35,7 +35,8 @@ QAbstractButton* ButtonCalled(const QWidget& window, const QStringList& texts) {
 QString NameOf(const QObject& object) {
   QString name = object.objectName().isEmpty() ? QString::fromLatin1(object.metaObject()->className())
                                                : object.objectName();
-  if (const auto* button = qobject_cast<const QAbstractButton*>(&object)) name += QStringLiteral(" \"") + button->text() + u'"';
+  if (const auto* button = qobject_cast<const QAbstractButton*>(&object))
+    name += QStringLiteral(" \"") + button->text() + u'"';
   return name;
 }
 

@@ -22,7 +22,8 @@ template <class Control>
 std::vector<Control*> Workable(const QWidget& window) {
   std::vector<Control*> found;
   for (Control* control : window.findChildren<Control*>())
-    if (control->isVisible() && control->isEnabled() && control->window() == window.window()) found.push_back(control);
+    if (control->isVisible() && control->isEnabled() && control->window() == window.window())
+      found.push_back(control);
   return found;
 }
 

@@ -9,7 +9,8 @@ namespace tremlo::test {
 namespace {
 
 bool SameBits(const std::vector<double>& a, const std::vector<double>& b) {
-  return a.size() == b.size() && (a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof(double)) == 0);
+  return a.size() == b.size() &&
+         (a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof(double)) == 0);
 }
 
 bool SameData(const CSeismicWave& a, const CSeismicWave& b) {
@@ -63,7 +64,8 @@ std::vector<std::string> WrongChanges(const DocumentMoment& before, const Docume
 
 std::string DifferingMembers(const DocumentMoment& before, const DocumentMoment& after) {
   std::string names;
-  for (const std::string& name : after.state.DifferencesTo(before.state)) names += (names.empty() ? "" : ", ") + name;
+  for (const std::string& name : after.state.DifferencesTo(before.state))
+    names += (names.empty() ? "" : ", ") + name;
   return names;
 }
 

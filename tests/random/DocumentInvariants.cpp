@@ -59,7 +59,8 @@ void CheckAdoption(const CMorvaneDoc& doc, Sentences& broken) {
     const bool named = std::any_of(waves.begin(), waves.end(), [&](const CSeismicWave& wave) {
       return wave.adopted && wave.name == doc.seedAdoptedName;
     });
-    if (!named) broken.push_back("the adopted wave is no wave with its flag set: " + doc.seedAdoptedName.toStdString());
+    if (!named)
+      broken.push_back("the adopted wave is no wave with its flag set: " + doc.seedAdoptedName.toStdString());
     if (count > 1) broken.push_back("more than one wave is adopted");
   } else {
     if (count > 0) broken.push_back("a wave bears the flag of the adopted one, but none is adopted");
@@ -70,11 +71,14 @@ void CheckAdoption(const CMorvaneDoc& doc, Sentences& broken) {
 
 void CheckResults(const CMorvaneDoc& doc, const CSeismicWave& wave, Sentences& broken) {
   const std::string name = wave.name.toStdString();
-  const bool hasData = !wave.adjustedAcc.empty() || !wave.adjustedPeriods.empty() || !wave.adjustedSpec.empty();
-  if (!wave.adjusted && hasData) broken.push_back("results are left of an adjustment that was cleared: " + name);
+  const bool hasData =
+      !wave.adjustedAcc.empty() || !wave.adjustedPeriods.empty() || !wave.adjustedSpec.empty();
+  if (!wave.adjusted && hasData)
+    broken.push_back("results are left of an adjustment that was cleared: " + name);
   if (wave.adjusted && wave.adjustedAcc.size() != wave.acc.size())
     broken.push_back("the adjusted wave has another number of samples than its seed: " + name);
-  if (wave.adjusted && wave.adjustedSpec.empty()) broken.push_back("an adjusted wave has no spectrum: " + name);
+  if (wave.adjusted && wave.adjustedSpec.empty())
+    broken.push_back("an adjusted wave has no spectrum: " + name);
   if (wave.adjustedPeriods.size() != wave.adjustedSpec.size())
     broken.push_back("periods and values of an adjusted spectrum are not as many: " + name);
   if (wave.periods.size() != wave.accSpec.size())
@@ -104,7 +108,8 @@ void CheckPlanes(const FaultInfo& fault, Sentences& broken) {
   check(fault.equivArea);
   check(fault.adjustShow);
   check(fault.adjustShowEquiv);
-  if (!same) broken.push_back("the lists of a fault's planes are not of one length: " + fault.ltename.toStdString());
+  if (!same)
+    broken.push_back("the lists of a fault's planes are not of one length: " + fault.ltename.toStdString());
 }
 
 void CheckProcedure(const CMorvaneDoc& doc, Sentences& broken) {
@@ -113,10 +118,12 @@ void CheckProcedure(const CMorvaneDoc& doc, Sentences& broken) {
   if (!doc.guidelineRoute || doc.flowFixed) return;
   // With no procedure fixed, whatever rests on one is cleared.
   if (!doc.faults.empty()) broken.push_back("faults are left, but the procedure is not fixed");
-  if (!doc.baseSpectrumName.isEmpty()) broken.push_back("a base spectrum is left, but the procedure is not fixed");
+  if (!doc.baseSpectrumName.isEmpty())
+    broken.push_back("a base spectrum is left, but the procedure is not fixed");
   for (const CSeismicWave& wave : doc.seedWaves.Records())
     if (wave.siteUse)
-      broken.push_back("a wave is in use near the site, but the procedure is not fixed: " + wave.name.toStdString());
+      broken.push_back("a wave is in use near the site, but the procedure is not fixed: " +
+                       wave.name.toStdString());
 }
 
 void CheckLimits(const CMorvaneDoc& doc, Sentences& broken) {

@@ -24,7 +24,8 @@ constexpr std::chrono::seconds kHangLimit{180};
 /// Ends the process when the event loop stands still.
 class Watchdog {
  public:
-  Watchdog(const RandomUser& user, const Diary& diary) : m_thread([this, &user, &diary] { Watch(user, diary); }) {}
+  Watchdog(const RandomUser& user, const Diary& diary)
+      : m_thread([this, &user, &diary] { Watch(user, diary); }) {}
   ~Watchdog() {
     {
       const std::lock_guard guard(m_lock);
@@ -57,6 +58,12 @@ class Watchdog {
   std::thread m_thread;
 };
 
+/// What the offscreen platform cannot do is no news.
+void TellMessage(QtMsgType, const QMessageLogContext&, const QString& text) {
+  if (!text.startsWith(QStringLiteral("This plugin does not support")))
+    std::fprintf(stderr, "%s\n", text.toLocal8Bit().constData());
+}
+
 int Report(const std::string& failure, const RandomUserLimits& limits, const Diary& diary) {
   std::printf("%s", diary.Counts().c_str());
   if (!failure.empty())
@@ -76,14 +83,16 @@ int main(int argc, char* argv[]) {
   if (!home.IsValid()) return EXIT_FAILURE;
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   qputenv("QT_HASH_SEED", "0");  // the same order of everything in each run
+  qInstallMessageHandler(TellMessage);
   const QApplication application(argc, argv);
 
   QCommandLineParser parser;
   parser.addHelpOption();
-  parser.addOptions({{QStringLiteral("seconds"), QStringLiteral("How long at most."), QStringLiteral("n")},
-                     {QStringLiteral("actions"), QStringLiteral("How many actions at most."), QStringLiteral("n")},
-                     {QStringLiteral("seed"), QStringLiteral("What the actions are drawn from."), QStringLiteral("n")},
-                     {QStringLiteral("diary"), QStringLiteral("File for the actions."), QStringLiteral("path")}});
+  parser.addOptions(
+      {{QStringLiteral("seconds"), QStringLiteral("How long at most."), QStringLiteral("n")},
+       {QStringLiteral("actions"), QStringLiteral("How many actions at most."), QStringLiteral("n")},
+       {QStringLiteral("seed"), QStringLiteral("What the actions are drawn from."), QStringLiteral("n")},
+       {QStringLiteral("diary"), QStringLiteral("File for the actions."), QStringLiteral("path")}});
   parser.process(application);
   RandomUserLimits limits;
   limits.seconds = parser.value(QStringLiteral("seconds")).toInt();
@@ -91,8 +100,9 @@ int main(int argc, char* argv[]) {
   if (parser.isSet(QStringLiteral("seed"))) limits.seed = parser.value(QStringLiteral("seed")).toULongLong();
   if (limits.seconds == 0 && limits.actions == 0) parser.showHelp(2);
 
-  Diary diary(parser.isSet(QStringLiteral("diary")) ? QDir::current().absoluteFilePath(parser.value(QStringLiteral("diary")))
-                                                    : QDir::current().absoluteFilePath(QStringLiteral("random-user-diary")));
+  Diary diary(parser.isSet(QStringLiteral("diary"))
+                  ? QDir::current().absoluteFilePath(parser.value(QStringLiteral("diary")))
+                  : QDir::current().absoluteFilePath(QStringLiteral("random-user-diary")));
   std::printf("seed %llu, actions in %s\n", static_cast<unsigned long long>(limits.seed),
               diary.Path().toLocal8Bit().constData());
   std::fflush(stdout);

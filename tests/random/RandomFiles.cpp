@@ -31,8 +31,9 @@ QString RandomFiles::Choice() {
 
 QString RandomFiles::ToOpen(const FileQuestion& question) {
   if (question.nameFilters.contains(QStringLiteral("trml"))) return m_samples.Project(m_random);
-  return question.title.contains(QStringLiteral("スペクトル")) || m_random.Percent(25) ? m_samples.Spectrum(m_random)
-                                                                                       : m_samples.Wave(m_random);
+  return question.title.contains(QStringLiteral("スペクトル")) || m_random.Percent(25)
+             ? m_samples.Spectrum(m_random)
+             : m_samples.Wave(m_random);
 }
 
 QString RandomFiles::ToSave(const FileQuestion& question) {

@@ -26,12 +26,13 @@ namespace tremlo::test {
 namespace {
 
 const std::vector<Qt::Key> kKeys{
-    Qt::Key_Tab,  Qt::Key_Tab,   Qt::Key_Backtab, Qt::Key_Return, Qt::Key_Enter,  Qt::Key_Escape, Qt::Key_Space,
-    Qt::Key_Left, Qt::Key_Right, Qt::Key_Up,      Qt::Key_Down,   Qt::Key_Home,   Qt::Key_End,    Qt::Key_PageUp,
-    Qt::Key_F2,   Qt::Key_Plus,  Qt::Key_Minus,   Qt::Key_Delete, Qt::Key_Insert, Qt::Key_F10,    Qt::Key_PageDown,
-    Qt::Key_1,    Qt::Key_A,     Qt::Key_Backspace};
-const std::vector<Qt::Key> kCommandKeys{Qt::Key_A, Qt::Key_C, Qt::Key_X, Qt::Key_V,    Qt::Key_Z,   Qt::Key_N,
-                                        Qt::Key_O, Qt::Key_S, Qt::Key_S, Qt::Key_Insert, Qt::Key_End, Qt::Key_Home};
+    Qt::Key_Tab,    Qt::Key_Tab,    Qt::Key_Backtab,  Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape,
+    Qt::Key_Space,  Qt::Key_Left,   Qt::Key_Right,    Qt::Key_Up,     Qt::Key_Down,  Qt::Key_Home,
+    Qt::Key_End,    Qt::Key_PageUp, Qt::Key_F2,       Qt::Key_Plus,   Qt::Key_Minus, Qt::Key_Delete,
+    Qt::Key_Insert, Qt::Key_F10,    Qt::Key_PageDown, Qt::Key_1,      Qt::Key_A,     Qt::Key_Backspace};
+const std::vector<Qt::Key> kCommandKeys{Qt::Key_A, Qt::Key_C,      Qt::Key_X,   Qt::Key_V,
+                                        Qt::Key_Z, Qt::Key_N,      Qt::Key_O,   Qt::Key_S,
+                                        Qt::Key_S, Qt::Key_Insert, Qt::Key_End, Qt::Key_Home};
 
 QString KeyName(Qt::Key key, Qt::KeyboardModifiers modifiers) {
   return (modifiers & Qt::ControlModifier ? QStringLiteral("Ctrl+") : QString()) +
@@ -47,14 +48,22 @@ RandomHands::RandomHands(RandomSource& random, Diary& diary, SampleFolder& sampl
 
 const std::vector<RandomHands::Choice>& RandomHands::Choices() {
   static const std::vector<Choice> kChoices{
-      {22, &RandomHands::ClickSomeButton, false}, {14, &RandomHands::TypeSomewhere, false},
-      {4, &RandomHands::ChooseInCombo, false},    {16, &RandomHands::WorkGrid, false},
-      {8, &RandomHands::TickSomeCell, false},     {6, &RandomHands::DragSomewhere, false},
-      {3, &RandomHands::Wheel, false},            {2, &RandomHands::OpenContextMenu, false},
-      {10, &RandomHands::PressKey, false},        {6, &RandomHands::UseBus, false},
-      {2, &RandomHands::FillClipboard, false},    {6, &RandomHands::TriggerEntry, true},
-      {2, &RandomHands::DropSomeFile, true},      {2, &RandomHands::HandleWindow, true},
-      {2, &RandomHands::ChangeService, false},    {4, &RandomHands::QueueBatch, false},
+      {22, &RandomHands::ClickSomeButton, false},
+      {14, &RandomHands::TypeSomewhere, false},
+      {4, &RandomHands::ChooseInCombo, false},
+      {16, &RandomHands::WorkGrid, false},
+      {8, &RandomHands::TickSomeCell, false},
+      {6, &RandomHands::DragSomewhere, false},
+      {3, &RandomHands::Wheel, false},
+      {2, &RandomHands::OpenContextMenu, false},
+      {10, &RandomHands::PressKey, false},
+      {6, &RandomHands::UseBus, false},
+      {2, &RandomHands::FillClipboard, false},
+      {6, &RandomHands::TriggerEntry, true},
+      {2, &RandomHands::DropSomeFile, true},
+      {2, &RandomHands::HandleWindow, true},
+      {2, &RandomHands::ChangeService, false},
+      {4, &RandomHands::QueueBatch, false},
   };
   return kChoices;
 }
@@ -80,8 +89,10 @@ void RandomHands::Act() {
 void RandomHands::Leave(QWidget& dialog) {
   const std::vector<QPushButton*> buttons = Workable<QPushButton>(dialog);
   const int way = m_random.Below(10);
-  if (way < 7 && !buttons.empty() && !qobject_cast<QColorDialog*>(&dialog)) return Click(*m_random.Pick(buttons));
-  if (QAbstractButton* const ok = ButtonCalled(dialog, {QStringLiteral("OK"), QStringLiteral("Ok")}); ok && way < 8)
+  if (way < 7 && !buttons.empty() && !qobject_cast<QColorDialog*>(&dialog))
+    return Click(*m_random.Pick(buttons));
+  if (QAbstractButton* const ok = ButtonCalled(dialog, {QStringLiteral("OK"), QStringLiteral("Ok")});
+      ok && way < 8)
     return Click(*ok);
   if (way < 9) {
     m_diary.Begin("key", QStringLiteral("Esc in ") + NameOf(dialog));
@@ -249,14 +260,16 @@ void RandomHands::WorkGrid(QWidget& window) {
   const Cell cell{1 + m_random.Below(static_cast<std::size_t>(rows)),
                   1 + m_random.Below(static_cast<std::size_t>(grid->ColumnCount()))};
   const int way = m_random.Below(12);
-  m_diary.Begin("grid", NameOf(*grid) + QStringLiteral(" way %1 at %2, %3").arg(way).arg(cell.row).arg(cell.column));
+  m_diary.Begin("grid",
+                NameOf(*grid) + QStringLiteral(" way %1 at %2, %3").arg(way).arg(cell.row).arg(cell.column));
   const QPointer<CSpread7> alive(grid);
   const QPoint place = PlaceOf(*grid, cell);
   if (way == 0) {
     QTest::mouseDClick(grid->viewport(), Qt::LeftButton, {}, place);
     return;
   }
-  QTest::mouseClick(grid->viewport(), Qt::LeftButton, m_random.Percent(15) ? Qt::ShiftModifier : Qt::NoModifier, place);
+  QTest::mouseClick(grid->viewport(), Qt::LeftButton,
+                    m_random.Percent(15) ? Qt::ShiftModifier : Qt::NoModifier, place);
   if (!alive || FrontmostWindow(m_frame) != &window) return;
   const auto press = [&](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
     if (QWidget* const at = QApplication::focusWidget(); at && FrontmostWindow(m_frame) == &window)
@@ -377,7 +390,8 @@ void RandomHands::UseBusOn(QWidget& control) {
   if (!heard || !heard->isValid()) return;
   // A cell, an entry of a list or of the menu.
   for (int depth = m_random.Below(3); depth > 0 && heard->childCount() > 0; --depth) {
-    QAccessibleInterface* const child = heard->child(m_random.Below(static_cast<std::size_t>(heard->childCount())));
+    QAccessibleInterface* const child =
+        heard->child(m_random.Below(static_cast<std::size_t>(heard->childCount())));
     if (!child || !child->isValid()) break;
     heard = child;
   }
@@ -391,7 +405,8 @@ void RandomHands::UseBusOn(QWidget& control) {
   if (!actions || actions->actionNames().isEmpty()) return;
   const QStringList names = actions->actionNames();
   const QString& name = names[m_random.Below(static_cast<std::size_t>(names.size()))];
-  m_diary.Note(QStringLiteral("by the bus, ") + name + QStringLiteral(" of <") + heard->text(QAccessible::Name) + u'>');
+  m_diary.Note(QStringLiteral("by the bus, ") + name + QStringLiteral(" of <") +
+               heard->text(QAccessible::Name) + u'>');
   actions->doAction(name);
 }
 
@@ -438,7 +453,8 @@ void RandomHands::FillClipboard(QWidget&) {
 void RandomHands::TriggerEntry(QWidget&) {
   std::vector<QAction*> entries;
   for (QAction* entry : m_frame->Menu()->findChildren<QAction*>())
-    if (entry->isEnabled() && entry->isVisible() && !entry->menu() && !entry->isSeparator()) entries.push_back(entry);
+    if (entry->isEnabled() && entry->isVisible() && !entry->menu() && !entry->isSeparator())
+      entries.push_back(entry);
   QAction* const entry = m_random.Pick(entries);
   // Whoever ends the program begins again: seldom.
   if (entry == m_frame->Menu()->exitProgram && m_random.Percent(80)) return TriggerEntry(*m_frame);
@@ -518,7 +534,8 @@ void RandomHands::ChangeService(QWidget&) {
   Misbehave(m_random.Percent(55));
 }
 
-/// Input as it comes from the system, several at once: what the first of it opens stands in front of the rest.
+/// Input as it comes from the system, several at once: what the first of it opens stands in front of the
+/// rest.
 void RandomHands::QueueBatch(QWidget& window) {
   QWindow* const handle = window.windowHandle();
   if (!handle) return PressKey(window);
@@ -540,8 +557,10 @@ void RandomHands::QueueBatch(QWidget& window) {
     told += NameOf(*control) + QStringLiteral("; ");
     const QPoint inside(std::min(8, control->width() / 2), control->height() / 2);
     const QPoint place = control->mapTo(&window, inside), global = control->mapToGlobal(inside);
-    qt_handleMouseEvent(handle, place, global, Qt::LeftButton, Qt::LeftButton, QEvent::MouseButtonPress, {}, 0);
-    qt_handleMouseEvent(handle, place, global, Qt::NoButton, Qt::LeftButton, QEvent::MouseButtonRelease, {}, 0);
+    qt_handleMouseEvent(handle, place, global, Qt::LeftButton, Qt::LeftButton, QEvent::MouseButtonPress, {},
+                        0);
+    qt_handleMouseEvent(handle, place, global, Qt::NoButton, Qt::LeftButton, QEvent::MouseButtonRelease, {},
+                        0);
   }
   m_diary.Begin("batch", told);
 }
@@ -559,7 +578,8 @@ void RandomHands::WorkPopup(QWidget& popup) {
       return;
     }
   }
-  const Qt::Key key = m_random.Pick({Qt::Key_Down, Qt::Key_Up, Qt::Key_Return, Qt::Key_Escape, Qt::Key_Escape});
+  const Qt::Key key =
+      m_random.Pick({Qt::Key_Down, Qt::Key_Up, Qt::Key_Return, Qt::Key_Escape, Qt::Key_Escape});
   m_diary.Begin("popup", KeyName(key, {}));
   QTest::keyClick(QApplication::focusWidget() && popup.isAncestorOf(QApplication::focusWidget())
                       ? QApplication::focusWidget()

@@ -17,11 +17,12 @@ namespace tremlo::test {
 
 class LocalService;
 
-/// One action of a user who does anything: with whatever control stands in front, by pointer, keys, clipboard,
-/// accessibility bus or the window itself. Each is told to the diary before it is done.
+/// One action of a user who does anything: with whatever control stands in front, by pointer, keys,
+/// clipboard, accessibility bus or the window itself. Each is told to the diary before it is done.
 class RandomHands {
  public:
-  RandomHands(RandomSource& random, Diary& diary, SampleFolder& samples, RandomFiles& files, LocalService& service);
+  RandomHands(RandomSource& random, Diary& diary, SampleFolder& samples, RandomFiles& files,
+              LocalService& service);
 
   /// Null while the program has no window yet.
   void SetFrame(CMainFrame* frame) { m_frame = frame; }

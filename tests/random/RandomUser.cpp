@@ -12,17 +12,20 @@
 #include <QMessageBox>
 #include <QTimer>
 
+#include <array>
+
 namespace tremlo::test {
 
 namespace {
 
-constexpr int kQuietBeats = 3;       // what an action has left to the event loop is done
-constexpr int kPatienceMs = 250;     // longer than what a screen sets going for a moment
+constexpr int kQuietBeats = 3;    // what an action has left to the event loop is done
+constexpr int kPatienceMs = 250;  // longer than what a screen sets going for a moment
 constexpr int kActionsInRun = 3;
 constexpr int kRunLimitMs = 120000;  // of the slowest run there is, under sanitizers on a busy machine
 constexpr int kDialogLimit = 600;    // actions in one dialog, with ever more attempts to leave it
 constexpr int kRoadPercent = 40;
 constexpr int kRoundTripPercent = 3;
+constexpr std::array kSchemes{"http", "https", "file"};
 
 }  // namespace
 
@@ -42,11 +45,13 @@ RandomUser::RandomUser(const RandomUserLimits& limits, Diary& diary)
   m_settings.splashMs = 0;
   m_settings.unfinishedRoute = true;
   // Pages and the manual open nothing.
-  for (const char* scheme : {"http", "https", "file"})
+  for (const char* scheme : kSchemes)
     QDesktopServices::setUrlHandler(QLatin1String(scheme), this, "OpenNothing");
 }
 
-RandomUser::~RandomUser() = default;
+RandomUser::~RandomUser() {
+  for (const char* scheme : kSchemes) QDesktopServices::unsetUrlHandler(QLatin1String(scheme));
+}
 
 std::string RandomUser::Run() {
   if (!m_service.IsReady()) return "the local service does not start";
@@ -189,8 +194,8 @@ void RandomUser::CheckDialogs() {
   QWidget* const window = QApplication::activeModalWidget();
   if (!window || window != m_dialog) return;
   if (m_dialogActions > kDialogLimit)
-    Fail("a dialog cannot be left: " + NameOf(*window).toStdString() + " after " + std::to_string(m_dialogLeavings) +
-         " attempts");
+    Fail("a dialog cannot be left: " + NameOf(*window).toStdString() + " after " +
+         std::to_string(m_dialogLeavings) + " attempts");
 }
 
 void RandomUser::CheckRefused() {
@@ -200,8 +205,8 @@ void RandomUser::CheckRefused() {
   CMorvaneDoc before(m_settings.programFolder);
   LoadProject(before, refused->bytes);
   Fail("a No has changed the project (" +
-       DifferingMembers(DocumentMoment(before), DocumentMoment(m_app->Document())) + "): " +
-       refused->question.toStdString());
+       DifferingMembers(DocumentMoment(before), DocumentMoment(m_app->Document())) +
+       "): " + refused->question.toStdString());
 }
 
 void RandomUser::CheckBehind(const DocumentMoment& before) {
@@ -226,7 +231,8 @@ void RandomUser::CheckDocument() {
   if (m_before)
     for (const std::string& sentence : WrongChanges(*m_before, now)) Fail(sentence);
   CheckSaved(now);
-  for (const std::string& sentence : FrameDisagreements(*m_app->Frame(), doc, m_app->Procedure())) Fail(sentence);
+  for (const std::string& sentence : FrameDisagreements(*m_app->Frame(), doc, m_app->Procedure()))
+    Fail(sentence);
   for (const std::string& sentence : ScreenDisagreements(*m_app->Frame(), doc, m_app->Procedure()))
     Fail(NameOf(*m_app->Frame()->ScreenOnDisplay()).toStdString() + ": " + sentence);
   if (m_random.Percent(kRoundTripPercent))
@@ -236,7 +242,8 @@ void RandomUser::CheckDocument() {
 }
 
 void RandomUser::CheckSaved(const DocumentMoment& now) {
-  const bool saved = m_before && m_before->generation == now.generation && m_before->modified && !now.modified;
+  const bool saved =
+      m_before && m_before->generation == now.generation && m_before->modified && !now.modified;
   if (!saved) return;
   QFile file(now.path);
   if (!file.open(QIODevice::ReadOnly) || file.readAll().toStdString() != now.bytes)

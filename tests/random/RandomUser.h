@@ -23,8 +23,8 @@ struct RandomUserLimits {
   int seconds = 0;  ///< 0: no limit
 };
 
-/// A user of the whole program who does anything, and looks after each action whether all still holds. It acts
-/// from the event loop, the dialogs' own loops included, whenever the program has nothing left to do.
+/// A user of the whole program who does anything, and looks after each action whether all still holds. It
+/// acts from the event loop, the dialogs' own loops included, whenever the program has nothing left to do.
 class RandomUser : public QObject {
   Q_OBJECT
  public:
@@ -75,15 +75,15 @@ class RandomUser : public QObject {
   QElapsedTimer m_clock;
   std::atomic<int> m_beats = 0;
 
-  bool m_ended = false;        ///< the program that runs has ended
-  bool m_checked = true;       ///< what the last action did has been looked at
-  bool m_patient = true;       ///< what the screen has set going is waited for
-  int m_quietBeats = 0;        ///< since the last action
+  bool m_ended = false;   ///< the program that runs has ended
+  bool m_checked = true;  ///< what the last action did has been looked at
+  bool m_patient = true;  ///< what the screen has set going is waited for
+  int m_quietBeats = 0;   ///< since the last action
   QElapsedTimer m_sinceAction;
-  std::optional<DocumentMoment> m_before;   ///< between the last two commands
-  std::set<std::string> m_broughtByFile;    ///< invariants that the open project breaks by itself
-  std::optional<DocumentMoment> m_behind;   ///< before what came from behind a dialog
-  QPointer<QWidget> m_dialog;               ///< the one in front, and for how long
+  std::optional<DocumentMoment> m_before;  ///< between the last two commands
+  std::set<std::string> m_broughtByFile;   ///< invariants that the open project breaks by itself
+  std::optional<DocumentMoment> m_behind;  ///< before what came from behind a dialog
+  QPointer<QWidget> m_dialog;              ///< the one in front, and for how long
   int m_dialogActions = 0;
   int m_dialogLeavings = 0;
   int m_runActions = 0;

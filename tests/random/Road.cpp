@@ -37,8 +37,8 @@ bool Road::Answer(QWidget& dialog) {
   };
   if (dialog.objectName() == QStringLiteral("dlgTop")) {
     if (m_random.Percent(50)) {
-      auto* const route = dialog.findChild<QAbstractButton*>(m_random.Percent(70) ? QStringLiteral("guideline")
-                                                                                  : QStringLiteral("response"));
+      auto* const route = dialog.findChild<QAbstractButton*>(
+          m_random.Percent(70) ? QStringLiteral("guideline") : QStringLiteral("response"));
       if (route && route->isEnabled()) return m_hands.Click(*route), true;
     }
     return press({QStringLiteral("OK")});
@@ -71,7 +71,8 @@ bool Road::PressStep(FlowStep step) {
 
 template <class Work>
 bool Road::On(FlowStep step, std::initializer_list<ScreenId> screens, Work work) {
-  const bool there = std::any_of(screens.begin(), screens.end(), [this](ScreenId screen) { return At(screen); });
+  const bool there =
+      std::any_of(screens.begin(), screens.end(), [this](ScreenId screen) { return At(screen); });
   return there ? work() : PressStep(step);
 }
 
@@ -97,7 +98,8 @@ bool Road::TickAny() {
 
 bool Road::FixProcedure() {
   if (At(ScreenId::FlowCheck))
-    return Press({m_random.Percent(50) ? QStringLiteral("Q&Aで確認") : QStringLiteral("マウスクリックで確認")});
+    return Press(
+        {m_random.Percent(50) ? QStringLiteral("Q&Aで確認") : QStringLiteral("マウスクリックで確認")});
   if (At(ScreenId::Flowchart1)) return false;  // its question is about to come
   if (!At(ScreenId::Flowchart2)) return PressStep(FlowStep::FlowCheck);
   if (m_random.Percent(30)) return Press({QStringLiteral("作業手順の確定")});
@@ -134,15 +136,18 @@ bool Road::GoOnGuideline() {
       return At(ScreenId::MakeSeismicWave1) ? Press({QStringLiteral("距離減衰の計算")}) : TickAny();
     });
   }
-  if (doc.flowNeighbourWave && !any([](const CSeismicWave& wave) { return wave.siteUse; }) && m_random.Percent(50))
+  if (doc.flowNeighbourWave && !any([](const CSeismicWave& wave) { return wave.siteUse; }) &&
+      m_random.Percent(50))
     return On(FlowStep::DamsiteWave, {ScreenId::DamsiteWave}, [this] { return TickLastColumn(); });
-  if (m_random.Percent(6)) return On(FlowStep::LowerSpectrum, {ScreenId::LowerSpectrum}, [this] { return TickAny(); });
+  if (m_random.Percent(6))
+    return On(FlowStep::LowerSpectrum, {ScreenId::LowerSpectrum}, [this] { return TickAny(); });
   if (doc.baseSpectrumName.isEmpty() || m_random.Percent(5))
     return On(FlowStep::BaseSpectrum, {ScreenId::BaseSpectrum}, [this] { return TickLastColumn(); });
   if (!doc.seedAdopted)
     return On(FlowStep::AdjustSeismicWave, {ScreenId::AdjustSeismicWave}, [this] { return TickAny(); });
   if (!any([](const CSeismicWave& wave) { return wave.adjusted; }))
-    return On(FlowStep::AdjustSeismicWave, {ScreenId::AdjustSeismicWave}, [this] { return TickLastColumn(); });
+    return On(FlowStep::AdjustSeismicWave, {ScreenId::AdjustSeismicWave},
+              [this] { return TickLastColumn(); });
   return On(FlowStep::Visualization, {ScreenId::Visualization}, [] { return false; });
 }
 

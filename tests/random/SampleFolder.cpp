@@ -41,7 +41,8 @@ SampleFolder::SampleFolder() {
 }
 
 void SampleFolder::MakeWaves() {
-  const auto add = [this](const QString& file, const QString& name, double step, const std::vector<double>& acc) {
+  const auto add = [this](const QString& file, const QString& name, double step,
+                          const std::vector<double>& acc) {
     const QString path = m_files.Path(file);
     if (WriteCsv(path, name, step, Times(acc.size(), step), acc)) m_soundWaves.push_back(path);
   };
@@ -52,16 +53,19 @@ void SampleFolder::MakeWaves() {
   m_odd.push_back(m_files.Write(QStringLiteral("empty.csv"), {}));
   m_odd.push_back(m_files.Write(QStringLiteral("one.csv"), "a,0.01,1\n0,5\n"));
   m_odd.push_back(m_files.Write(QStringLiteral("comma.csv"), "\"a, b\",0.01,1\n0,1\n0.01,-2\n"));
-  m_odd.push_back(m_files.Write(QStringLiteral("huge.csv"), "h,1e300,1\n0,1e308\n1,-1e308\n2,1e400\n3,nan\n4,inf\n"));
+  m_odd.push_back(
+      m_files.Write(QStringLiteral("huge.csv"), "h,1e300,1\n0,1e308\n1,-1e308\n2,1e400\n3,nan\n4,inf\n"));
   m_odd.push_back(m_files.Write(QStringLiteral("zero.csv"), "z,0,1\n0,1\n0,2\n0,3\n"));
   m_odd.push_back(m_files.Write(QStringLiteral("text.txt"), "Das ist keine Welle\nund das auch nicht\n"));
-  m_odd.push_back(m_files.Write(QStringLiteral("bytes"), QByteArray("\0\xff\x80\xfe\r\n\r", 7).repeated(300)));
+  m_odd.push_back(
+      m_files.Write(QStringLiteral("bytes"), QByteArray("\0\xff\x80\xfe\r\n\r", 7).repeated(300)));
   m_odd.push_back(m_files.Path(QStringLiteral("none.csv")));
   m_odd.push_back(m_files.Path());
 }
 
 void SampleFolder::MakeSpectra() {
-  const auto add = [this](const char* file, const std::vector<double>& periods, const std::vector<double>& values) {
+  const auto add = [this](const char* file, const std::vector<double>& periods,
+                          const std::vector<double>& values) {
     const QString path = m_files.Path(QLatin1String(file));
     if (WriteCsv(path, QStringLiteral("目標"), 0.01, periods, values)) m_soundSpectra.push_back(path);
   };

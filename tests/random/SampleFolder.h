@@ -7,8 +7,8 @@
 
 namespace tremlo::test {
 
-/// A program folder with its tables, and beside it a folder of files that a user might choose: sound ones, odd
-/// ones, damaged ones, and what the run itself saves.
+/// A program folder with its tables, and beside it a folder of files that a user might choose: sound ones,
+/// odd ones, damaged ones, and what the run itself saves.
 class SampleFolder {
  public:
   SampleFolder();

@@ -46,7 +46,8 @@ bool IsOfRoute(ScreenId screen, bool guidelineRoute) {
 
 }  // namespace
 
-std::vector<std::string> ScreenDisagreements(CMainFrame& frame, const CMorvaneDoc& doc, WorkProcedure& procedure) {
+std::vector<std::string> ScreenDisagreements(CMainFrame& frame, const CMorvaneDoc& doc,
+                                             WorkProcedure& procedure) {
   std::vector<std::string> told;
   Screen* const screen = frame.ScreenOnDisplay();
   if (!screen) return {"no screen is on display"};
@@ -75,10 +76,13 @@ std::vector<std::string> FrameDisagreements(CMainFrame& frame, const CMorvaneDoc
   if (!active) {
     told.push_back("no screen is open");
   } else {
-    if (!IsOfRoute(*active, doc.guidelineRoute)) told.push_back("the screen on display is one of the other route");
-    if (frame.ScreenOf(*active) != frame.ScreenOnDisplay()) told.push_back("the screen on display is not the open one");
+    if (!IsOfRoute(*active, doc.guidelineRoute))
+      told.push_back("the screen on display is one of the other route");
+    if (frame.ScreenOf(*active) != frame.ScreenOnDisplay())
+      told.push_back("the screen on display is not the open one");
   }
-  const QString name = doc.PathName().isEmpty() ? QStringLiteral("無題") : QFileInfo(doc.PathName()).fileName();
+  const QString name =
+      doc.PathName().isEmpty() ? QStringLiteral("無題") : QFileInfo(doc.PathName()).fileName();
   const QString title = frame.windowTitle().replace(QStringLiteral("[*][*]"), QStringLiteral("[*]"));
   if (!title.startsWith(name + QStringLiteral(" - ")))
     told.push_back("the caption is " + title.toStdString() + ", the project " + name.toStdString());

@@ -73,8 +73,9 @@ QStringList ScreenPicture(const QWidget& screen) {
   QStringList picture;
   for (const QWidget* widget : screen.findChildren<QWidget*>()) {
     if (!IsTold(*widget, screen)) continue;
-    const QString name = widget->objectName().isEmpty() ? QString::fromLatin1(widget->metaObject()->className())
-                                                        : widget->objectName();
+    const QString name = widget->objectName().isEmpty()
+                             ? QString::fromLatin1(widget->metaObject()->className())
+                             : widget->objectName();
     for (const QString& line : LinesOf(*widget))
       picture << name + (widget->isEnabled() ? QStringLiteral(": ") : QStringLiteral(" (disabled): ")) + line;
   }

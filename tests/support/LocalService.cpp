@@ -21,8 +21,11 @@ LocalService::LocalService(const QString& dataFolder) {
     qunsetenv(name);
   QDir(m_folder.path()).mkdir(QStringLiteral("answers"));
   QStringList words = {QStringLiteral(TREMLO_SOURCE_DIR "/tests/service/local_service.py"),
-                       QStringLiteral("--log"), m_folder.filePath(QStringLiteral("log")),
-                       QStringLiteral("--work"), m_folder.path(), QStringLiteral("--wishes"),
+                       QStringLiteral("--log"),
+                       m_folder.filePath(QStringLiteral("log")),
+                       QStringLiteral("--work"),
+                       m_folder.path(),
+                       QStringLiteral("--wishes"),
                        m_folder.filePath(QStringLiteral("wishes"))};
   if (!dataFolder.isEmpty()) words << QStringLiteral("--data") << dataFolder;
   m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
