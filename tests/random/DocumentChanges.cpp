@@ -2,6 +2,8 @@
 
 #include "core/project/ProjectFile.h"
 
+#include <QFile>
+
 #include <cstring>
 
 namespace tremlo::test {
@@ -37,6 +39,11 @@ void CheckWaves(const DocumentMoment& before, const DocumentMoment& after, std::
   }
 }
 
+bool FileHolds(const QString& path, const std::string& bytes) {
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) && file.readAll().toStdString() == bytes;
+}
+
 }  // namespace
 
 DocumentMoment::DocumentMoment(const CMorvaneDoc& doc)
@@ -48,13 +55,16 @@ DocumentMoment::DocumentMoment(const CMorvaneDoc& doc)
       site(doc.site),
       faultCount(doc.faults.size()),
       guidelineRoute(doc.guidelineRoute),
+      inFile(!modified && !path.isEmpty() && FileHolds(path, bytes)),
       state(doc) {}
 
 std::vector<std::string> WrongChanges(const DocumentMoment& before, const DocumentMoment& after) {
   std::vector<std::string> wrong;
   if (before.generation != after.generation) return wrong;
-  if (before.bytes != after.bytes && !before.modified && !after.modified)
-    wrong.push_back("the project has changed and counts as not modified: " + DifferingMembers(before, after));
+  const bool changed = before.bytes != after.bytes;
+  if (!after.modified && !after.inFile && (changed || before.modified))
+    wrong.push_back("the project counts as not modified, and its file holds another: " +
+                    (changed ? DifferingMembers(before, after) : "it has lost its mark"));
   if (before.guidelineRoute != after.guidelineRoute) wrong.push_back("the route of a project has changed");
   CheckWaves(before, after, wrong);
   if (!SamePlace(before.site, after.site) && before.faultCount > 0 && after.faultCount > 0)

@@ -20,11 +20,13 @@ struct DocumentMoment {
   SiteRecord site;
   std::size_t faultCount;
   bool guidelineRoute;
+  bool inFile;  ///< it is not modified, and the file that it is named after holds just that
   DocumentState state;
 };
 
-/// What one action did to a document and must not have done: a change without the mark of one, results kept
-/// for data that have gone. Nothing is said where a new project took the place of the old.
+/// What one action did to a document and must not have done: a change without the mark of one, a mark gone
+/// without a file that holds the project, results kept for data that have gone. Nothing is said where a new
+/// project took the place of the old.
 std::vector<std::string> WrongChanges(const DocumentMoment& before, const DocumentMoment& after);
 
 /// The members in which two moments differ, for a message.

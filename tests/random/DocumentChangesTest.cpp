@@ -1,5 +1,7 @@
+#include "core/project/ProjectFile.h"
 #include "random/DocumentChanges.h"
 #include "support/ProcedureParts.h"
+#include "support/TestFolder.h"
 
 #include <functional>
 #include <gmock/gmock.h>
@@ -31,7 +33,19 @@ TEST(DocumentChanges, AMarkedChangeIsInOrder) {
 
 TEST(DocumentChanges, AChangeWithoutItsMarkIsToldWithWhatHasChanged) {
   EXPECT_THAT(ToldOf([](CMorvaneDoc& doc) { doc.site.title = QStringLiteral("題"); }),
-              ElementsAre(HasSubstr("counts as not modified: site")));
+              ElementsAre(HasSubstr("its file holds another: site")));
+}
+
+TEST(DocumentChanges, AProjectIsNotModifiedWhenItsFileHoldsIt) {
+  const TestFolder folder;
+  CMorvaneDoc doc{QString()};
+  FillProject(doc);
+  doc.SetModified(true);
+  const DocumentMoment before(doc);
+  ASSERT_TRUE(SaveProject(doc, folder.Path(QStringLiteral("a.trml"))));
+  EXPECT_THAT(WrongChanges(before, DocumentMoment(doc)), IsEmpty());
+  folder.Write(QStringLiteral("a.trml"), "another");
+  EXPECT_THAT(WrongChanges(before, DocumentMoment(doc)), ElementsAre(HasSubstr("it has lost its mark")));
 }
 
 TEST(DocumentChanges, AnotherRouteIsTold) {

@@ -55,7 +55,6 @@ class RandomUser : public QObject {
   void CheckRefused();
   void CheckDocument();
   void CheckBehind(const DocumentMoment& before);
-  void CheckSaved(const DocumentMoment& now);
   void CountStates();
   void Fail(const std::string& what);
   bool IsOver() const;

@@ -69,8 +69,8 @@ TEST_F(ScreenAgreesTest, AStepOpenOrClosedAgainstTheDocumentIsTold) {
 
 TEST_F(ScreenAgreesTest, ThePaneAndTheScreenOfTheOtherRouteAreTold) {
   Doc().guidelineRoute = false;
-  EXPECT_THAT(OfFrame(),
-              ElementsAre(HasSubstr("the pane shows the other route"), HasSubstr("one of the other route")));
+  EXPECT_THAT(OfFrame(), ElementsAre(HasSubstr("the pane shows the other route"),
+                                     HasSubstr("is one of the other route: 59649")));
   Doc().guidelineRoute = true;
   app->Frame()->Show(ScreenId::FlowCheck);
   EXPECT_THAT(OfFrame(), ElementsAre(HasSubstr("is not the open one")));

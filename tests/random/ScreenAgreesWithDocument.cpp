@@ -77,7 +77,8 @@ std::vector<std::string> FrameDisagreements(CMainFrame& frame, const CMorvaneDoc
     told.push_back("no screen is open");
   } else {
     if (!IsOfRoute(*active, doc.guidelineRoute))
-      told.push_back("the screen on display is one of the other route");
+      told.push_back("the open screen is one of the other route: " +
+                     std::to_string(static_cast<int>(*active)));
     if (frame.ScreenOf(*active) != frame.ScreenOnDisplay())
       told.push_back("the screen on display is not the open one");
   }
