@@ -332,6 +332,8 @@ void RandomHands::Mouse(QWidget& target, QEvent::Type type, const QPoint& place,
 }
 
 void RandomHands::DragSomewhere(QWidget& window) {
+  // What has left the display, or stands behind a dialog by now, hears of no release.
+  if (m_dragged && (!m_dragged->isVisible() || m_dragged->window() != &window)) m_dragged = nullptr;
   if (m_dragged && m_random.Percent(60)) {
     m_diary.Begin("release", NameOf(*m_dragged));
     Mouse(*std::exchange(m_dragged, nullptr), QEvent::MouseButtonRelease, QPoint(5, 5), Qt::NoButton);

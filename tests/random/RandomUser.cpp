@@ -19,6 +19,7 @@ namespace tremlo::test {
 
 namespace {
 
+constexpr int kProgramLoop = 1;
 constexpr int kQuietBeats = 3;    // what an action has left to the event loop is done
 constexpr int kPatienceMs = 250;  // longer than what a screen sets going for a moment
 constexpr int kActionsInRun = 3;
@@ -129,6 +130,8 @@ void RandomUser::Beat() {
 bool RandomUser::IsSettled() {
   QWidget* const window = FrontmostWindow(Frame());
   if (!window || !window->isVisible()) return false;
+  // A dialog that has been answered has gone, and the command that it belongs to has not gone on yet.
+  if (window == Frame() && thread()->loopLevel() > kProgramLoop) return false;
   if (qobject_cast<RunDialog*>(window) && window == m_dialog && m_runActions >= kActionsInRun) {
     if (m_dialogClock.hasExpired(kRunLimitMs)) Fail("a run does not end: " + NameOf(*window).toStdString());
     return false;
