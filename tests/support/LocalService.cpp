@@ -5,6 +5,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <filesystem>
+
 namespace tremlo::test {
 
 namespace {
@@ -19,8 +21,12 @@ LocalService::LocalService(const QString& dataFolder) {
     qunsetenv(name);
   QDir(m_folder.path()).mkdir(QStringLiteral("answers"));
   QStringList words = {QStringLiteral(TREMLO_SOURCE_DIR "/tests/service/local_service.py"),
-                       QStringLiteral("--log"), m_folder.filePath(QStringLiteral("log")),
-                       QStringLiteral("--work"), m_folder.path()};
+                       QStringLiteral("--log"),
+                       m_folder.filePath(QStringLiteral("log")),
+                       QStringLiteral("--work"),
+                       m_folder.path(),
+                       QStringLiteral("--wishes"),
+                       m_folder.filePath(QStringLiteral("wishes"))};
   if (!dataFolder.isEmpty()) words << QStringLiteral("--data") << dataFolder;
   m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
   m_process.start(QStringLiteral(TREMLO_PYTHON), words);
@@ -43,6 +49,16 @@ QString LocalService::Address(const QString& port, const QString& wishes) const 
   const QString scheme = port.startsWith(u"https") ? QStringLiteral("https") : QStringLiteral("http");
   const QString host = scheme + QStringLiteral("://127.0.0.1:") + m_values.at(port.toStdString());
   return wishes.isEmpty() ? host : host + u'/' + wishes;
+}
+
+void LocalService::Behave(const QString& wishes) const {
+  // Renamed into place, so that no request reads half of it.
+  const QString written = m_folder.filePath(QStringLiteral("wishes.new"));
+  QFile file(written);
+  if (!file.open(QIODevice::WriteOnly)) return;
+  file.write(wishes.toUtf8());
+  file.close();
+  std::filesystem::rename(written.toStdString(), m_folder.filePath(QStringLiteral("wishes")).toStdString());
 }
 
 ServiceSettings LocalService::Settings(const QString& port, const QString& wishes) const {

@@ -42,6 +42,9 @@ class LocalService {
   ServiceSettings Settings(const QString& port = QStringLiteral("http"),
                            const QString& wishes = QString()) const;
 
+  /// From now on the service misbehaves so towards every request, whose own wishes come behind; none: honestly.
+  void Behave(const QString& wishes) const;
+
   QString CertificateFile() const { return m_values.at("ca"); }
   QString AnswerFolder() const { return m_folder.filePath(QStringLiteral("answers")); }
 
