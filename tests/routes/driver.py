@@ -18,6 +18,7 @@ from xserver import XServer
 ROLE = Atspi.Role
 STATE = Atspi.StateType
 WINDOWS = (ROLE.FRAME, ROLE.DIALOG, ROLE.ALERT, ROLE.WINDOW)
+MANY_ROWS = 60
 DOUBLE_CLICK = 0.5  # seconds; within 0.4 Qt takes two clicks for one double click
 FILE_NAME = "ファイル名(N):"
 BUTTONS = (ROLE.PUSH_BUTTON, ROLE.CHECK_BOX, ROLE.RADIO_BUTTON, ROLE.TOGGLE_BUTTON)
@@ -188,12 +189,13 @@ class Program:
         """Does what the accessibility bus offers on the control of that name."""
         self.until(lambda: Atspi.Action.do_action(self.find(name, role), 0), f"action of {name}")
 
-    def focus(self, name):
-        """Walks with the tab key until the control of that name has the focus; a control that the keys do not
-        reach is a fault."""
+    def focus(self, name, roles=None):
+        """Walks with the tab key until the control of that name, or of that name and one of the roles, has the focus; a
+        control that the keys do not reach is a fault."""
+        kinds = roles and [Atspi.role_get_name(role) for role in roles]
         for _ in range(60):
             before = self.focused()
-            if before and before[1] == name:
+            if before and before[1] == name and (not kinds or before[0] in kinds):
                 return
             self.leave(before)
         raise NotReached(f"the tab key does not reach {name}")
@@ -333,6 +335,14 @@ class Program:
         """Text of a cell, the rows and columns counted without their headings."""
         node = Atspi.Table.get_accessible_at(self.find(table, ROLE.TABLE), row, column)
         return node.get_name() if node else None
+
+    def rows(self, table):
+        """Of a grid the texts of all cells as they are read out; of a long one those of its ends."""
+        node = self.find(table, ROLE.TABLE)
+        count = Atspi.Table.get_n_rows(node)
+        shown = range(count) if count <= MANY_ROWS else [0, 1, 2, count // 2, count - 1]
+        columns = range(Atspi.Table.get_n_columns(node))
+        return [[Atspi.Table.get_accessible_at(node, row, column).get_name() for column in columns] for row in shown]
 
     def has_box(self, text=None):
         """A message box is up: that of a text, or any."""
