@@ -25,14 +25,23 @@ class Pointer(Hands):
         self.program.press(name)
 
     def touch(self, table, row, column):
-        """Clicks a cell once it stands still and its window takes clicks."""
+        """Clicks a cell once it stands still and its window takes clicks; turns the wheel until it is in sight."""
         seen = []
 
         def ready():
-            seen.append(self.program.point(self.cell(table, row, column)))
-            return len(seen) > 1 and seen[-1] == seen[-2] and self.program.has_active_window()
+            box = self.extents(self.program.find(table, ROLE.TABLE))
+            cell = self.extents(self.cell(table, row, column))
+            if cell.y + cell.height > box.y + box.height or cell.y < box.y + cell.height // 2:
+                wheel = 5 if cell.y > box.y + box.height // 2 else 4
+                self.program.xdotool("mousemove", box.x + box.width // 2, box.y + box.height // 2, "click", wheel)
+                return False
+            seen.append((cell.x + cell.width // 2, cell.y + cell.height // 2))
+            return seen[-2:] == [seen[-1]] * 2 and self.program.has_active_window()
         self.program.until(ready, f"cell {row}, {column} of {table} in place")
         self.program.click_at(*seen[-1])
+
+    def extents(self, node):
+        return Atspi.Component.get_extents(node, Atspi.CoordType.SCREEN)
 
 
 class Keys(Hands):
@@ -45,7 +54,7 @@ class Keys(Hands):
     def go_to(self, table, row, column):
         self.program.focus(table, [ROLE.TABLE])
         self.program.keys("ctrl+Home", *["Down"] * row, *["Right"] * column)
-        self.program.until(lambda: states(self.cell(table, row, column)).contains(STATE.SELECTED),
+        self.program.until(lambda: states(self.cell(table, row, column)).contains(STATE.FOCUSED),
                            f"cell {row}, {column} of {table} by the arrows")
 
     def touch(self, table, row, column):
