@@ -37,6 +37,7 @@ SourceScreenTest::SourceScreenTest(ScreenId id) : m_id(id) {
   gate = std::make_unique<CommandGate>(prompt);
   parts.reset(new ScreenParts{doc, prompt, files, *procedure, *rules, online, services, *gate,
                               [this](SwitchOutcome outcome) { followed.push_back(outcome); },
+                              {},
                               [this] { return table.runs.calculateFaultSpectra(*parts); }});
 }
 
