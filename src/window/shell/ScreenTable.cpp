@@ -17,6 +17,7 @@
 #include "window/sources/FrmMakeSeismicWave2.h"
 #include "window/waves/DlgAdjustSetting.h"
 #include "window/waves/FrmAdjustSeismicWave.h"
+#include "window/waves/FrmOrigSeismicWave.h"
 #include "window/waves/FrmRespAdjustSpectrum.h"
 #include "window/waves/FrmRespOrigSeismicWave.h"
 #include "window/waves/FrmRespVisualization.h"
@@ -127,6 +128,13 @@ void AddFaults(ScreenTable& table) {
   };
 }
 
+/// The waves that everything else is made of.
+void AddWaveRegistration(ScreenTable& table) {
+  table.screens[ScreenId::OrigSeismicWave] = [](const ScreenParts& parts) {
+    return new CFrmOrigSeismicWave(parts.doc, parts.prompt, parts.files, parts.rules, parts.gate);
+  };
+}
+
 /// The waves near the site, and the choice of the base spectrum among all candidates.
 void AddBaseSpectrum(ScreenTable& table) {
   table.screens[ScreenId::DamsiteWave] = [](const ScreenParts& parts) {
@@ -172,6 +180,7 @@ ScreenTable ProgramScreens() {
   AddSite(table);
   AddFaults(table);
   AddCharts(table);
+  AddWaveRegistration(table);
   AddBaseSpectrum(table);
   AddFaultSpectra(table);
   AddLowerLimit(table);
