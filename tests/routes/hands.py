@@ -76,3 +76,9 @@ class Bus(Hands):
     def touch(self, table, row, column):
         self.program.until(lambda: Atspi.Action.do_action(self.cell(table, row, column), 0),
                            f"action of cell {row}, {column} of {table}")
+
+    def go_to(self, table, row, column):
+        cell = self.cell(table, row, column)
+        self.program.until(lambda: Atspi.Action.do_action(cell, cell.get_n_actions() - 1) and
+                           states(self.cell(table, row, column)).contains(STATE.FOCUSED),
+                           f"focus on cell {row}, {column} of {table}")

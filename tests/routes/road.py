@@ -35,7 +35,8 @@ NAMES = ["HSES 2016 N80W 0.005s 8192", "El Centro 1940 NS", "カイコウラ地�
 FITS, FITS_NOT, THIRD = range(3)
 PLANE_ROWS = 13  # of the ranking of the local service
 H17, H17_NAME = 2, "H17大規模地震に対するダム耐震性能照査指針（案）・同解説"
-CHECKED = "オン"
+# About the last acquisition, the last run, and the row of the list on which one stands.
+PASSING = "出典：防災科学技術研究所", "適合度", "ダムの固有周期での応答"
 
 
 class Road(route.Route):
@@ -187,11 +188,10 @@ class Road(route.Route):
         return words
 
     def contents(self, program, step):
-        """Texts, states and grids of the screen that stands, but for the line about the last acquisition, which is of the
-        process alone."""
+        """Texts, states and grids of the screen that stands, but for the lines that are of the process alone."""
         def read():
             nodes = list(program.walk(self.screen(program, step)))
-            told = [self.line(node) for node in nodes if not node.get_name().startswith("出典：防災科学技術研究所")]
+            told = [self.line(node) for node in nodes if not any(part in node.get_name() for part in PASSING)]
             return [*told, *([node.get_name(), program.rows(node.get_name())] for node in nodes if node.get_role() == ROLE.TABLE)]
         return program.until(read, f"contents of {step}")
 
