@@ -214,7 +214,7 @@ class GuidelineRoute(Road):
         """Closes the window; what reading the screens has computed is not saved."""
         program.close_window()
         if program.process.poll() is None:
-            program.press(NO)
+            program.act_on(NO)
         self.assertEqual(program.wait_for_end(), 0)
 
     def road_in_sittings(self, hands, first, last):
@@ -365,6 +365,8 @@ class GuidelineRoute(Road):
         self.set_check(hands, SEEDS, THIRD, 5, False)
         for command in (route.NEW, route.OPEN):
             self.command_of_menu(program, command)
+            if command == route.OPEN:
+                program.choose_file("開く", project)
             program.box(route.UNSAVED.format(project.name))
             hands.press("キャンセル")
             program.until(lambda: not program.dialogs(), "question closed")
