@@ -20,6 +20,8 @@ API, SETTINGS = "断層APIパラメータ設定", "波形調整設定"
 HAS_FAULTS = "既に断層データを取得済みですがよろしいですか？"
 BASE_CHOSEN = ("既に基準スペクトルとして「{}」を選択済みですがよろしいですか？\n\n"
                "変更した場合、原種波形の選択、振幅調整が再度必要になります。")
+GRAMMAR = "Jsonファイルの文法エラーです。(メッシュ別被害地震)"
+NO_FAULTS = "指定された現場位置とAPIパラメータの断層データはありません。(メッシュ別被害地震)"
 ADJUSTED = "振幅調整をしていますがよろしいですか？\n\n振幅調整の設定を変更した場合、振幅調整が再度必要になります。"
 
 
@@ -415,6 +417,147 @@ class GuidelineRoute(Road):
         program.until(lambda: not program.title().endswith("(オフライン)"), "online")
         self.go(hands, FAULTS)
         program.until(lambda: states(program.find(ACQUIRE)).contains(STATE.ENABLED), "the service again")
+        self.leave(program)
+
+    # --- at a bad time
+
+    def every_command(self, program):
+        """The actions of the menu and of the steps."""
+        return [program.action_of(name) for name in
+                (route.NEW, route.OPEN, route.SAVE_AS, "アプリケーションの終了(X)", API, SETTINGS, "オンライン", *STEPS)]
+
+    def test_no_command_gets_in_front_of_an_acquisition_or_a_run(self):
+        hands = self.road_up_to(3)
+        program = hands.program
+        self.go(hands, FAULTS)
+        commands = self.every_command(program)
+        acquire = program.action_of(ACQUIRE)
+        self.desktop.wish("ranking=trickle:1")
+        program.act(acquire, acquire)
+        program.until(lambda: program.dialogs() == [RUNNING], "acquisition")
+        self.desktop.wish()
+        program.act(*commands, acquire)
+        program.screenshot("guideline_acquisition")
+        program.answer(UNKNOWN_FAULT)
+        program.until(lambda: not program.dialogs() and len(program.rows(FOUND)) == PLANE_ROWS, "faults")
+        self.at(program, FAULTS)
+        self.assertEqual(len(self.desktop.asked("/fltinfo.geojson")), 10)  # once for each fault
+        for work in self.work()[5:8]:
+            work(hands)
+        commands = self.every_command(program)
+        cell = hands.cell(SEEDS, FITS, 7)
+        program.act((cell.app.bus_name, cell.path))
+        program.until(lambda: program.has_window(RUNNING), "run")
+        program.act(*commands)
+        self.assertIn(program.dialogs(), ([RUNNING], []))
+        self.until_check(hands, SEEDS, FITS, 7)
+        self.at(program, ADJUST)
+        self.assertTrue(program.title().startswith("無題"))
+        self.leave(program)
+
+    def test_a_kill_in_an_acquisition_or_a_run_loses_nothing_that_was_saved(self):
+        hands = self.road_up_to(3)
+        project, program = self.desktop.folder / "road.trml", hands.program
+        saved = self.save(program)
+        self.go(hands, FAULTS)
+        self.desktop.wish("model=stall")
+        hands.press(ACQUIRE)
+        program.until(lambda: program.dialogs() == [RUNNING] and self.desktop.asked("/fltinfo.geojson"), "acquisition")
+        program.process.kill()
+        program.wait_for_end()
+        self.desktop.wish()
+        self.assertEqual(project.read_bytes(), saved)
+        hands = self.open_road(project, Bus)
+        for work in self.work()[3:8]:
+            work(hands)
+        saved = self.save(hands.program)
+        hands.touch(SEEDS, FITS, 7)
+        hands.program.until(lambda: hands.program.has_window(RUNNING), "run")
+        hands.program.process.kill()
+        hands.program.wait_for_end()
+        self.assertEqual(project.read_bytes(), saved)
+        hands = self.open_road(project, Bus)
+        self.assertEqual(self.save(hands.program), saved)
+        self.adjust_adopted(hands)
+        self.leave(hands.program)
+
+    def test_a_failing_service_is_told_and_leaves_the_way_free(self):
+        hands = self.road_up_to(3)
+        program = hands.program
+        self.go(hands, FAULTS)
+        for wish, told in (("ranking=status:503", GRAMMAR), ("ranking=garbage", GRAMMAR), ("ranking=cut", None), ("all=drop", None),
+                           ("ranking=file:fltsearch_error.json", NO_FAULTS)):
+            asked = len(self.desktop.asked("/fltsearch"))
+            self.desktop.wish(wish)
+            hands.press(ACQUIRE)
+            if told:
+                program.box(told)
+                hands.press("OK")
+            program.until(lambda: len(self.desktop.asked("/fltsearch")) > asked, f"{wish} asked for")
+            self.at(program, FAULTS)
+            self.assertEqual(program.rows(FOUND), [], wish)
+            # A connection that fails is told on the screen alone.
+            if told != NO_FAULTS:
+                program.until(lambda: any("断層の順位を取得できませんでした。" in text for text in program.shown()), wish)
+        self.desktop.wish()
+        self.acquire(hands)
+        for work in self.work()[4:]:
+            work(hands)
+        self.leave(program)
+
+    # --- keys
+
+    def stops(self, program, step):
+        """Names of the controls of a screen that take the focus, in no order. The edit of a combo box counts as the box."""
+        return {node.get_name() for node in program.walk(self.screen(program, step))
+                if states(node).contains(STATE.FOCUSABLE) and states(node).contains(STATE.ENABLED)
+                and node.get_parent().get_role() != ROLE.COMBO_BOX}
+
+    def expect_round(self, program, step):
+        """The tab key goes round through every control of the screen and the pane; none keeps it."""
+        wanted, seen = self.stops(program, step) | set(STEPS), []
+        self.assertNotIn("", wanted)
+        for _ in range(2 * len(wanted) + 10):
+            program.leave(program.focused())
+            seen.append(program.until(program.focused, "a focus"))
+            if seen.count(seen[0]) > 1:
+                break
+        reached = {stop[1] for stop in seen}
+        self.assertEqual(wanted - reached, self.grouped(program, reached), step)
+
+    def grouped(self, program, reached):
+        """Of a group of switches the tab key stops at one; the arrows reach the others."""
+        groups = ({*KINDS}, {"現場位置に影響の大きい断層を取得", "探索範囲内の断層を取得"})
+        return {name for group in groups if group & reached for name in group - reached}
+
+    def test_the_tab_key_goes_round_through_every_screen(self):
+        hands = self.road_up_to(9)
+        program = hands.program
+        for step in STEPS[2:]:
+            self.go(hands, step)
+            self.expect_round(program, step)
+            if step == FAULTS:
+                self.open_attenuation(hands)
+                self.expect_round(program, step)
+        self.leave(program)
+
+    def test_no_key_changes_a_grid_of_switches(self):
+        hands = self.road_up_to(9)
+        program = hands.program
+        saved = self.save(program)
+        for step, table in ((NEAR, NEIGHBOURS), (FAULTS, FOUND), (FAULTS, PLANES), (LOWER, LIMITS), (BASE, CANDIDATES),
+                            (ADJUST, SEEDS)):
+            self.go(hands, step)
+            if table == PLANES:
+                self.open_attenuation(hands)
+            rows = program.rows(table)
+            hands.go_to(table, 0, 1)
+            program.keys("ctrl+a", "ctrl+c", "Delete", "ctrl+x", "ctrl+v", "Insert", "ctrl+Insert", "x", "1", "F2", "Escape",
+                         "Return", "space", "End", "ctrl+v", "Home", "Page_Down", "shift+Up", "Delete")
+            hands.go_to(table, 0, 0)
+            self.assertEqual(program.rows(table), rows, table)
+            self.assertEqual(program.dialogs(), [], table)
+        self.assertEqual(self.save(program), saved)
         self.leave(program)
 
     # --- looks
