@@ -117,12 +117,13 @@ class GuidelineRoute(Road):
             program.find(f"グラフ ({kind})")
             program.screenshot(f"guideline_visual_{KINDS.index(kind)}")
         target = tools.bin / "LowSpec/h17.csv"
-        self.assertEqual(self.export(hands, EXPORT_ADJUSTED, "adjusted.csv"), self.adjusted_by_command(RECORDS[FITS], target))
+        self.expect_same(self.export(hands, EXPORT_ADJUSTED, "adjusted.csv"), self.adjusted_by_command(RECORDS[FITS], target),
+                         "adjusted wave")
         seed = self.export(hands, EXPORT_SEED, "seed.csv")
         for command, exported in (("response", seed[1]), ("fourier", seed[2])):
             out = self.desktop.folder / f"{command}.csv"
             self.assertEqual(self.command(command, RECORDS[FITS], "--out", out).returncode, 0)
-            self.assertEqual(exported, out.read_bytes())
+            self.expect_same(exported, out.read_bytes(), command)
         self.close(program, NO)
 
     def test_the_whole_road_by_the_keyboard_alone(self):
@@ -141,8 +142,8 @@ class GuidelineRoute(Road):
         self.whole_road(hands)
         program.until(lambda: self.fit_line(program).startswith(f"適合度 「{NAMES[FITS]}」　偏差（RMS） "), "the fit")
         self.go(hands, VISUAL)
-        self.assertEqual(self.export(hands, EXPORT_ADJUSTED, "keys.csv"),
-                         self.adjusted_by_command(RECORDS[FITS], tools.bin / "LowSpec/h17.csv"))
+        self.expect_same(self.export(hands, EXPORT_ADJUSTED, "keys.csv"),
+                         self.adjusted_by_command(RECORDS[FITS], tools.bin / "LowSpec/h17.csv"), "adjusted wave")
         project = self.desktop.folder / "keys.trml"
         program.keys("alt+f")
         program.find("上書き保存(S)")
@@ -167,8 +168,8 @@ class GuidelineRoute(Road):
             if step == FAULTS:
                 self.open_attenuation(hands)
                 self.assertEqual(program.nameless(), [], ATTENUATION)
-        self.assertEqual(self.export(hands, EXPORT_ADJUSTED, "adjusted.csv"),
-                         self.adjusted_by_command(RECORDS[FITS], tools.bin / "LowSpec/h17.csv"))
+        self.expect_same(self.export(hands, EXPORT_ADJUSTED, "adjusted.csv"),
+                         self.adjusted_by_command(RECORDS[FITS], tools.bin / "LowSpec/h17.csv"), "adjusted wave")
         self.close(program, NO)
 
     def test_a_plane_as_the_base_spectrum(self):
@@ -192,7 +193,7 @@ class GuidelineRoute(Road):
         target = self.desktop.folder / "target.csv"
         target.write_text("plane,0.01,1\n" + "".join(f"{period!r},{value!r}\n" for period, value in zip(
             fault["equivalentPeriods"][0], fault["equivalentSpectrum"][0])))
-        self.assertEqual(adjusted, self.adjusted_by_command(RECORDS[FITS], target))
+        self.expect_same(adjusted, self.adjusted_by_command(RECORDS[FITS], target), "adjusted wave")
         self.close(program, NO)
 
 
@@ -231,15 +232,15 @@ class GuidelineRoute(Road):
                 self.leave(hands.program)
                 hands = self.open_road(self.desktop.folder / "road.trml", Bus)
                 self.assertEqual(self.enabled_steps(hands.program), enabled)
-                self.assertEqual(self.save(hands.program), saved)
+                self.expect_same(self.save(hands.program), saved, "saved again")
                 again = self.all_contents(hands, open_steps)
                 self.assertEqual(list(again), list(shown))
                 for step in shown:
                     self.assertEqual(again[step], shown[step], step)
         self.leave(hands.program)
 
-    def test_every_sitting_up_to_the_faults_goes_on_where_the_last_was_left(self):
-        self.road_in_sittings(self.begin_road(Bus), 0, 4)
+    def test_every_sitting_with_the_waves_goes_on_where_the_last_was_left(self):
+        self.road_in_sittings(self.begin_road(Bus), 0, 3)
 
     def road_up_to(self, piece):
         hands = self.begin_road(Bus)
@@ -247,8 +248,11 @@ class GuidelineRoute(Road):
             work(hands)
         return hands
 
-    def test_every_sitting_from_the_relation_to_the_base_goes_on_where_the_last_was_left(self):
-        self.road_in_sittings(self.road_up_to(4), 4, 7)
+    def test_every_sitting_with_the_faults_goes_on_where_the_last_was_left(self):
+        self.road_in_sittings(self.road_up_to(3), 3, 5)
+
+    def test_every_sitting_with_the_base_goes_on_where_the_last_was_left(self):
+        self.road_in_sittings(self.road_up_to(5), 5, 7)
 
     def test_every_sitting_at_the_adjustment_goes_on_where_the_last_was_left(self):
         self.road_in_sittings(self.road_up_to(7), 7, 9)
@@ -264,10 +268,10 @@ class GuidelineRoute(Road):
                 pieces[number + 1](hands)  # not saved
             hands.program.process.kill()
             hands.program.wait_for_end()
-            self.assertEqual(project.read_bytes(), saved)
+            self.expect_same(project.read_bytes(), saved, "the file")
             hands = self.open_road(project, Bus)
             self.assertEqual(self.enabled_steps(hands.program), enabled)
-            self.assertEqual(self.save(hands.program), saved)
+            self.expect_same(self.save(hands.program), saved, "saved again")
         self.leave(hands.program)
 
     # --- what the command line shows of the project
@@ -306,7 +310,7 @@ class GuidelineRoute(Road):
             hands.press(button)
             program.until(lambda: not any(node.get_name().startswith(question) for node in program.nodes()), "answered")
         program.until(lambda: not program.dialogs(), "nothing more asked")
-        self.assertEqual(self.save(program), saved, name)
+        self.expect_same(self.save(program), saved, name)
 
     def test_the_conditions_of_the_service_on_the_way(self):
         hands = self.road_up_to(5)
@@ -381,13 +385,13 @@ class GuidelineRoute(Road):
         program.until(lambda: program.title().startswith("無題"), "a new project")
         self.at(program, FIELD)
         self.assertEqual(self.enabled_steps(program), [FIELD, CHECK])
-        self.assertEqual(project.read_bytes(), saved)
+        self.expect_same(project.read_bytes(), saved, "the file")
         self.command_of_menu(program, route.OPEN)
         program.choose_file("開く", project)
         program.until(lambda: program.title().startswith(project.name), "the project again")
         self.at(program, FIELD)
         self.assertEqual(self.enabled_steps(program), [*STEPS, PRINT])
-        self.assertEqual(self.save(program), saved)
+        self.expect_same(self.save(program), saved, "saved again")
         # Yes saves what was changed.
         self.go(hands, ADJUST)
         self.set_check(hands, SEEDS, THIRD, 5, False)
@@ -410,7 +414,7 @@ class GuidelineRoute(Road):
         program.until(lambda: program.title().endswith("(オフライン)"), "offline")
         program.until(lambda: not states(program.find(ACQUIRE)).contains(STATE.ENABLED), "nothing to acquire")
         program.find("オフラインではデータを取得できません。")
-        self.assertEqual(self.save(program), saved)
+        self.expect_same(self.save(program), saved, "saved again")
         for work in self.work()[4:]:
             work(hands)
         self.command_of_menu(program, "オンライン")
@@ -466,7 +470,7 @@ class GuidelineRoute(Road):
         program.process.kill()
         program.wait_for_end()
         self.desktop.wish()
-        self.assertEqual(project.read_bytes(), saved)
+        self.expect_same(project.read_bytes(), saved, "the file")
         hands = self.open_road(project, Bus)
         for work in self.work()[3:8]:
             work(hands)
@@ -475,9 +479,9 @@ class GuidelineRoute(Road):
         hands.program.until(lambda: hands.program.has_window(RUNNING), "run")
         hands.program.process.kill()
         hands.program.wait_for_end()
-        self.assertEqual(project.read_bytes(), saved)
+        self.expect_same(project.read_bytes(), saved, "the file")
         hands = self.open_road(project, Bus)
-        self.assertEqual(self.save(hands.program), saved)
+        self.expect_same(self.save(hands.program), saved, "saved again")
         self.adjust_adopted(hands)
         self.leave(hands.program)
 
@@ -557,7 +561,7 @@ class GuidelineRoute(Road):
             hands.go_to(table, 0, 0)
             self.assertEqual(program.rows(table), rows, table)
             self.assertEqual(program.dialogs(), [], table)
-        self.assertEqual(self.save(program), saved)
+        self.expect_same(self.save(program), saved, "saved again")
         self.leave(program)
 
     # --- looks

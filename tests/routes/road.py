@@ -1,5 +1,6 @@
 """The road of one project, step by step, and what each of its screens shows."""
 
+import hashlib
 import json
 import pathlib
 import subprocess
@@ -26,6 +27,7 @@ TARGET, SEEDS = "基準スペクトル", "原種波形"
 EXPORT_SEED, EXPORT_ADJUSTED = "原種波形のCSV出力", "調整後波形のCSV出力"
 KINDS = SECONDS, SPECTRUM, FOURIER = "時間－加速度", "周期－加速度応答スペクトル", "フーリエスペクトル"
 RUNNING = "計算中"
+GRAPH, SAMPLES = "グラフ", "波形データ"
 UNKNOWN_FAULT = "指定された現場位置とAPIパラメータの断層データはありません。(地震活動モデル情報, F099999)"
 NO_FIT = "地震波形調整の計算に失敗しました。"
 
@@ -191,9 +193,17 @@ class Road(route.Route):
         """Texts, states and grids of the screen that stands, but for the lines that are of the process alone."""
         def read():
             nodes = list(program.walk(self.screen(program, step)))
+            # Maps and graphs tell what they show once they are painted; without a wave there is none.
+            empty = step == WAVES and not program.rows(SAMPLES)
+            if not all(node.get_description() or empty for node in nodes if node.get_name() in (MAP, GRAPH)):
+                return None
             told = [self.line(node) for node in nodes if not any(part in node.get_name() for part in PASSING)]
             return [*told, *([node.get_name(), program.rows(node.get_name())] for node in nodes if node.get_role() == ROLE.TABLE)]
-        return program.until(read, f"contents of {step}")
+
+        def settled():
+            told = read()
+            return told if told and told == read() else None
+        return program.until(settled, f"contents of {step}")
 
     def all_contents(self, hands, steps=STEPS):
         """Of each step's screens in the order of the work."""
@@ -242,6 +252,12 @@ class Road(route.Route):
     def exported(self, path):
         """The bytes of the wave, its spectrum and its Fourier spectrum."""
         return [path.with_name(path.stem + part + ".csv").read_bytes() for part in ("", "_AccSpec", "_FFT")]
+
+    def expect_same(self, files, expected, what):
+        """Bytes, whose differences would take the test library minutes to print."""
+        digests = [[hashlib.sha256(data).hexdigest() for data in (group if isinstance(group, list) else [group])]
+                   for group in (files, expected)]
+        self.assertEqual(*digests, what)
 
     def adjusted_by_command(self, record, target):
         out = self.desktop.folder / "command.csv"

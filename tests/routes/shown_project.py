@@ -70,7 +70,7 @@ class ShownProject:
         texts = self.texts(WAVES)
         self.equal((texts["波形名"], int(texts["データ数"]), float(texts["時間間隔"])), (wave["name"], len(acc), step), WAVES)
         places = range(len(acc)) if len(acc) <= MANY_ROWS else [0, 1, 2, len(acc) // 2, len(acc) - 1]
-        shown = [[float(text) for text in row] for row in self.table(WAVES, "波形データ")]
+        shown = [[float(text) for text in row] for row in self.table(WAVES, SAMPLES)]
         self.equal([row[1] for row in shown], [acc[place] for place in places], "samples")
         for row, place in zip(shown, places):
             self.case.assertAlmostEqual(row[0], place * step, places=9)
@@ -86,7 +86,7 @@ class ShownProject:
 
     def curves(self, step, names):
         """The graph tells the names of its curves."""
-        told = self.descriptions(step)["グラフ"]
+        told = self.descriptions(step)[GRAPH]
         for name in names:
             self.case.assertIn(name, told, step)
 
