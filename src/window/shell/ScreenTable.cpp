@@ -164,14 +164,6 @@ void AddLowerLimit(ScreenTable& table) {
 
 }  // namespace
 
-bool ScreenTable::HasRoute(bool guidelineRoute) const {
-  const ScreenId first = guidelineRoute ? kFirstScreen : ScreenId::RespOrigSeismicWave;
-  const ScreenId last = guidelineRoute ? ScreenId::Visualization : kLastScreen;
-  for (int id = static_cast<int>(first); id <= static_cast<int>(last); ++id)
-    if (!screens.contains(static_cast<ScreenId>(id))) return false;
-  return true;
-}
-
 ScreenTable ProgramScreens() {
   ScreenTable table;
   table.runs.computeMissingSpectra = ComputeSpectra;

@@ -523,8 +523,8 @@ TEST_F(MakeSeismicWave1ScreenTest, AllIsReachedByTheTabKeyInTheOrderOfReading) {
     Settle();
   }
   EXPECT_THAT(order, ElementsAre("screenInfoButton", "rankingRadio", "rankingInfoButton", "rangeEdit",
-                                 "parametersButton", "acquireButton", "map", "attribution",
-                                 "rankingGrid", "attenuationButton", "screenInfoButton"));
+                                 "parametersButton", "acquireButton", "map", "attribution", "rankingGrid",
+                                 "attenuationButton", "screenInfoButton"));
 }
 
 TEST_F(MakeSeismicWave1ScreenTest, AllOfItWorksByTheKeyboard) {
