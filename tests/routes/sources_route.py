@@ -14,6 +14,7 @@ import urllib.parse
 sys.dont_write_bytecode = True
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent))
 
+from desktop import NotReached, wait_until  # noqa: E402
 from driver import ROLE, STATE, Atspi, states  # noqa: E402
 from xserver import XServer  # noqa: E402
 import project_file  # noqa: E402
@@ -232,14 +233,29 @@ class SourcesRoute(route.Route):
             program.until(lambda: not program.has_box(), "question closed")
             self.assertEqual(self.saved(program), before)
 
+    def is_idle(self, program):
+        """No dialog is up, by one look at all that is shown."""
+        roles = [node.get_role() for node in program.nodes()]
+        return ROLE.FRAME in roles and ROLE.DIALOG not in roles and ROLE.ALERT not in roles
+
     def acquire(self, program, *boxes):
         """Presses the button, answers the boxes in their order, and waits for the end."""
         asked = len(self.desktop.asked("/map/api/"))
         program.press(ACQUIRE)
         for text in boxes:
             program.answer(text)
-        program.until(lambda: len(self.desktop.asked("/map/api/")) > asked and not program.has_window(RUNNING) and
-                      not program.dialogs(), "end of the acquisition")
+        # With a request or a box the dialog is up, or has been.
+        program.until(lambda: (boxes or len(self.desktop.asked("/map/api/")) > asked) and self.is_idle(program),
+                      "end of the acquisition")
+        self.activate(program)
+
+    def activate(self, program):
+        """The window manager now and then leaves no window active when a box and the dialog behind it go at once."""
+        try:
+            wait_until(program.has_active_window, "an active window", 2)
+        except NotReached:
+            program.xdotool("windowactivate", program.window_of(".*Tremlo Version.*"))
+            program.until(program.has_active_window, "an active window")
 
     def fault_rows(self, faults, ranking=True):
         rows = []
@@ -292,6 +308,317 @@ class SourcesRoute(route.Route):
         colors = [color for fault in stored for color in fault["attenColor"]]
         self.assertGreater(len(set(colors)), 5)
         self.assertEqual([color for fault in stored for color in fault["shortBaseColor"]], colors)
+        self.finish(program)
+
+    def test_a_range_shows_what_the_command_line_reckons(self):
+        def other_range(project):
+            project["faultAcquireMode"], project["searchRangeKm"] = 1, 50.0
+        self.plant(other_range)
+        program = self.open_fault_screen()
+        missing = [NOTHING_OF.format(MODEL.format(code)) for code in ("F005602", "F005001", "F004901")]
+        self.acquire(program, *missing)
+        faults = self.asked_faults("--mode", "range", "--range", 50)
+        self.assertEqual([fault["rank"] for fault in faults], [str(number) for number in range(1, 8)])
+        rows = self.fault_rows(faults, ranking=False)
+        self.until_grid(program, FAULT_GRID, rows)
+        self.assertEqual([row[0] for row in rows], ["1", "2", "4", "6"])  # those without planes keep their places
+        line = self.until_text(program, WITHOUT_PLANES)
+        self.assertTrue(line.endswith(WITHOUT_PLANES + "砺波平野断層帯（東部）、庄川断層帯、牛首断層帯"), line)
+        self.assertNotIn("被害地検索", line)
+        program.screenshot("sources_range")
+        # The same faults under the titles of the other way.
+        program.press(RANKING)
+        program.until(lambda: self.grid(program, FAULT_GRID)[0][5:] == ["-"] * 4, "the other grid")
+        program.press(RANGE)
+        self.until_grid(program, FAULT_GRID, rows)
+        stored = self.saved_project(program)
+        self.assertEqual([fault["ltecode"] for fault in stored["faults"]], [fault["ltecode"] for fault in faults])
+        self.assertEqual((stored["faultAcquireMode"], stored["searchRangeKm"]), (1, 50.0))
+        # A range of nothing: the list goes.
+        program.focus(RANGE_EDIT)
+        program.keys("ctrl+a")
+        program.type("0")
+        self.acquire(program, NO_MAIN_FAULT)
+        self.until_grid(program, FAULT_GRID, [])
+        self.assertEqual((self.saved_project(program)["faults"], project_file.load(self.project)["searchRangeKm"]), ([], 0.0))
+        self.finish(program)
+
+    def test_every_failure_is_told_in_its_words_and_leaves_a_list_that_holds(self):
+        self.plant(faults=True)
+        program = self.open_fault_screen()
+        full = self.grid(program, FAULT_GRID)
+        failed = "　断層の順位を取得できませんでした。"
+        for wish, box, line in (
+                ("ranking=file:fltsearch_error.json", NOTHING_OF.format(SEARCH), None),
+                ("ranking=file:fltsearch_none.json", None, None),
+                ("ranking=file:fltsearch_broken.json", GRAMMAR.format(SEARCH), failed),
+                ("ranking=garbage", GRAMMAR.format(SEARCH), failed),
+                ("ranking=empty", GRAMMAR.format(SEARCH), failed),
+                ("ranking=status:503", GRAMMAR.format(SEARCH), failed),
+                ("ranking=status:404", GRAMMAR.format(SEARCH), failed),
+                ("ranking=drop", None, failed), ("ranking=cut", None, failed), ("ranking=nohttp", None, failed),
+                ("ranking=redirect", None, failed)):
+            with self.subTest(wish):
+                self.desktop.wish(wish)
+                self.acquire(program, *([box] if box else []))
+                self.until_grid(program, FAULT_GRID, [])
+                if line:
+                    self.until_text(program, line)
+                else:
+                    program.until(lambda: not any(failed in text for text in self.texts(program)), "no word of a failure")
+        # The status code is not read, and a connection that is closed behind each answer is no failure.
+        for wish in ("ranking=stamp:500", "all=close", "all=close:5", "all=reset:1", "all=close-every:2"):
+            with self.subTest(wish):
+                self.desktop.wish(wish)
+                self.acquire(program, UNKNOWN)
+                self.until_grid(program, FAULT_GRID, full)
+        self.desktop.wish()
+        self.finish(program)
+
+    def test_models_that_fail_leave_the_list_and_the_ranks_close_up(self):
+        self.plant()
+        program = self.open_fault_screen()
+        for what, boxes in (("drop", []), ("cut", []), ("garbage", [GRAMMAR.format(MODEL.format("F005501"))]),
+                            ("status:500", [GRAMMAR.format(MODEL.format("F005501"))])):
+            with self.subTest(what):
+                self.desktop.wish(f"F005501={what}")
+                self.acquire(program, *boxes, UNKNOWN)
+                line = self.until_text(program, WITHOUT_PLANES)
+                self.assertTrue(line.endswith(WITHOUT_PLANES + "邑知潟断層帯、試験用の未登録断層"), line)
+                rows = self.grid(program, FAULT_GRID)
+                self.assertEqual([row[0] for row in rows], ["1", "2", "3", "4", "5", *["6"] * 6, "7"])
+                self.assertEqual([row[1] for row in rows][:3], ["森本・富樫断層帯", "砺波平野断層帯（西部）", "呉羽山断層帯"])
+        # Points in place of a plane take an entry off without a word, a text where a number belongs ends it all.
+        self.desktop.wish("F005701=file:fltinfo_F0MIXED.geojson")
+        self.acquire(program, UNKNOWN)
+        program.until(lambda: self.grid(program, FAULT_GRID)[0][:2] == ["1", "邑知潟断層帯"], "first entry gone")
+        self.desktop.wish("model=drop")
+        self.acquire(program)
+        self.until_grid(program, FAULT_GRID, [])
+        self.until_text(program, "、他 ")
+        self.desktop.wish()
+        self.assertEqual(self.saved_project(program)["faults"], [])
+        self.finish(program)
+
+    def test_odd_texts_of_the_service_are_shown_as_they_come(self):
+        self.plant()
+        program = self.open_fault_screen()
+        for name in ("fltsearch_empty_texts", "fltsearch_missing_keys"):
+            with self.subTest(name):
+                self.desktop.wish(f"ranking=file:{name}.json", "model=file:fltinfo_F005701.geojson")
+                self.acquire(program)
+                faults = json.loads((DATA / f"{name}.json").read_text())["Fault"]
+                rows = self.grid(program, FAULT_GRID)
+                self.assertEqual(len(rows), len(faults))
+                for row, fault in zip(rows, faults):
+                    probabilities = [fault.get(key) for key in ("i45_ps", "i50_ps", "i55_ps", "i60_ps")]
+                    self.assertEqual([row[1], *row[5:]], [fault.get("ltename") or "No Name", *(
+                        f"{100.0 * float(text):.1f}" if text else "-" for text in probabilities)])
+                    if not fault.get("magnitude"):
+                        self.assertEqual(row[2], "-")
+        self.desktop.wish()
+        program.screenshot("sources_odd_texts")
+        self.finish(program)
+
+    def foreign(self, port="https-foreign"):
+        """Leads a request to the same path of a server whose certificate does not hold."""
+        path = "/ranking=honest/map/api/fltsearch?mode=C"
+        return "ranking=redirect-to:" + urllib.parse.quote(f"https://127.0.0.1:{self.desktop.service[port]}{path}", safe="")
+
+    def test_a_wrong_certificate_gives_no_faults(self):
+        self.plant(faults=True)
+        program = self.open_fault_screen()
+        for port in ("https-foreign", "https-host", "https-expired", "refused"):
+            with self.subTest(port):
+                self.desktop.wish(self.foreign(port))
+                self.acquire(program)
+                self.until_grid(program, FAULT_GRID, [])
+                self.until_text(program, "　断層の順位を取得できませんでした。")
+        # By a certificate that holds they come.
+        self.desktop.wish(self.foreign("https"))
+        program.press(ACQUIRE)
+        program.answer(UNKNOWN)
+        program.until(lambda: len(self.grid(program, FAULT_GRID)) == 13, "faults")
+        self.desktop.wish()
+        self.finish(program)
+
+    def test_a_start_with_a_wrong_certificate_is_offline(self):
+        self.plant(faults=True)
+        asked = len(self.desktop.asked())
+        program = self.launch(self.project, service="https-foreign")
+        program.answer("国土地理院 OffLine")
+        program.answer("J-SHIS OffLine")
+        program.find("地図")
+        program.press(FAULTS)
+        self.until_text(program, OFFLINE_TEXT)
+        self.assertFalse(states(program.find(ACQUIRE)).contains(STATE.ENABLED))
+        program.screenshot("sources_offline")
+        self.assertEqual(len(self.grid(program, FAULT_GRID)), 13)  # those of the project stay of use
+        program.press(SECOND)
+        program.find(PLANE_GRID, ROLE.TABLE)
+        self.assertEqual(len(self.desktop.asked()), asked)
+        self.finish(program)
+
+
+    # --- at a bad time
+
+    def hold(self, program):
+        """An acquisition whose answer does not come for as long as the service waits."""
+        asked = len(self.desktop.asked("/map/api/"))
+        program.press(ACQUIRE)
+        program.until(lambda: len(self.desktop.asked("/map/api/")) > asked and program.has_window(RUNNING), "acquisition under way")
+
+    def test_nothing_gets_in_front_of_an_acquisition(self):
+        self.plant(faults=True)
+        program = self.open_fault_screen()
+        before = self.saved(program)
+        names = (NEW, OPEN, SAVE_AS, "アプリケーションの終了(X)", PARAMETERS, ONLINE, "地図画像キャッシュのクリア",
+                 "バージョン情報(A)...", FIELD, LIMIT, BASE, METHOD, ACQUIRE, SECOND, RANGE, "この画面の説明")
+        commands = [program.action_of(name) for name in names]
+        self.desktop.wish("ranking=stall")
+        self.hold(program)
+        self.until_text(program, "断層の一覧")
+        program.screenshot("sources_acquisition")
+        size = program.geometry(RUNNING)
+        program.act(*commands, *commands)
+        program.keys("Escape", "Return", "space", "alt+F4")
+        with XServer(self.desktop.env["DISPLAY"]) as server:
+            server.ask_to_close(int(program.window_of("sources.trml - Tremlo.*")))
+        # The answer stays out for as long as the service may take; only then the dialog goes.
+        self.assertEqual(program.dialogs(), [RUNNING])
+        self.assertEqual(program.geometry(RUNNING), size)
+        self.assertEqual(self.project.read_bytes(), before)
+        program.until(lambda: self.is_idle(program), "end of the acquisition")
+        self.until_grid(program, FAULT_GRID, [])
+        self.assertEqual(program.dialogs(), [])
+        self.assertTrue(states(program.find(ACQUIRE)).contains(STATE.ENABLED))
+        # Behind it the window works as before.
+        self.activate(program)
+        self.desktop.wish()
+        self.acquire(program, UNKNOWN)
+        program.until(lambda: len(self.grid(program, FAULT_GRID)) == 13, "faults")
+        self.finish(program)
+
+    def test_the_dialog_tells_which_fault_is_under_way(self):
+        self.plant()
+        program = self.open_fault_screen()
+        self.desktop.wish("F005603=stall")
+        program.press(ACQUIRE)
+        self.until_text(program, "4 / 11　呉羽山断層帯")
+        program.screenshot("sources_progress")
+        program.answer(UNKNOWN)
+        program.until(lambda: self.is_idle(program), "end of the acquisition")
+        line = self.until_text(program, WITHOUT_PLANES)
+        self.assertTrue(line.endswith(WITHOUT_PLANES + "呉羽山断層帯、試験用の未登録断層"), line)
+        self.desktop.wish()
+        self.activate(program)
+        self.finish(program)
+
+    def test_a_box_of_an_acquisition_waits_and_nothing_gets_past_it(self):
+        self.plant()
+        program = self.open_fault_screen()
+        commands = [program.action_of(name) for name in (NEW, PARAMETERS, ONLINE, ACQUIRE, LIMIT, SECOND)]
+        program.press(ACQUIRE)
+        program.box(UNKNOWN)
+        program.screenshot("sources_box")
+        program.act(*commands)
+        with XServer(self.desktop.env["DISPLAY"]) as server:
+            server.ask_to_close(int(program.window_of("sources.trml - Tremlo.*")))
+        program.box(UNKNOWN)
+        self.assertEqual(sorted(program.dialogs()), sorted([RUNNING, "Tremlo"]))
+        program.keys("Return")
+        program.until(lambda: self.is_idle(program), "end of the acquisition")
+        program.until(lambda: len(self.grid(program, FAULT_GRID)) == 13, "faults")
+        self.activate(program)
+        self.finish(program)
+
+    # --- offline
+
+    def is_online(self, program):
+        return next(states(node).contains(STATE.CHECKED) for node in program.everything()
+                    if node.get_name() == ONLINE and node.get_role() in (ROLE.CHECK_MENU_ITEM, ROLE.MENU_ITEM))
+
+    def test_offline_the_button_is_off_and_back_again(self):
+        self.plant(faults=True)
+        program = self.open_fault_screen()
+        before = self.saved(program)
+        online = program.action_of(ONLINE)
+        asked = len(self.desktop.asked())
+        program.act(online)
+        self.until_text(program, OFFLINE_TEXT)
+        self.assertFalse(states(program.find(ACQUIRE)).contains(STATE.ENABLED))
+        program.act(program.action_of(ACQUIRE))
+        self.assertIn("オフライン", program.title())
+        self.assertEqual(len(self.desktop.asked("/map/api/")), len([path for path in self.desktop.asked()[:asked] if "/map/api/" in path]))
+        self.assertEqual(len(self.grid(program, FAULT_GRID)), 13)
+        # The service does not answer: it stays off.
+        self.desktop.wish("ranking=drop")
+        program.act(online)
+        program.answer("J-SHIS OffLine")
+        self.until_text(program, OFFLINE_TEXT)
+        self.desktop.wish()
+        program.act(online)
+        program.until(lambda: states(program.find(ACQUIRE)).contains(STATE.ENABLED), "online")
+        self.assertFalse(any(OFFLINE_TEXT in text for text in self.texts(program)))
+        self.activate(program)
+        self.assertEqual(self.saved(program), before)
+        self.finish(program)
+
+    # --- the range
+
+    def range_text(self, program):
+        return program.text(RANGE_EDIT)
+
+    def test_odd_entries_of_the_range(self):
+        self.plant()
+        program = self.open_fault_screen()
+        before = self.saved(program)
+        program.focus(RANGE_EDIT)
+        # No letter and no point gets in; Esc and an emptied field leave the stored number.
+        program.xdotool("type", "--delay", 5, "a1b.2-")
+        program.until(lambda: self.range_text(program) == "12", "digits alone")
+        program.keys("Escape")
+        program.until(lambda: self.range_text(program) == "50", "the stored number")
+        program.keys("ctrl+a", "BackSpace", "Tab")
+        program.until(lambda: self.range_text(program) == "50", "the stored number")
+        self.assertFalse(program.has_box())
+        self.assertEqual(self.saved(program), before)
+        for typed, shown, stored in (("0", "0", 0.0), ("-7", "-7", -7.0), ("007", "7", 7.0), ("2147483648", "2147483648", 2147483648.0),
+                                     ("99999999999", "99999999999", 99999999999.0), ("120", "120", 120.0)):
+            with self.subTest(typed):
+                program.focus(RANGE_EDIT)
+                program.keys("ctrl+a")
+                program.xdotool("type", "--delay", 5, "--", typed)
+                program.keys("Tab")
+                program.until(lambda: self.range_text(program) == shown, f"{shown} in the field")
+                self.assertEqual(self.saved_project(program)["searchRangeKm"], stored)
+        # The one number that is refused, typed and pasted: the words of the time step, the old text, the focus.
+        before = self.saved(program)
+        for typed in ("-2147483648", "-99999999999"):
+            with self.subTest(typed):
+                program.focus(RANGE_EDIT)
+                program.keys("ctrl+a")
+                program.xdotool("type", "--delay", 5, "--", typed)
+                program.keys("Tab")
+                program.box("時間間隔の入力エラーです。")
+                program.screenshot("sources_range_refused")
+                program.press(OK)
+                program.until(lambda: self.range_text(program) == "120" and (program.focused() or ("", ""))[1] == RANGE_EDIT,
+                              "the old text and the focus")
+                self.assertEqual(self.saved(program), before)
+        # A button that is pressed from the field comes behind its entry.
+        program.keys("ctrl+a")
+        program.xdotool("type", "--delay", 5, "20")
+        program.press(RANGE)
+        program.until(lambda: self.range_text(program) == "20", "entry taken")
+        self.acquire(program)
+        program.until(lambda: [row[1] for row in self.grid(program, FAULT_GRID)] == ["森本・富樫断層帯"], "the one fault")
+        program.focus(RANGE_EDIT)
+        program.keys("ctrl+a")
+        program.xdotool("type", "--delay", 5, "30")
+        self.acquire(program)  # from the field, whose entry comes first
+        program.until(lambda: len(self.grid(program, FAULT_GRID)) == 2, "two faults")
+        self.assertEqual(self.saved_project(program)["searchRangeKm"], 30.0)
         self.finish(program)
 
 
