@@ -542,14 +542,14 @@ class SourcesRoute(route.Route):
         self.plant(faults=True)
         program = self.open_fault_screen()
         before = self.saved(program)
-        online = program.action_of(ONLINE)
-        asked = len(self.desktop.asked())
+        online, acquire = program.action_of(ONLINE), program.action_of(ACQUIRE)
+        asked = self.desktop.asked()
         program.act(online)
         self.until_text(program, OFFLINE_TEXT)
         self.assertFalse(states(program.find(ACQUIRE)).contains(STATE.ENABLED))
-        program.act(program.action_of(ACQUIRE))
+        program.act(acquire)
         self.assertIn("オフライン", program.title())
-        self.assertEqual(len(self.desktop.asked("/map/api/")), len([path for path in self.desktop.asked()[:asked] if "/map/api/" in path]))
+        self.assertEqual(self.desktop.asked("/map/api/"), [path for path in asked if "/map/api/" in path])
         self.assertEqual(len(self.grid(program, FAULT_GRID)), 13)
         # The service does not answer: it stays off.
         self.desktop.wish("ranking=drop")
@@ -577,8 +577,9 @@ class SourcesRoute(route.Route):
         # No letter and no point gets in; Esc and an emptied field leave the stored number.
         program.xdotool("type", "--delay", 5, "a1b.2-")
         program.until(lambda: self.range_text(program) == "12", "digits alone")
-        program.keys("Escape")
+        program.keys("Escape", "Tab")  # given up as the field is left
         program.until(lambda: self.range_text(program) == "50", "the stored number")
+        program.focus(RANGE_EDIT)
         program.keys("ctrl+a", "BackSpace", "Tab")
         program.until(lambda: self.range_text(program) == "50", "the stored number")
         self.assertFalse(program.has_box())
@@ -619,6 +620,238 @@ class SourcesRoute(route.Route):
         self.acquire(program)  # from the field, whose entry comes first
         program.until(lambda: len(self.grid(program, FAULT_GRID)) == 2, "two faults")
         self.assertEqual(self.saved_project(program)["searchRangeKm"], 30.0)
+        self.finish(program)
+
+    # --- the parameters
+
+    DEFAULTS = {"intensityIndex": 2, "catastropheWeight": 0.6, "modeIndex": 0, "versionIndex": 13,
+                "activityVersionIndex": 15, "caseIndex": 0, "periodIndex": 0}
+    VERSIONS = ["2019年版", "2018年版", "2017年版", "2016年版", "2014年版", "2013年版(モデル1)", "2013年版(モデル2)",
+                "2013年版(モデル3)", "2012年版(モデル1)", "2012年版(モデル2)", "2011年版", "2010年版", "2009年版", "2008年版"]
+    WEIGHT, SEARCH_VERSION, ACTIVITY_VERSION = "評価パラメータ(カタストロフ重視度)", "地図バージョン (被害地検索)", "地図バージョン (地震活動モデル)"
+
+    def parameters(self, program):
+        stored = self.saved_project(program)
+        return {name: stored[name] for name in self.DEFAULTS}
+
+    def until_dialog(self, program, up=True):
+        program.until(lambda: (program.dialogs() == [PARAMETERS]) == up and (up or self.is_idle(program)), f"dialog up: {up}")
+
+    def entries(self, program, combo):
+        """The entries of a closed list, as a screen reader goes through them."""
+        node = program.find(combo, ROLE.COMBO_BOX)
+        entries = node.get_child_at_index(0)
+        return [entries.get_child_at_index(i).get_name() for i in range(entries.get_child_count())]
+
+    def test_the_parameters_by_the_pointer(self):
+        self.plant()
+        program = self.open_fault_screen()
+        program.press(METHOD)
+        self.until_dialog(program)
+        program.screenshot("sources_parameters")
+        place = program.settled_geometry(PARAMETERS)
+        self.assertEqual(self.entries(program, self.SEARCH_VERSION), self.VERSIONS)
+        self.assertEqual(self.entries(program, self.ACTIVITY_VERSION), ["2021年版", "2020年版", *self.VERSIONS])
+        for radio in ("震度5弱", "震源断層を特定した地震動予測地図", "最大ケース", "50年"):
+            program.press(radio)
+        for combo, entry in ((self.SEARCH_VERSION, "2014年版"), (self.ACTIVITY_VERSION, "2020年版")):
+            before = program.windows()
+            program.click(combo, [ROLE.COMBO_BOX])
+            program.until(lambda: program.windows() - before, f"list of {combo}")
+            program.screenshot("sources_versions")
+            program.click(entry, [ROLE.LIST_ITEM])
+            program.until(lambda: program.windows() == before, "list closed")
+        program.focus(self.WEIGHT)
+        program.keys("ctrl+a")
+        program.xdotool("type", "--delay", 5, "--", "-0.1234567")
+        self.assertEqual(program.geometry(PARAMETERS), place)
+        program.press(OK)
+        self.until_dialog(program, up=False)
+        changed = {"intensityIndex": 0, "catastropheWeight": -0.1234567, "modeIndex": 1, "versionIndex": 0,
+                   "activityVersionIndex": 14, "caseIndex": 1, "periodIndex": 1}
+        self.assertEqual(self.parameters(program), changed)
+        # They are what the service is asked for; without probabilities these stay dashes.
+        program.press(ACQUIRE)
+        program.until(lambda: self.grid(program, FAULT_GRID), "faults")
+        search = self.desktop.asked("/fltsearch?")[-1]
+        for part in ("mode=S", "version=Y2014", "case=MAX", "period=P_T50", "param=-0.1234567", "ijma=45"):
+            self.assertIn(part, search)
+        self.assertIn("/map/api/pshm/Y2020/MAX/F005701/", self.desktop.asked("/pshm/")[-5])
+        self.assertEqual({text for row in self.grid(program, FAULT_GRID) for text in row[5:]}, {"-"})
+        self.until_text(program, "被害地検索 2014年版、地震活動モデル 2020年版")
+        self.activate(program)
+        self.finish(program)
+
+    def test_the_parameters_by_the_keys(self):
+        self.plant()
+        program = self.open_fault_screen()
+        before = self.saved(program)
+        program.focus(METHOD)
+        program.keys("space")
+        self.until_dialog(program)
+        # All of it is reached, in the order of reading.
+        stops = []
+        for _ in range(11):
+            stops.append(program.until(program.focused, "focus")[1])
+            program.leave(program.focused())
+        self.assertEqual(stops, ["震度6弱", self.WEIGHT, "条件付超過確率", self.SEARCH_VERSION, self.ACTIVITY_VERSION, "平均ケース",
+                                 "30年", "初期値に戻す", OK, CANCEL, "震度6弱"])
+        # Esc keeps all as it was, whatever has been chosen.
+        program.focus("条件付超過確率")
+        program.keys("Right")
+        program.keys("Escape")
+        self.until_dialog(program, up=False)
+        self.assertEqual(self.saved(program), before)
+        self.assertEqual(program.until(program.focused, "focus")[1], METHOD)
+        program.keys("space")
+        self.until_dialog(program)
+        program.focus("震度6弱")
+        program.keys("Right")
+        program.focus(self.SEARCH_VERSION)
+        program.keys("Down", "Down", "Down", "Down")  # 2014
+        program.focus(self.ACTIVITY_VERSION)
+        program.keys("End")  # 2008
+        program.focus("30年")
+        program.keys("Right")
+        # A weight out of its range keeps the dialog.
+        program.focus(self.WEIGHT)
+        for typed, text in (("1.5", "数値が範囲外です。\n\n（-1.0000000 ～ 1.0000000 までの範囲で入力してください。）"),
+                            ("0.12345678", "少数桁がオーバーしています。\n\n（少数 7桁 以内で入力してください。）")):
+            program.keys("ctrl+a")
+            program.xdotool("type", "--delay", 5, typed)
+            program.keys("Return")
+            program.box(text)
+            program.screenshot("sources_weight_refused")
+            program.keys("Return")
+            program.until(lambda: program.dialogs() == [PARAMETERS] and (program.focused() or ("", ""))[1] == self.WEIGHT, "the edit again")
+        program.keys("ctrl+a")
+        program.xdotool("type", "--delay", 5, "1")
+        program.keys("Return")
+        self.until_dialog(program, up=False)
+        self.assertEqual(self.parameters(program), {**self.DEFAULTS, "intensityIndex": 3, "catastropheWeight": 1.0,
+                                                    "versionIndex": 0, "activityVersionIndex": 9, "periodIndex": 1})
+        # The initial values are stored at once, a cancel keeps them.
+        program.act(program.action_of(PARAMETERS))
+        self.until_dialog(program)
+        program.focus("初期値に戻す")
+        program.keys("space", "Escape")
+        self.until_dialog(program, up=False)
+        self.assertEqual(self.parameters(program), self.DEFAULTS)
+        self.finish(program)
+
+    def choose_base(self, project, fault=2, plane=0, kind="short"):
+        """A plane is the base spectrum, and a wave adopted and adjusted to it."""
+        project["faults"][fault][kind + "BaseSelected"][plane] = True
+        distance = {"short": 0, "equiv": 1}[kind]
+        row = sum(one["geomNum"] for one in project["faults"][:fault]) + plane
+        project["baseSpectrumName"] = base_labels(project["faults"])[2 * row + distance]
+        self.adopt(project)
+
+    def adopt(self, project):
+        wave = project["seedWaves"][0]
+        wave["adopted"] = wave["adjusted"] = wave["adjustChecked"] = True
+        wave["adjustedAcc"], wave["adjustedPeriods"], wave["adjustedSpec"] = wave["acc"][:], [0.1, 1.0], [10.0, 20.0]
+        project["seedAdopted"], project["seedAdoptedName"] = True, wave["name"]
+
+    def expect_no_base(self, project):
+        """Nor an adjustment to it."""
+        self.assertEqual((project["baseSpectrumName"], project["seedAdopted"], project["seedAdoptedName"]), ("", False, ""))
+        records = project["seedWaves"] + project["lowerSpectra"]
+        marks = [flag for fault in project["faults"] for flag in fault["shortBaseSelected"] + fault["equivBaseSelected"]]
+        self.assertFalse(any(marks) or any(record["baseSelected"] for record in records))
+        for wave in project["seedWaves"]:
+            self.assertFalse(wave["adopted"] or wave["adjusted"] or wave["adjustChecked"])
+            self.assertEqual((wave["adjustedAcc"], wave["adjustedPeriods"], wave["adjustedSpec"]), ([], [], []))
+
+    def test_the_parameter_command_asks_both_questions_both_ways(self):
+        self.plant(self.choose_base, faults=True, waves=1)
+        name = project_file.load(self.project)["baseSpectrumName"]
+        self.assertEqual(name, "(最短距離)砺波平野断層帯（西部）")
+        program = self.open_fault_screen()
+        menu, button = program.action_of(PARAMETERS), program.action_of(METHOD)
+        for act in (lambda: program.act(menu), lambda: program.press(METHOD)):
+            self.expect_declined(program, act, parameters_question())
+            self.expect_declined(program, act, parameters_question(), base_question(name))
+            self.assertEqual(len(self.grid(program, FAULT_GRID)), 13)
+        program.act(button)
+        program.answer(parameters_question(), YES)
+        program.box(base_question(name))
+        program.screenshot("sources_base_question")
+        program.press(YES)
+        self.until_dialog(program)
+        self.assertEqual(self.grid(program, FAULT_GRID), [])
+        program.press(CANCEL)  # brings nothing back
+        self.until_dialog(program, up=False)
+        stored = self.saved_project(program)
+        self.assertEqual(stored["faults"], [])
+        self.expect_no_base(stored)
+        self.assertEqual({key: stored[key] for key in self.DEFAULTS}, self.DEFAULTS)
+        # Without faults it opens at once.
+        program.act(menu)
+        self.until_dialog(program)
+        program.keys("Escape")
+        self.until_dialog(program, up=False)
+        self.finish(program)
+
+    def test_the_parameter_command_keeps_a_base_that_is_no_plane(self):
+        def limit_is_base(project):
+            project["lowerSpectra"][0]["baseSelected"] = True
+            project["baseSpectrumName"] = project["lowerSpectra"][0]["name"]
+            project["catastropheWeight"] = -0.25
+            self.adopt(project)
+        self.plant(limit_is_base, faults=True, waves=1)
+        planted = project_file.load(self.project)
+        program = self.open_planes()
+        program.act(program.action_of(PARAMETERS))
+        program.answer(parameters_question("-0.250000"), YES)
+        self.until_dialog(program)
+        self.assertEqual(self.grid(program, PLANE_GRID), [])
+        program.press(OK)
+        self.until_dialog(program, up=False)
+        stored = self.saved_project(program)
+        self.assertEqual(stored["faults"], [])
+        self.assertEqual(stored["lowerSpectra"], planted["lowerSpectra"])
+        self.assertEqual([stored[name] for name in ("baseSpectrumName", "seedAdoptedName", "seedWaves")],
+                         [planted[name] for name in ("baseSpectrumName", "seedAdoptedName", "seedWaves")])
+        self.finish(program)
+
+    def test_an_acquisition_asks_for_a_base_that_is_a_plane(self):
+        self.plant(lambda project: self.choose_base(project, 6, 3, "equiv"), faults=True, waves=1)
+        name = project_file.load(self.project)["baseSpectrumName"]
+        self.assertEqual(name, "(等価震源距離)(4)糸魚川-静岡構造線断層帯（北部）")
+        program = self.open_fault_screen()
+        asked = len(self.desktop.asked("/map/api/"))
+        self.expect_declined(program, lambda: program.press(ACQUIRE), base_question(name))
+        self.assertEqual(len(self.desktop.asked("/map/api/")), asked)  # nobody was asked
+        self.acquire_after_question(program, base_question(name))
+        self.expect_no_base(self.saved_project(program))
+        self.acquire(program, UNKNOWN)  # asks no more
+        self.finish(program)
+
+    def acquire_after_question(self, program, question):
+        program.press(ACQUIRE)
+        program.answer(question, YES)
+        program.answer(UNKNOWN)
+        program.until(lambda: self.is_idle(program), "end of the acquisition")
+        self.activate(program)
+
+    def test_an_unknown_zone_is_told_and_costs_nothing(self):
+        def no_zone(project):
+            self.choose_base(project)
+            project["planeZone"] = ""
+        self.plant(no_zone, faults=True, waves=1)
+        name = project_file.load(self.project)["baseSpectrumName"]
+        program = self.open_fault_screen()
+        before = self.saved(program)
+        asked = len(self.desktop.asked("/map/api/"))
+        program.press(ACQUIRE)
+        program.answer(base_question(name), YES)
+        program.answer("平面直角座標系番号の指定が間違っています。「現場設定」で指定して下さい。")
+        program.until(lambda: self.is_idle(program), "end of the acquisition")
+        self.activate(program)
+        self.assertEqual(len(self.desktop.asked("/map/api/")), asked)
+        self.assertEqual(self.saved(program), before)
+        self.assertEqual(len(self.grid(program, FAULT_GRID)), 13)
         self.finish(program)
 
 
