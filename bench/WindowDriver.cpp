@@ -19,7 +19,6 @@ ProgramSettings SettingsOf(const ProgramFolder& folder, const ServiceSettings& s
   settings.services.probePauseMs = 0;
   settings.splashMs = 0;
   settings.programFolder = folder.Path();
-  settings.unfinishedRoute = true;
   return settings;
 }
 
@@ -27,7 +26,7 @@ ProgramDoors DoorsTo(Prompt& prompt, FileDialogs& files, TopChoice route) {
   ProgramDoors doors;
   doors.prompt = &prompt;
   doors.files = &files;
-  doors.askRoute = [route](bool, QWidget*) { return route; };
+  doors.askRoute = [route](QWidget*) { return route; };
   return doors;
 }
 

@@ -252,7 +252,7 @@ void Route::OpenDialogs() {
   m_window.DoWithDialog(
       "dialog: about the program", [&] { m_window.Frame().Menu()->about->trigger(); }, nothing);
   m_window.DoWithDialog(
-      "dialog: top screen", [&] { CDlgTop::Ask(false, &m_window.Frame()); }, nothing);
+      "dialog: top screen", [&] { CDlgTop::Ask(&m_window.Frame()); }, nothing);
   m_window.DoWithDialog(
       "dialog: a question", [] { MessageBoxPrompt().Ask(QStringLiteral("質問")); }, nothing);
   m_window.DoWithDialog(

@@ -45,7 +45,6 @@ RandomUser::RandomUser(const RandomUserLimits& limits, Diary& diary)
   m_settings.services.tiles = m_settings.services.hazard;
   m_settings.programFolder = m_samples.ProgramFolder();
   m_settings.splashMs = 0;
-  m_settings.unfinishedRoute = true;
   // Pages and the manual open nothing.
   for (const char* scheme : kSchemes)
     QDesktopServices::setUrlHandler(QLatin1String(scheme), this, "OpenNothing");

@@ -22,7 +22,6 @@ using testing::IsEmpty;
 class ScreenAgreesTest : public ShellTest {
  protected:
   void SetUp() override {
-    settings.unfinishedRoute = true;
     MakeWithOwnScreens([] { return TopChoice::GuidelineRoute; });
     ExpectOffline();
     ASSERT_EQ(Start(), std::nullopt);

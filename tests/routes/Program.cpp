@@ -18,7 +18,6 @@ tremlo::ProgramSettings TestSettings() {
   settings.services.probePauseMs = 1;
   settings.splashMs = 1;
   settings.programFolder = Word("TREMLO_TEST_PROGRAM_FOLDER");
-  settings.unfinishedRoute = true;
   return settings;
 }
 

@@ -1,10 +1,8 @@
 #include "core/shell/ProjectCommands.h"
 
-#include "core/files/WholeFile.h"
 #include "core/project/ProjectFile.h"
 #include "core/shell/TitleText.h"
 
-#include <QDir>
 #include <QFileInfo>
 
 namespace tremlo {
@@ -24,7 +22,6 @@ bool ProjectCommands::StartNew() {
 
 bool ProjectCommands::StartWithFile(const QString& path) {
   const QString absolute = QFileInfo(path).absoluteFilePath();
-  if (RefuseByRoute(absolute)) return false;
   const OpenOutcome outcome = OpenProject(m_parts.doc, absolute);
   if (outcome.tableFailure) {
     EndAfter(*outcome.tableFailure);
@@ -101,7 +98,6 @@ bool ProjectCommands::MayLeaveProject() {
 
 ProjectCommands::OpenEnd ProjectCommands::OpenFile(const QString& path) {
   const QString absolute = QFileInfo(path).absoluteFilePath();
-  if (const std::optional<OpenEnd> refused = RefuseByRoute(absolute)) return *refused;
   if (!MayLeaveProject()) return OpenEnd::Declined;
   const OpenOutcome outcome = OpenProject(m_parts.doc, absolute);
   if (outcome.tableFailure) {
@@ -117,24 +113,6 @@ ProjectCommands::OpenEnd ProjectCommands::OpenFile(const QString& path) {
     m_parts.shell.ProjectChanged();
   }
   return opened ? OpenEnd::Opened : OpenEnd::Failed;
-}
-
-std::optional<ProjectCommands::OpenEnd> ProjectCommands::RefuseByRoute(const QString& path) {
-  if (m_parts.shell.HasRoute(true)) return std::nullopt;
-  QByteArray bytes;
-  if (!ReadWholeFile(path, bytes)) return std::nullopt;  // the open itself tells it
-  CMorvaneDoc other(m_parts.doc.ProgramFolder());
-  const LoadOutcome load = LoadProject(other, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
-  if (!other.guidelineRoute) return std::nullopt;
-  if (!load.whole) {
-    // The route would be shown as far as it was read, and has no screens.
-    m_parts.prompt.Tell(OpenFailureText(path));
-    return OpenEnd::Failed;
-  }
-  m_parts.prompt.Tell(
-      QStringLiteral("「指針に沿って解析波形を作成」のプロジェクトは、この版では開けません。\n") +
-      QDir::toNativeSeparators(path));
-  return OpenEnd::Declined;
 }
 
 bool ProjectCommands::ResetDocument() {

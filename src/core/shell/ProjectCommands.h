@@ -15,8 +15,6 @@ class ProjectShell {
   virtual ~ProjectShell() = default;
 
   virtual TopChoice AskRoute() = 0;
-  /// Whether the screens of a route are in this program. A project of a route without them is not opened.
-  virtual bool HasRoute(bool guidelineRoute) const = 0;
   /// The document is another project, or bears another name: title, menu and list of recent files follow.
   virtual void ProjectChanged() = 0;
   /// Comes back; nothing more is asked or shown after it.
@@ -58,12 +56,10 @@ class ProjectCommands {
   enum class OpenEnd {
     Opened,
     Failed,    ///< the file is none of a project, or is not there
-    Declined,  ///< by the user, by this version, or because the program ends
+    Declined,  ///< by the user, or because the program ends
   };
 
   OpenEnd OpenFile(const QString& path);
-  /// Tells and refuses a project of a route without screens; empty for any other file.
-  std::optional<OpenEnd> RefuseByRoute(const QString& path);
   bool ResetDocument();
   bool SaveTo(const QString& path);
   void EndAfter(const TableFailure& failure);

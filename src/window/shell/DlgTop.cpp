@@ -4,7 +4,6 @@
 
 #include <QDialogButtonBox>
 #include <QHeaderView>
-#include <QLabel>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QVBoxLayout>
@@ -59,7 +58,7 @@ void FitToContents(QTableWidget* table) {
 
 }  // namespace
 
-CDlgTop::CDlgTop(bool guidelineRouteOffered, QWidget* parent)
+CDlgTop::CDlgTop(QWidget* parent)
     : QDialog(parent),
       m_guideline(
           new RoutePictureButton(QStringLiteral(":/shell/guideline_route.svg"), kGuidelineTitle, this)),
@@ -76,17 +75,6 @@ CDlgTop::CDlgTop(bool guidelineRouteOffered, QWidget* parent)
 
   auto* column = new QVBoxLayout(this);
   column->addLayout(pictures);
-  if (!guidelineRouteOffered) {
-    const QString reason =
-        QStringLiteral("「") + kGuidelineTitle + QStringLiteral("」は、この版では使用できません。");
-    m_guideline->setEnabled(false);
-    m_guideline->setToolTip(reason);
-    m_guideline->setAccessibleDescription(reason);
-    auto* label = new QLabel(reason, this);
-    label->setObjectName(QStringLiteral("reason"));
-    label->setAlignment(Qt::AlignCenter);
-    column->addWidget(label);
-  }
   column->addWidget(MakeDescriptions());
   auto* buttons = new QDialogButtonBox(this);
   QPushButton* ok = buttons->addButton(QStringLiteral("OK"), QDialogButtonBox::AcceptRole);
@@ -95,9 +83,8 @@ CDlgTop::CDlgTop(bool guidelineRouteOffered, QWidget* parent)
   column->addWidget(buttons);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
 
-  RoutePictureButton* chosen = guidelineRouteOffered ? m_guideline : m_response;
-  chosen->setChecked(true);
-  chosen->setFocus();
+  m_guideline->setChecked(true);
+  m_guideline->setFocus();
 }
 
 QTableWidget* CDlgTop::MakeDescriptions() {
@@ -125,8 +112,8 @@ bool CDlgTop::CanBeShown() const {
   return m_guideline->IsValid() && m_response->IsValid();
 }
 
-TopChoice CDlgTop::Ask(bool guidelineRouteOffered, QWidget* parent) {
-  CDlgTop dialog(guidelineRouteOffered, parent);
+TopChoice CDlgTop::Ask(QWidget* parent) {
+  CDlgTop dialog(parent);
   if (!dialog.CanBeShown()) return TopChoice::NotShown;
   if (dialog.exec() != QDialog::Accepted) return TopChoice::Cancelled;
   return dialog.GuidelineRoute() ? TopChoice::GuidelineRoute : TopChoice::ResponseRoute;

@@ -14,8 +14,7 @@ class RoutePictureButton;
 class CDlgTop : public QDialog {
   Q_OBJECT
  public:
-  /// A route without screens is shown greyed with the reason, and the other one is chosen.
-  explicit CDlgTop(bool guidelineRouteOffered, QWidget* parent = nullptr);
+  explicit CDlgTop(QWidget* parent = nullptr);
 
   /// The choice; true: the guideline route.
   bool GuidelineRoute() const;
@@ -23,7 +22,7 @@ class CDlgTop : public QDialog {
   bool CanBeShown() const;
 
   /// Shows the dialog and waits for it.
-  static TopChoice Ask(bool guidelineRouteOffered, QWidget* parent);
+  static TopChoice Ask(QWidget* parent);
 
  private:
   QTableWidget* MakeDescriptions();

@@ -286,7 +286,7 @@ void CMorvaneApp::Follow(SwitchOutcome outcome) {
 }
 
 TopChoice CMorvaneApp::AskRoute() {
-  return m_doors.askRoute(HasRoute(true), m_frame.get());
+  return m_doors.askRoute(m_frame.get());
 }
 
 void CMorvaneApp::ProjectChanged() {

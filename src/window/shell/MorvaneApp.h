@@ -16,10 +16,9 @@ namespace tremlo {
 
 /// Ways out of the program that tests put others in place of.
 struct ProgramDoors {
-  Prompt* prompt = nullptr;      ///< null: message boxes
-  FileDialogs* files = nullptr;  ///< null: Qt's dialogs
-  /// The top screen, told whether the guideline route has screens.
-  std::function<TopChoice(bool guidelineRouteOffered, QWidget* parent)> askRoute;
+  Prompt* prompt = nullptr;                            ///< null: message boxes
+  FileDialogs* files = nullptr;                        ///< null: Qt's dialogs
+  std::function<TopChoice(QWidget* parent)> askRoute;  ///< the top screen
   /// Ends the event loop.
   std::function<void(int status)> endProgram;
 };
@@ -67,9 +66,6 @@ class CMorvaneApp : private ProjectShell {
   void Follow(SwitchOutcome outcome);
 
   TopChoice AskRoute() override;
-  bool HasRoute(bool guidelineRoute) const override {
-    return m_settings.unfinishedRoute || m_table.HasRoute(guidelineRoute);
-  }
   void ProjectChanged() override;
 
   ProgramSettings m_settings;

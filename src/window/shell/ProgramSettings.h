@@ -15,8 +15,6 @@ struct ProgramSettings {
   int splashMs = 3000;
   /// Where the tables, the manual and the answers of the services are. Empty when it cannot be found.
   QString programFolder = QCoreApplication::applicationDirPath();
-  /// A route is offered, and its projects are opened, though not all of its screens are there yet.
-  bool unfinishedRoute = false;
   QString supportPage = QString::fromUtf8(kSupportPage);
   QString portalPage = QString::fromUtf8(kPortalPage);
 };

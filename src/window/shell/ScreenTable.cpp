@@ -10,13 +10,14 @@
 #include "window/shell/FrmFlowchart2.h"
 #include "window/shell/FrmFlowchart3.h"
 #include "window/sources/DlgFaultExploration.h"
-#include "window/sources/FrmMakeSeismicWave1.h"
 #include "window/sources/FrmBaseSpectrum.h"
 #include "window/sources/FrmDamsiteWave.h"
 #include "window/sources/FrmLowerSpectrum.h"
+#include "window/sources/FrmMakeSeismicWave1.h"
 #include "window/sources/FrmMakeSeismicWave2.h"
 #include "window/waves/DlgAdjustSetting.h"
 #include "window/waves/FrmAdjustSeismicWave.h"
+#include "window/waves/FrmOrigSeismicWave.h"
 #include "window/waves/FrmRespAdjustSpectrum.h"
 #include "window/waves/FrmRespOrigSeismicWave.h"
 #include "window/waves/FrmRespVisualization.h"
@@ -127,6 +128,13 @@ void AddFaults(ScreenTable& table) {
   };
 }
 
+/// The waves that everything else is made of.
+void AddWaveRegistration(ScreenTable& table) {
+  table.screens[ScreenId::OrigSeismicWave] = [](const ScreenParts& parts) {
+    return new CFrmOrigSeismicWave(parts.doc, parts.prompt, parts.files, parts.rules, parts.gate);
+  };
+}
+
 /// The waves near the site, and the choice of the base spectrum among all candidates.
 void AddBaseSpectrum(ScreenTable& table) {
   table.screens[ScreenId::DamsiteWave] = [](const ScreenParts& parts) {
@@ -140,10 +148,11 @@ void AddBaseSpectrum(ScreenTable& table) {
 /// The spectra of the acquired faults.
 void AddFaultSpectra(ScreenTable& table) {
   table.screens[ScreenId::MakeSeismicWave2] = [](const ScreenParts& parts) {
-    return new CFrmMakeSeismicWave2(parts.doc, parts.prompt, parts.procedure, parts.rules, parts.gate,
-                                    {.calculate = parts.calculateFaultSpectra,
-                                     .follow = parts.follow,
-                                     .acquisitionText = [&doc = parts.doc] { return LastAcquisitionLine(doc); }});
+    return new CFrmMakeSeismicWave2(
+        parts.doc, parts.prompt, parts.procedure, parts.rules, parts.gate,
+        {.calculate = parts.calculateFaultSpectra,
+         .follow = parts.follow,
+         .acquisitionText = [&doc = parts.doc] { return LastAcquisitionLine(doc); }});
   };
 }
 
@@ -155,14 +164,6 @@ void AddLowerLimit(ScreenTable& table) {
 
 }  // namespace
 
-bool ScreenTable::HasRoute(bool guidelineRoute) const {
-  const ScreenId first = guidelineRoute ? kFirstScreen : ScreenId::RespOrigSeismicWave;
-  const ScreenId last = guidelineRoute ? ScreenId::Visualization : kLastScreen;
-  for (int id = static_cast<int>(first); id <= static_cast<int>(last); ++id)
-    if (!screens.contains(static_cast<ScreenId>(id))) return false;
-  return true;
-}
-
 ScreenTable ProgramScreens() {
   ScreenTable table;
   table.runs.computeMissingSpectra = ComputeSpectra;
@@ -171,6 +172,7 @@ ScreenTable ProgramScreens() {
   AddSite(table);
   AddFaults(table);
   AddCharts(table);
+  AddWaveRegistration(table);
   AddBaseSpectrum(table);
   AddFaultSpectra(table);
   AddLowerLimit(table);

@@ -45,9 +45,6 @@ struct ScreenTable {
   /// Show a modal dialog. An entry of the menu without its dialog is disabled.
   std::function<void(const ScreenParts&)> editApiParameters;
   std::function<void(const ScreenParts&)> editAdjustSettings;
-
-  /// Whether every screen of the route is there.
-  bool HasRoute(bool guidelineRoute) const;
 };
 
 /// The screens that the program has.

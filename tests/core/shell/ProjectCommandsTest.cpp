@@ -31,12 +31,10 @@ class RecordingShell : public ProjectShell {
     m_log.append(QStringLiteral("top"));
     return choice;
   }
-  bool HasRoute(bool guidelineRoute) const override { return !guidelineRoute || guidelineRouteThere; }
   void ProjectChanged() override { m_log.append(QStringLiteral("changed")); }
   void EndProgram(int status) override { m_log.append(QStringLiteral("end %1").arg(status)); }
 
   TopChoice choice = TopChoice::ResponseRoute;
-  bool guidelineRouteThere = true;
 
  private:
   QStringList& m_log;
@@ -276,20 +274,6 @@ TEST_F(ProjectCommandsTest, ADamagedTableEndsTheProgramButKeepsTheSoundProjectIn
   commands.OpenRecent(path);
   EXPECT_THAT(Log(), ElementsAre("box", "end 1"));
   EXPECT_THAT(recent.Paths(), ElementsAre(path));
-}
-
-TEST_F(ProjectCommandsTest, AProjectOfARouteWithoutScreensIsRefusedBeforeAnythingIsAsked) {
-  Show(Saved(QStringLiteral("a.trml")));
-  Doc().SetModified(true);
-  const DocumentState before(Doc());
-  const QString path = Saved(QStringLiteral("指針.trml"), true);
-  recent.Add(path);
-  shell.guidelineRouteThere = false;
-  parts.prompt.ExpectMessage(
-      QStringLiteral("「指針に沿って解析波形を作成」のプロジェクトは、この版では開けません。\n") + path);
-  commands.OpenRecent(path);
-  ExpectSame(before);
-  EXPECT_EQ(recent.Paths().front(), path) << "another version may open it";
 }
 
 // --- Saving ---

@@ -96,9 +96,9 @@ TEST_F(BadTimeTest, WhatWasQueuedIsLookedAtWhenItRuns) {
 
 TEST_F(BadTimeTest, NoCommandRunsWithinAnother) {
   app.reset();
-  Make(true);
+  Make();
   std::vector<QStringList> inner;
-  ProgramDoors doors = DoorsWith([&](bool, QWidget*) {
+  ProgramDoors doors = DoorsWith([&](QWidget*) {
     if (app->Frame()) {
       TakeLog();
       for (QAction* entry : Entries()) entry->trigger();
@@ -109,7 +109,7 @@ TEST_F(BadTimeTest, NoCommandRunsWithinAnother) {
     return TopChoice::GuidelineRoute;
   });
   app.reset();
-  app = std::make_unique<CMorvaneApp>(settings, test::LoggingScreens(log, true), std::move(doors));
+  app = std::make_unique<CMorvaneApp>(settings, test::LoggingScreens(log), std::move(doors));
   ExpectOffline();
   ASSERT_EQ(Start(), std::nullopt);
   Menu()->newProject->trigger();

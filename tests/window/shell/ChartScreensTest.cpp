@@ -69,7 +69,7 @@ class ChartScreensTest : public test::ShellTest {
   }
 
   void Begin(const AskQuestion& ask) {
-    ScreenTable screens = test::LoggingScreens(log, true);
+    ScreenTable screens = test::LoggingScreens(log);
     const ScreenTable own = ProgramScreens();
     for (const ScreenId id :
          {ScreenId::FlowCheck, ScreenId::Flowchart1, ScreenId::Flowchart2, ScreenId::Flowchart3})
@@ -79,7 +79,7 @@ class ChartScreensTest : public test::ShellTest {
         return new CFrmFlowchart1(parts.doc, parts.prompt, parts.procedure, parts.gate, parts.follow, ask);
       };
     app = std::make_unique<CMorvaneApp>(settings, std::move(screens),
-                                        DoorsWith([](bool, QWidget*) { return TopChoice::GuidelineRoute; }));
+                                        DoorsWith([](QWidget*) { return TopChoice::GuidelineRoute; }));
     ExpectOffline();
     ASSERT_EQ(Start(), std::nullopt);
     app->Frame()->showNormal();

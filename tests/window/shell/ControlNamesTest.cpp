@@ -96,8 +96,7 @@ TEST_F(ControlNamesTest, TabLeadsToEveryControl) {
 }
 
 TEST_F(ControlNamesTest, DialogsOfTheShellHaveThemToo) {
-  EXPECT_THAT(Unnamed(CDlgTop(true)), IsEmpty());
-  EXPECT_THAT(Unnamed(CDlgTop(false)), IsEmpty());
+  EXPECT_THAT(Unnamed(CDlgTop()), IsEmpty());
   EXPECT_THAT(Unnamed(CAboutDlg({QStringLiteral("LowSpec")}, nullptr)), IsEmpty());
   for (const ChartQuestion question : kChartQuestions)
     EXPECT_THAT(Unnamed(CPropertyQa(question, {})), IsEmpty());

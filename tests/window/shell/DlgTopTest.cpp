@@ -26,7 +26,7 @@ void Click(QWidget* window, const char* name) {
 
 TEST(DlgTop, GuidelineRouteIsChosenFirst) {
   WhenModal(QStringLiteral("dlgTop"), [](QWidget* window) { Click(window, "ok"); });
-  EXPECT_EQ(CDlgTop::Ask(true, nullptr), TopChoice::GuidelineRoute);
+  EXPECT_EQ(CDlgTop::Ask(nullptr), TopChoice::GuidelineRoute);
 }
 
 TEST(DlgTop, ClickOnThePictureChoosesItsRoute) {
@@ -34,13 +34,13 @@ TEST(DlgTop, ClickOnThePictureChoosesItsRoute) {
     Click(window, "response");
     Click(window, "ok");
   });
-  EXPECT_EQ(CDlgTop::Ask(true, nullptr), TopChoice::ResponseRoute);
+  EXPECT_EQ(CDlgTop::Ask(nullptr), TopChoice::ResponseRoute);
   WhenModal(QStringLiteral("dlgTop"), [](QWidget* window) {
     Click(window, "response");
     Click(window, "guideline");
     Click(window, "ok");
   });
-  EXPECT_EQ(CDlgTop::Ask(true, nullptr), TopChoice::GuidelineRoute);
+  EXPECT_EQ(CDlgTop::Ask(nullptr), TopChoice::GuidelineRoute);
 }
 
 TEST(DlgTop, KeyboardAloneChoosesAndConfirms) {
@@ -51,30 +51,18 @@ TEST(DlgTop, KeyboardAloneChoosesAndConfirms) {
     QTest::keyClick(window->focusWidget(), Qt::Key_Space);
     QTest::keyClick(window->focusWidget(), Qt::Key_Return);
   });
-  EXPECT_EQ(CDlgTop::Ask(true, nullptr), TopChoice::ResponseRoute);
+  EXPECT_EQ(CDlgTop::Ask(nullptr), TopChoice::ResponseRoute);
 }
 
 TEST(DlgTop, EscapeAndCloseBoxCancel) {
   WhenModal(QStringLiteral("dlgTop"), [](QWidget* window) { QTest::keyClick(window, Qt::Key_Escape); });
-  EXPECT_EQ(CDlgTop::Ask(true, nullptr), TopChoice::Cancelled);
+  EXPECT_EQ(CDlgTop::Ask(nullptr), TopChoice::Cancelled);
   WhenModal(QStringLiteral("dlgTop"), [](QWidget* window) { window->close(); });
-  EXPECT_EQ(CDlgTop::Ask(true, nullptr), TopChoice::Cancelled);
-}
-
-TEST(DlgTop, RouteWithoutScreensIsGreyedWithTheReason) {
-  WhenModal(QStringLiteral("dlgTop"), [](QWidget* window) {
-    const auto* guideline = Find<RoutePictureButton>(window, "guideline");
-    EXPECT_FALSE(guideline->isEnabled());
-    EXPECT_EQ(Find<QLabel>(window, "reason")->text(), guideline->toolTip());
-    Click(window, "guideline");
-    EXPECT_TRUE(Find<RoutePictureButton>(window, "response")->isChecked());
-    Click(window, "ok");
-  });
-  EXPECT_EQ(CDlgTop::Ask(false, nullptr), TopChoice::ResponseRoute);
+  EXPECT_EQ(CDlgTop::Ask(nullptr), TopChoice::Cancelled);
 }
 
 TEST(DlgTop, TextsOfBothRoutesStandUnderTheHeading) {
-  const CDlgTop dialog(true);
+  const CDlgTop dialog;
   EXPECT_EQ(dialog.windowTitle(), u"Tremlo");
   EXPECT_TRUE(dialog.CanBeShown());
   const auto* table = Find<QTableWidget>(&dialog, "descriptions");

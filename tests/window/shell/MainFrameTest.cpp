@@ -70,13 +70,14 @@ TEST_F(MainFrameTest, ScreensBearTheirNames) {
   EXPECT_EQ(app->Frame()->ScreenOf(ScreenId::RespAdjustSpectrum)->objectName(), u"RespAdjustSpectrum");
   EXPECT_EQ(app->Frame()->ScreenOf(ScreenId::RespOrigSeismicWave)->accessibleName(),
             QStringLiteral("原種波形設定"));
-  EXPECT_EQ(app->Frame()->ScreenOf(ScreenId::Field), nullptr);
+  EXPECT_EQ(app->Frame()->ScreenOf(ScreenId::FlowCheck)->objectName(), u"FlowCheck");
+  EXPECT_EQ(app->Frame()->ScreenOf(ScreenId::Flowchart3)->objectName(), u"Flowchart3");
 }
 
 TEST_F(MainFrameTest, UnknownScreenEndsTheProgramWithStatusOne) {
   app.reset();
   // A screen with a switch of its own to a screen that nothing may ask for by name.
-  ScreenTable screens = test::LoggingScreens(log, true);
+  ScreenTable screens = test::LoggingScreens(log);
   screens.screens[ScreenId::Field] = [this](const ScreenParts& parts) -> Screen* {
     auto* const screen = new test::LoggingScreen(ScreenId::Field, log);
     QObject::connect(screen->first, &QLineEdit::returnPressed, screen,
@@ -84,7 +85,7 @@ TEST_F(MainFrameTest, UnknownScreenEndsTheProgramWithStatusOne) {
     return screen;
   };
   app = std::make_unique<CMorvaneApp>(settings, std::move(screens),
-                                      DoorsWith([](bool, QWidget*) { return TopChoice::GuidelineRoute; }));
+                                      DoorsWith([](QWidget*) { return TopChoice::GuidelineRoute; }));
   ExpectOffline();
   ASSERT_EQ(Start(), std::nullopt);
   prompt.ExpectMessage(QStringLiteral("予期せぬフォームの呼び出しが発生しました。"));
@@ -176,15 +177,6 @@ TEST_F(MainFrameTest, SeveralFilesAndAddressesAreNotTaken) {
   EXPECT_FALSE(Drop({QUrl(QStringLiteral("https://127.0.0.1/a.trml"))}));
   EXPECT_FALSE(Drop({}));
   EXPECT_TRUE(Doc().PathName().isEmpty());
-}
-
-TEST_F(MainFrameTest, DroppedProjectOfARouteWithoutScreensIsRefused) {
-  const QString path = SavedProject(QStringLiteral("g.trml"), true);
-  prompt.ExpectMessage(
-      QStringLiteral("「指針に沿って解析波形を作成」のプロジェクトは、この版では開けません。\n") + path);
-  EXPECT_TRUE(Drop({QUrl::fromLocalFile(path)}));
-  EXPECT_TRUE(Doc().PathName().isEmpty());
-  EXPECT_FALSE(Doc().guidelineRoute);
 }
 
 TEST_F(MainFrameTest, ClosingAnUnchangedProjectEndsWithoutAQuestion) {

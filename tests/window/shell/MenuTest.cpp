@@ -73,7 +73,7 @@ TEST_F(MenuTest, ShortcutsReachTheCommands) {
   QTest::keyClick(app->Frame(), Qt::Key_S, Qt::ControlModifier);
   choices = {TopChoice::ResponseRoute};
   QTest::keyClick(app->Frame(), Qt::Key_N, Qt::ControlModifier);
-  EXPECT_THAT(TakeLog(), ElementsAre("top, response route", "refresh 59662"));
+  EXPECT_THAT(TakeLog(), ElementsAre("top", "refresh 59662"));
 }
 
 TEST_F(MenuTest, EntriesOfTheGuidelineRouteAreGreyInTheOther) {
@@ -102,7 +102,7 @@ TEST_F(MenuTest, OnlineGoesOffWithoutARequestAndComesBackWithTheProbes) {
   const LocalService service;
   ASSERT_TRUE(service.IsReady());
   settings.services = service.Settings();
-  Make(true);
+  Make();
   choices = {TopChoice::GuidelineRoute};
   ASSERT_EQ(Start(), std::nullopt);
   EXPECT_TRUE(Menu()->online->isChecked());
@@ -123,7 +123,7 @@ TEST_F(MenuTest, HazardServiceDownIsOfflineWithOneMessage) {
   ASSERT_TRUE(service.IsReady());
   settings.services = service.Settings();
   settings.services.hazardAddress = service.Address(QStringLiteral("refused"));
-  Make(true);
+  Make();
   choices = {TopChoice::GuidelineRoute};
   prompt.ExpectMessage(QStringLiteral("J-SHIS OffLine"));
   ASSERT_EQ(Start(), std::nullopt);

@@ -120,33 +120,6 @@ TEST_F(ProjectMenuTest, RecentFileIsOpenedAndMovesUp) {
   EXPECT_EQ(RecentTexts().front(), QStringLiteral("&1 ") + QString(a).replace(u'&', QStringLiteral("&&")));
 }
 
-TEST_F(ProjectMenuTest, ProjectOfARouteWithoutScreensIsRefusedBeforeAnythingChanges) {
-  StartNew(TopChoice::ResponseRoute);
-  Doc().SetModified(true);
-  const QString path = SavedProject(QStringLiteral("指針.trml"), true);
-  const test::DocumentState before(Doc());
-  prompt.ExpectMessage(
-      QStringLiteral("「指針に沿って解析波形を作成」のプロジェクトは、この版では開けません。\n") + path);
-  OpenFile(path);
-  EXPECT_THAT(test::DocumentState(Doc()).DifferencesTo(before), IsEmpty());
-  EXPECT_EQ(Title(), unnamedTitle);
-}
-
-TEST_F(ProjectMenuTest, CutFileOfARouteWithoutScreensIsABrokenFileAndChangesNothing) {
-  StartNew(TopChoice::ResponseRoute);
-  OpenFile(SavedProject(QStringLiteral("a.trml"), false));
-  const test::DocumentState before(Doc());
-  const QByteArray whole = test::ReadAll(SavedProject(QStringLiteral("指針.trml"), true));
-  // What is no project at all may begin like one of that route.
-  for (const QByteArray& content : {whole.left(20), QByteArray("%PDF-1.7\n1 0 obj\n")}) {
-    const QString path = folder.Write(QStringLiteral("broken.trml"), content);
-    prompt.ExpectMessage(Failure(path));
-    OpenFile(path);
-    prompt.CheckUsedUp();
-    EXPECT_THAT(test::DocumentState(Doc()).DifferencesTo(before), IsEmpty());
-  }
-}
-
 TEST_F(ProjectMenuTest, RecentFileThatHasBecomeSomethingElseLeavesTheList) {
   StartNew(TopChoice::ResponseRoute);
   const QString path = SavedProject(QStringLiteral("a.trml"), false);
@@ -232,11 +205,11 @@ TEST_F(ProjectMenuTest, NewProjectAsksForTheRouteAndIsNotModified) {
   EXPECT_EQ(Title(), unnamedTitle);
   EXPECT_FALSE(Doc().IsModified());
   EXPECT_EQ(Doc().seedWaves.Count(), 1u) << "the route's wave is there at once";
-  EXPECT_THAT(TakeLog(), ElementsAre("top, response route", "refresh 59662"));
+  EXPECT_THAT(TakeLog(), ElementsAre("top", "refresh 59662"));
 }
 
 TEST_F(ProjectMenuTest, NewProjectTakesTheChosenRoute) {
-  Make(true);
+  Make();
   StartNew(TopChoice::ResponseRoute);
   EXPECT_EQ(app->Procedure().ActiveScreen(), ScreenId::RespOrigSeismicWave);
   choices = {TopChoice::GuidelineRoute};
@@ -259,7 +232,7 @@ TEST_F(ProjectMenuTest, TopScreenThatCannotBeShownFailsTheNew) {
   prompt.ExpectMessage(QStringLiteral("トップ画面を表示させることができませんでした。"));
   Menu()->newProject->trigger();
   EXPECT_THAT(ended, IsEmpty());
-  EXPECT_THAT(TakeLog(), ElementsAre("top, response route", "box", "refresh 59662"))
+  EXPECT_THAT(TakeLog(), ElementsAre("top", "box", "refresh 59662"))
       << "the screen shows the emptied project";
 }
 
@@ -276,7 +249,7 @@ TEST_F(ProjectMenuTest, ModifiedProjectIsAskedAboutBeforeTheTopScreen) {
   choices = {TopChoice::ResponseRoute};
   Doc().site.siteName = QStringLiteral("変更");
   Menu()->newProject->trigger();
-  EXPECT_THAT(TakeLog(), ElementsAre("box", "top, response route", "refresh 59662"));
+  EXPECT_THAT(TakeLog(), ElementsAre("box", "top", "refresh 59662"));
   OpenFile(folder.Path(QStringLiteral("計画.trml")));
   EXPECT_EQ(Doc().site.siteName, QStringLiteral("変更"));
 }

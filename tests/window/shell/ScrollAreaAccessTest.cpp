@@ -17,7 +17,7 @@ namespace {
 class ScrollAreaAccessTest : public test::ShellTest {
  protected:
   void SetUp() override {
-    Make(false);
+    Make();
     StartNew(TopChoice::ResponseRoute);
     area.setWidget(new QLabel(QStringLiteral("content")));
     area.widget()->setFixedSize(400, 400);

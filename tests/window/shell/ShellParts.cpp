@@ -20,10 +20,9 @@ void LoggingScreen::Log(const char* what) {
   m_log.append(QStringLiteral("%1 %2").arg(QString::fromLatin1(what)).arg(static_cast<int>(m_id)));
 }
 
-ScreenTable LoggingScreens(QStringList& log, bool withGuidelineRoute) {
+ScreenTable LoggingScreens(QStringList& log) {
   ScreenTable table;
-  const ScreenId first = withGuidelineRoute ? kFirstScreen : ScreenId::RespOrigSeismicWave;
-  for (int number = static_cast<int>(first); number <= static_cast<int>(kLastScreen); ++number) {
+  for (int number = static_cast<int>(kFirstScreen); number <= static_cast<int>(kLastScreen); ++number) {
     const auto id = static_cast<ScreenId>(number);
     table.screens[id] = [id, &log](const ScreenParts&) -> Screen* {
       log.append(QStringLiteral("make %1").arg(static_cast<int>(id)));
@@ -88,7 +87,7 @@ ShellTest::ShellTest() {
 
 ShellTest::~ShellTest() = default;
 
-ProgramDoors ShellTest::DoorsWith(std::function<TopChoice(bool, QWidget*)> askRoute) {
+ProgramDoors ShellTest::DoorsWith(std::function<TopChoice(QWidget*)> askRoute) {
   ProgramDoors doors;
   doors.prompt = &prompt;
   doors.files = &files;
@@ -97,9 +96,9 @@ ProgramDoors ShellTest::DoorsWith(std::function<TopChoice(bool, QWidget*)> askRo
   return doors;
 }
 
-void ShellTest::Make(bool withGuidelineRoute) {
-  const ProgramDoors doors = DoorsWith([this](bool offered, QWidget*) {
-    log.append(offered ? QStringLiteral("top, both routes") : QStringLiteral("top, response route"));
+void ShellTest::Make() {
+  const ProgramDoors doors = DoorsWith([this](QWidget*) {
+    log.append(QStringLiteral("top"));
     if (choices.empty()) {
       ADD_FAILURE() << "An unexpected top screen";
       return TopChoice::Cancelled;
@@ -108,14 +107,13 @@ void ShellTest::Make(bool withGuidelineRoute) {
     choices.pop_front();
     return choice;
   });
-  ScreenTable screens = LoggingScreens(log, withGuidelineRoute);
+  ScreenTable screens = LoggingScreens(log);
   screens.runs.calculateFaultSpectra = [this](const ScreenParts&) { return faultSpectraWork; };
   app = std::make_unique<CMorvaneApp>(settings, std::move(screens), doors);
 }
 
 void ShellTest::MakeWithOwnScreens(std::function<TopChoice()> askRoute) {
-  const ProgramDoors doors =
-      DoorsWith([askRoute = std::move(askRoute)](bool, QWidget*) { return askRoute(); });
+  const ProgramDoors doors = DoorsWith([askRoute = std::move(askRoute)](QWidget*) { return askRoute(); });
   app = std::make_unique<CMorvaneApp>(settings, ProgramScreens(), doors);
 }
 
@@ -129,7 +127,7 @@ std::optional<int> ShellTest::Start(const QStringList& paths) {
 }
 
 void ShellTest::StartNew(TopChoice choice) {
-  if (!app) Make(choice == TopChoice::GuidelineRoute);
+  if (!app) Make();
   ExpectOffline();
   choices.push_back(choice);
   ASSERT_EQ(Start(), std::nullopt);

@@ -35,8 +35,8 @@ class LoggingScreen : public Screen {
   QStringList& m_log;
 };
 
-/// Screens of the response route, or of both routes. "make 59662" is logged as each is made.
-ScreenTable LoggingScreens(QStringList& log, bool withGuidelineRoute);
+/// All screens. "make 59662" is logged as each is made.
+ScreenTable LoggingScreens(QStringList& log);
 
 /// Answers of file dialogs by a script; an answer that is not used, or a dialog without one, fails the test.
 class ScriptedFiles : public FileDialogs {
@@ -66,9 +66,9 @@ class ShellTest : public testing::Test {
   ShellTest();
   ~ShellTest() override;
 
-  /// The program with those screens; it has not started.
-  void Make(bool withGuidelineRoute);
-  /// The same with its own screens, as far as they are there, and with that answer of the top screen.
+  /// The program with screens that log; it has not started.
+  void Make();
+  /// The same with its own screens and with that answer of the top screen.
   void MakeWithOwnScreens(std::function<TopChoice()> askRoute);
   /// Expects both messages of the probes.
   void ExpectOffline();
@@ -86,7 +86,7 @@ class ShellTest : public testing::Test {
   CMorvaneDoc& Doc() { return app->Document(); }
   QStringList RecentTexts();
 
-  ProgramDoors DoorsWith(std::function<TopChoice(bool, QWidget*)> askRoute);
+  ProgramDoors DoorsWith(std::function<TopChoice(QWidget*)> askRoute);
 
   TestFolder folder;
   QStringList log;

@@ -12,6 +12,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QComboBox>
+#include <QElapsedTimer>
 #include <QInputMethodEvent>
 #include <QLabel>
 #include <QMimeData>
@@ -251,6 +252,46 @@ TEST_F(WholeProgramTest, NoProjectIsTakenWhileADialogOfSettingsIsOpen) {
   PressButton("settingsButton");
   EXPECT_TRUE(seen);
   EXPECT_THAT(DocumentState(Doc()).DifferencesTo(before), IsEmpty());
+}
+
+TEST_F(WholeProgramTest, AWaveIsAdoptedAdjustedBehindItsDialogAndShown) {
+  MakeFittingFiles();
+  Read(folder.Path("wave.csv"));
+  Doc().guidelineRoute = true;
+  Doc().flowFixed = true;
+  CSeismicWave& wave = Doc().seedWaves.At(0);
+  ComputeResponseSpectrum(wave.acc, wave.periods, wave.accSpec, wave.timeStep);
+  wave.spectrumValid = true;
+  Doc().lowerSpectra.Clear();
+  Doc().lowerSpectra.AddSpectrum("下限", wave.periods, wave.accSpec);
+  Doc().lowerSpectra.At(0).lowerSelected = Doc().lowerSpectra.At(0).baseSelected = true;
+  Doc().baseSpectrumName = "下限";
+  ASSERT_EQ(app->Procedure().SwitchScreen(ScreenId::AdjustSeismicWave), SwitchOutcome::Open);
+  test::Settle();
+  auto* const grid = Find<CSpread7>("waveGrid");
+  const auto click = [grid](int column) {
+    QTest::mouseClick(grid->viewport(), Qt::LeftButton, {},
+                      grid->visualRect(grid->model()->index(0, column - 1)).center());
+    test::Settle();
+  };
+  click(7);
+  EXPECT_EQ(Doc().seedAdoptedName, "波");
+  bool seen = false;
+  test::WhenModal("CDlgNowCalc", [&](QWidget*) {
+    seen = true;
+    EXPECT_FALSE(app->Frame()->close());
+    EXPECT_EQ(app->Procedure().ActiveScreen(), ScreenId::AdjustSeismicWave);
+  });
+  QElapsedTimer time;
+  time.start();
+  click(8);
+  EXPECT_TRUE(seen);
+  EXPECT_GE(time.elapsed(), 1000) << "the dialog stands long enough to be read";
+  EXPECT_TRUE(Wave().adjusted && Wave().adjustChecked);
+  EXPECT_TRUE(Find<QLabel>("fitLabel")->text().startsWith("「波」　偏差（RMS） 0.00 %"));
+  ASSERT_EQ(app->Procedure().SwitchScreen(ScreenId::Visualization), SwitchOutcome::Open);
+  EXPECT_EQ(Find<QLineEdit>("nameEdit")->text(), "波");
+  ShowEveryGraph();
 }
 
 TEST_F(WholeProgramTest, NoProjectIsTakenWhileTheRunIsUp) {

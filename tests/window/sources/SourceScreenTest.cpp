@@ -35,8 +35,16 @@ SourceScreenTest::SourceScreenTest(ScreenId id) : m_id(id) {
   procedure = std::make_unique<WorkProcedure>(doc, prompt, *host, pane);
   rules = std::make_unique<ChangeRules>(doc, prompt, *procedure);
   gate = std::make_unique<CommandGate>(prompt);
-  parts.reset(new ScreenParts{doc, prompt, files, *procedure, *rules, online, services, *gate,
+  parts.reset(new ScreenParts{doc,
+                              prompt,
+                              files,
+                              *procedure,
+                              *rules,
+                              online,
+                              services,
+                              *gate,
                               [this](SwitchOutcome outcome) { followed.push_back(outcome); },
+                              {},
                               [this] { return table.runs.calculateFaultSpectra(*parts); }});
 }
 

@@ -66,7 +66,7 @@ class OneScreenHost : public ScreenHost {
     m_doc.SetModified(true);
     return works;
   }
-  bool RunRespAdjustment() override { return false; }
+  AdjustResult RunRespAdjustment() override { return {}; }
 
   QStringList log;
 
