@@ -655,6 +655,19 @@ class SourcesRoute(route.Route):
         entries = node.get_child_at_index(0)
         return [entries.get_child_at_index(i).get_name() for i in range(entries.get_child_count())]
 
+    def click_entry(self, program, combo, entry):
+        """Clicks an entry of an open list."""
+        seen = []
+
+        def settled():
+            entries = self.combo(program, combo).get_child_at_index(0)
+            item = next(entries.get_child_at_index(i) for i in range(entries.get_child_count())
+                        if entries.get_child_at_index(i).get_name() == entry)
+            seen.append(program.point(item))
+            return seen[-2:] == [seen[-1]] * 2
+        program.until(settled, f"entry {entry}")
+        program.click_at(*seen[-1])
+
     def test_the_parameters_by_the_pointer(self):
         self.plant()
         program = self.open_fault_screen()
@@ -671,7 +684,7 @@ class SourcesRoute(route.Route):
             program.click_at(*program.point(self.combo(program, combo)))
             program.until(lambda: program.windows() - before, f"list of {combo}")
             program.screenshot("sources_versions")
-            program.click(entry, [ROLE.LIST_ITEM])
+            self.click_entry(program, combo, entry)
             program.until(lambda: program.windows() == before, "list closed")
         program.focus(self.WEIGHT)
         program.keys("ctrl+a")
@@ -865,6 +878,595 @@ class SourcesRoute(route.Route):
         self.assertEqual(self.saved(program), before)
         self.assertEqual(len(self.grid(program, FAULT_GRID)), 13)
         self.finish(program)
+
+    # --- the planes and their spectra
+
+    def attenuate(self, fault, plane, method, ground_class):
+        told = self.command("attenuate", "--method", method, "--magnitude", fault["magnitude"], "--depth",
+                            repr(fault["planeDepth"][plane]), "--shortest", repr(fault["shortestDistance"][plane]),
+                            "--equivalent", repr(fault["equivalentDistance"][plane]), "--class", ground_class, "--json")
+        return json.loads(told)
+
+    def expect_spectra(self, project, *planes):
+        """Of these planes, or of the first of each fault, those of the command line."""
+        for fault, plane in planes or [(number, 0) for number in range(len(project["faults"]))]:
+            record = project["faults"][fault]
+            told = self.attenuate(record, plane, project["attenuationMethod"], record["groundClass"][plane])
+            for name in ("shortestPeriods", "shortestSpectrum", "equivalentPeriods", "equivalentSpectrum"):
+                self.assertEqual(record[name][plane], told[name], (fault, plane, name))
+
+    def plane_rows(self, faults):
+        """The first seven columns of the list of planes."""
+        rows = []
+        names = iter(plane_names(faults))
+        for fault in faults:
+            rows += [[fault["rank"], next(names), fault["groundClass"][plane], fault["magnitude"], fault["ijma"],
+                      f"{fault['shortestDistance'][plane]:.4f}", f"{fault['equivalentDistance'][plane]:.4f}"]
+                     for plane in range(fault["geomNum"])]
+        return rows
+
+    def test_the_planes_and_their_spectra_are_those_of_the_command_line(self):
+        self.plant(faults=True)
+        faults = project_file.load(self.project)["faults"]
+        program = self.open_planes()
+        self.assertEqual([row[:7] for row in self.grid(program, PLANE_GRID)], self.plane_rows(faults))
+        self.assertEqual([row[0] for row in self.grid(program, RELATION_GRID)], RELATIONS)
+        self.assertEqual(self.checks(program, RELATION_GRID, 1), [True, False])
+        self.assertEqual((self.checks(program, PLANE_GRID, 8), self.checks(program, PLANE_GRID, 9)), ([True] * 13, [True] * 13))
+        for text in ("J-SHIS2014年版（APIより取得）", "実線 ： 最短距離", "点線 ： 等価震源距離"):
+            self.until_text(program, text)
+        program.screenshot("sources_planes")
+        stored = self.saved_project(program)
+        self.expect_spectra(stored, *[(number, plane) for number, fault in enumerate(faults) for plane in range(fault["geomNum"])])
+        # The other relation: all spectra anew. The chosen one does not come off.
+        self.click_cell(program, RELATION_GRID, 1, 1)
+        self.until_checks(program, RELATION_GRID, 1, [False, True])
+        stored = self.saved_project(program)
+        self.assertEqual(stored["attenuationMethod"], RELATIONS[1])
+        self.expect_spectra(stored)
+        self.click_cell(program, RELATION_GRID, 1, 1)
+        self.pick(program, RELATION_GRID, 0, 1)
+        program.keys("space")
+        self.until_checks(program, RELATION_GRID, 1, [True, False])
+        self.act_on_cell(program, RELATION_GRID, 0, 1)
+        self.act_on_cell(program, RELATION_GRID, 1, 1, "Toggle")
+        self.until_checks(program, RELATION_GRID, 1, [False, True])
+        program.press(REFER)
+        program.until(lambda: program.dialogs() == [REFER], "the relation explained")
+        program.screenshot("sources_refer")
+        program.keys("Return")
+        program.until(lambda: self.is_idle(program), "dialog closed")
+        program.press(BACK)
+        program.find(ACQUIRE)
+        self.finish(program)
+
+    def class_column(self, program):
+        return [row[2] for row in self.grid(program, PLANE_GRID)]
+
+    def test_a_ground_class_by_the_pointer_and_by_the_keys(self):
+        self.plant(faults=True)
+        program = self.open_planes()
+        before = program.windows()
+        self.click_cell(program, PLANE_GRID, 1, 2)
+        program.until(lambda: program.windows() - before, "list of the classes")
+        program.screenshot("sources_classes")
+        program.keys("Escape")  # gives it up
+        program.until(lambda: program.windows() == before, "list closed")
+        self.assertEqual(self.class_column(program), ["A"] * 13)
+        self.click_cell(program, PLANE_GRID, 1, 2)
+        program.until(lambda: program.windows() - before, "list of the classes")
+        self.click_list(program, before, 2, 4)
+        program.until(lambda: self.class_column(program)[:3] == ["A", "C", "A"], "class C")
+        # By the keys alone.
+        self.pick(program, PLANE_GRID, 8, 2)
+        program.keys("space")
+        program.until(lambda: program.windows() - before, "list of the classes")
+        program.keys("Down", "Down", "Down", "Return")
+        program.until(lambda: self.class_column(program)[8] == "D", "class D")
+        program.until(lambda: program.windows() == before, "list closed")
+        self.assertFalse(program.has_box())
+        stored = self.saved_project(program)
+        self.assertEqual(stored["faults"][1]["groundClass"], ["C"])
+        self.assertEqual(stored["faults"][6]["groundClass"], ["A", "A", "D", "A", "A", "A"])
+        self.expect_spectra(stored, (0, 0), (1, 0), (6, 1), (6, 2))
+        self.finish(program)
+
+    def click_list(self, program, before, row, rows):
+        """Clicks an entry of the list that has come up over a cell."""
+        seen = []
+
+        def settled():
+            with XServer(self.desktop.env["DISPLAY"]) as server:
+                seen.append(server.frame(int(*(program.windows() - before))))
+            return seen[-2:] == [seen[-1]] * 2
+        program.until(settled, "a list that stays in place")
+        left, top, width, height = seen[-1]
+        program.click_at(left + width // 2, top + height * (2 * row + 1) // (2 * rows))
+
+    def test_flags_of_the_planes_and_their_four_buttons(self):
+        self.plant(faults=True)
+        program = self.open_planes()
+        self.saved(program)
+        self.click_cell(program, PLANE_GRID, 2, 8)
+        self.click_cell(program, PLANE_GRID, 0, 9)
+        self.pick(program, PLANE_GRID, 4, 9)
+        program.keys("space")
+        self.act_on_cell(program, PLANE_GRID, 7, 8, "Toggle")
+        shown, used = [n not in (2, 7) for n in range(13)], [n not in (0, 4) for n in range(13)]
+        self.until_checks(program, PLANE_GRID, 8, shown)
+        self.until_checks(program, PLANE_GRID, 9, used)
+        stored = self.saved_project(program)["faults"]
+        self.assertEqual([flag for fault in stored for flag in fault["attenShow"]], shown)
+        self.assertEqual([flag for fault in stored for flag in fault["attenUse"]], used)
+        for name, column, value in ((SHOW_NONE, 8, False), (SHOW_ALL, 8, True), (USE_NONE, 9, False), (USE_ALL, 9, True)):
+            program.press(name)
+            self.until_checks(program, PLANE_GRID, column, [value] * 13)
+            flag = "attenShow" if column == 8 else "attenUse"
+            self.assertEqual({one for fault in self.saved_project(program)["faults"] for one in fault[flag]}, {value})
+            if name == SHOW_NONE:
+                program.screenshot("sources_no_curves")
+        # A colour of one plane; a chooser that is given up changes nothing.
+        before = self.saved(program)
+        self.click_cell(program, PLANE_GRID, 3, 7)
+        program.until(lambda: not self.is_idle(program), "colours to choose from")
+        program.screenshot("sources_color")
+        program.keys("Escape")
+        program.until(lambda: self.is_idle(program), "chooser closed")
+        self.assertEqual(self.saved(program), before)
+        self.finish(program)
+
+    def test_every_change_of_a_plane_that_is_the_base_asks_both_ways(self):
+        self.plant(lambda project: self.choose_base(project, 2, 0), faults=True, waves=1)
+        planted = self.project.read_bytes()
+        name = project_file.load(self.project)["baseSpectrumName"]
+        question = base_question(name)
+
+        def choose_class(program):
+            before = program.windows()
+            self.pick(program, PLANE_GRID, 2, 2)
+            program.keys("space")
+            program.until(lambda: program.windows() - before, "list of the classes")
+            program.keys("Down", "Return")
+
+        changes = (
+            ("class", choose_class, lambda project: project["faults"][2]["groundClass"] == ["B"]),
+            ("relation", lambda program: self.click_cell(program, RELATION_GRID, 1, 1),
+             lambda project: project["attenuationMethod"] == RELATIONS[1]),
+            ("use", lambda program: self.click_cell(program, PLANE_GRID, 2, 9), lambda project: project["faults"][2]["attenUse"] == [False]),
+            ("all", lambda program: program.press(USE_NONE),
+             lambda project: not any(flag for fault in project["faults"] for flag in fault["attenUse"])))
+        for what, act, applied in changes:
+            with self.subTest(what):
+                self.project.write_bytes(planted)
+                program = self.open_planes()
+                self.saved(program)  # the spectra of the entry
+                rows = self.grid(program, PLANE_GRID)
+                self.expect_declined(program, lambda: act(program), question)
+                self.until_grid(program, PLANE_GRID, rows)
+                self.until_checks(program, RELATION_GRID, 1, [True, False])
+                act(program)
+                program.answer(question, YES)
+                program.until(lambda: self.is_idle(program), "question closed")
+                stored = self.saved_project(program)
+                self.assertTrue(applied(stored))
+                self.expect_no_base(stored)
+                act(program)  # asks no more
+                self.assertFalse(program.has_box())
+                self.finish(program)
+
+    def test_other_planes_than_the_base_ask_nothing(self):
+        self.plant(lambda project: self.choose_base(project, 2, 0), faults=True, waves=1)
+        name = project_file.load(self.project)["baseSpectrumName"]
+        program = self.open_planes()
+        self.click_cell(program, PLANE_GRID, 3, 9)
+        self.click_cell(program, PLANE_GRID, 2, 8)
+        program.press(SHOW_NONE)
+        program.press(USE_ALL)
+        self.until_checks(program, PLANE_GRID, 9, [True] * 13)
+        self.until_checks(program, PLANE_GRID, 8, [False] * 13)
+        self.assertTrue(self.is_idle(program))
+        stored = self.saved_project(program)
+        self.assertEqual((stored["baseSpectrumName"], stored["seedAdopted"]), (name, True))
+        self.finish(program)
+
+    def test_without_faults_the_second_screen_is_empty_and_opens(self):
+        self.plant()
+        before = self.project.read_bytes()
+        program = self.open_planes()
+        self.assertEqual(self.grid(program, PLANE_GRID), [])
+        for name in (SHOW_ALL, SHOW_NONE, USE_ALL, USE_NONE):
+            self.assertFalse(states(program.find(name)).contains(STATE.ENABLED))
+        program.screenshot("sources_no_planes")
+        self.assertEqual(self.saved(program), before)
+        self.close_unchanged(program)
+
+    # --- the lower limit
+
+    def limits(self, program):
+        return self.checks(program, LIMIT, 2)
+
+    def test_the_lower_limit_is_selected_by_click_key_and_bus(self):
+        self.plant()
+        program = self.open_grid(LIMIT, LIMIT)
+        names = [row[1] for row in self.grid(program, LIMIT)]
+        self.assertEqual(names, [limit["name"] for limit in project_file.load(self.project)["lowerSpectra"]])
+        self.assertEqual(self.limits(program), [True, False, False])
+        self.assertTrue(names[0].endswith("（水平版）"))
+        program.screenshot("sources_limit")
+        self.click_cell(program, LIMIT, 2, 2)
+        self.until_checks(program, LIMIT, 2, [False, False, True])
+        self.pick(program, LIMIT, 1, 2)
+        program.keys("space")
+        self.until_checks(program, LIMIT, 2, [False, True, False])
+        self.act_on_cell(program, LIMIT, 0, 2, "Toggle")
+        self.until_checks(program, LIMIT, 2, [True, False, False])
+        self.click_cell(program, LIMIT, 1, 2)
+        self.until_checks(program, LIMIT, 2, [False, True, False])
+        stored = self.saved_project(program)
+        self.assertEqual([limit["lowerSelected"] for limit in stored["lowerSpectra"]], [False, True, False])
+        self.click_cell(program, LIMIT, 1, 2)  # the selected one: exactly one stays
+        self.until_checks(program, LIMIT, 2, [False, True, False])
+        self.finish(program)
+
+    def test_another_lower_limit_asks_where_the_base_is_one(self):
+        def limit_is_base(project):
+            project["lowerSpectra"][0]["baseSelected"] = True
+            project["baseSpectrumName"] = project["lowerSpectra"][0]["name"]
+            self.adopt(project)
+        self.plant(limit_is_base, waves=1)
+        question = base_question(project_file.load(self.project)["baseSpectrumName"])
+        program = self.open_grid(LIMIT, LIMIT)
+        self.expect_declined(program, lambda: self.click_cell(program, LIMIT, 1, 2), question)
+        self.until_checks(program, LIMIT, 2, [True, False, False])
+        before = self.saved(program)
+        self.click_cell(program, LIMIT, 0, 2)  # the base itself
+        self.until_checks(program, LIMIT, 2, [True, False, False])
+        self.assertTrue(self.is_idle(program))
+        self.assertEqual(self.saved(program), before)
+        self.click_cell(program, LIMIT, 1, 2)
+        program.answer(question, YES)
+        self.until_checks(program, LIMIT, 2, [False, True, False])
+        stored = self.saved_project(program)
+        self.expect_no_base(stored)
+        self.assertEqual([limit["lowerSelected"] for limit in stored["lowerSpectra"]], [False, True, False])
+        self.finish(program)
+
+    def test_another_lower_limit_asks_nothing_while_a_plane_is_the_base(self):
+        self.plant(self.choose_base, faults=True, waves=1)
+        name = project_file.load(self.project)["baseSpectrumName"]
+        program = self.open_grid(LIMIT, LIMIT)
+        self.click_cell(program, LIMIT, 2, 2)
+        self.until_checks(program, LIMIT, 2, [False, False, True])
+        self.assertTrue(self.is_idle(program))
+        stored = self.saved_project(program)
+        self.assertEqual((stored["baseSpectrumName"], stored["seedAdopted"]), (name, True))
+        self.assertTrue(stored["faults"][2]["shortBaseSelected"][0])
+        self.finish(program)
+
+    # --- the waves near the site
+
+    def wave_rows(self, program):
+        return [row[1] for row in self.grid(program, WAVE_GRID)]
+
+    def export_wave(self, wave):
+        path = self.desktop.folder / "wave.csv"
+        path.write_text("\n".join([f"{wave['name']},{wave['timeStep']!r},1", *map(repr, wave["acc"])]) + "\n", encoding="cp932")
+        return path
+
+    def test_without_waves_the_step_is_refused(self):
+        self.plant()
+        before = self.project.read_bytes()
+        program = self.start(NEIGHBOURS)
+        program.box(NO_WAVES)
+        program.screenshot("sources_no_waves")
+        program.press(OK)
+        program.until(lambda: self.is_idle(program), "box closed")
+        program.find("地図")  # the screen before
+        self.assertEqual([node.get_name() for node in program.nodes() if node.get_description() == "現在の手順"], [FIELD])
+        program.act(program.action_of(NEIGHBOURS))
+        program.answer(NO_WAVES)
+        self.assertEqual(self.saved(program), before)
+        self.close_unchanged(program)
+
+    def test_missing_spectra_are_those_of_the_command_line(self):
+        self.plant(waves=3)
+        program = self.open_grid(NEIGHBOURS, WAVE_GRID)
+        self.assertEqual(self.wave_rows(program), ["wave 1", "wave 2", "wave 3"])
+        self.assertEqual((self.checks(program, WAVE_GRID, 3), self.checks(program, WAVE_GRID, 4)), ([True] * 3, [False] * 3))
+        program.screenshot("sources_waves")
+        stored = self.saved_project(program)["seedWaves"]
+        for wave in stored:
+            told = json.loads(self.command("response", self.export_wave(wave), "--json"))
+            self.assertTrue(wave["spectrumValid"])
+            self.assertEqual((wave["periods"], wave["accSpec"]), (told["periods"], told["accSpec"]))
+        # With all of them there the file stays as it is.
+        before = self.saved(program)
+        program.press(LIMIT)
+        program.find(LIMIT, ROLE.TABLE)
+        program.press(NEIGHBOURS)
+        program.find(WAVE_GRID, ROLE.TABLE)
+        self.assertEqual(self.saved(program), before)
+        self.finish(program)
+
+    def test_long_waves_are_reckoned_behind_their_dialog(self):
+        self.plant(lambda project: [self.make_wave(project, f"long {n}", 0.3 + n, 0.01, 30000) for n in range(8)])
+        program = self.start()
+        commands = [program.action_of(name) for name in (NEW, FIELD, BASE, PARAMETERS, LIMIT)]
+        program.act(program.action_of(NEIGHBOURS))
+        program.until(lambda: program.has_window(RUNNING), "run")
+        program.act(*commands)
+        self.until_text(program, "加速度応答スペクトルの計算中です。")
+        program.screenshot("sources_spectra_run")
+        with XServer(self.desktop.env["DISPLAY"]) as server:
+            server.ask_to_close(int(program.window_of("sources.trml - Tremlo.*")))
+        program.find(WAVE_GRID, ROLE.TABLE)
+        program.until(lambda: self.is_idle(program), "end of the run")
+        self.assertEqual(len(self.wave_rows(program)), 8)
+        self.activate(program)
+        self.assertTrue(all(wave["spectrumValid"] for wave in self.saved_project(program)["seedWaves"]))
+        self.finish(program)
+
+    def test_flags_of_the_waves_and_their_four_buttons(self):
+        self.plant(waves=3)
+        program = self.open_grid(NEIGHBOURS, WAVE_GRID)
+        self.click_cell(program, WAVE_GRID, 0, 4)
+        self.click_cell(program, WAVE_GRID, 1, 3)
+        self.pick(program, WAVE_GRID, 2, 4)
+        program.keys("space")
+        self.act_on_cell(program, WAVE_GRID, 2, 3, "Toggle")
+        self.until_checks(program, WAVE_GRID, 3, [True, False, False])
+        self.until_checks(program, WAVE_GRID, 4, [True, False, True])
+        stored = self.saved_project(program)["seedWaves"]
+        self.assertEqual([(wave["siteShow"], wave["siteUse"]) for wave in stored], [(True, True), (False, False), (False, True)])
+        for name, column, flag, value in ((SHOW_NONE, 3, "siteShow", False), (SHOW_ALL, 3, "siteShow", True),
+                                          (USE_ALL, 4, "siteUse", True), (USE_NONE, 4, "siteUse", False)):
+            program.press(name)
+            self.until_checks(program, WAVE_GRID, column, [value] * 3)
+            self.assertEqual([wave[flag] for wave in self.saved_project(program)["seedWaves"]], [value] * 3)
+        self.assertTrue(self.is_idle(program))
+        self.finish(program)
+
+    def wave_is_base(self, project):
+        for wave in project["seedWaves"][:2]:
+            wave["siteUse"] = True
+        project["seedWaves"][1]["baseSelected"] = True
+        project["baseSpectrumName"] = "wave 2"
+        self.adopt(project)
+
+    def test_a_wave_that_is_the_base_goes_out_of_use_with_a_question(self):
+        self.plant(self.wave_is_base, waves=3)
+        planted = self.project.read_bytes()
+        question = base_question("wave 2")
+        for act, used in ((lambda program: self.click_cell(program, WAVE_GRID, 1, 4), [True, False, False]),
+                          (lambda program: program.press(USE_NONE), [False] * 3)):
+            with self.subTest(used):
+                self.project.write_bytes(planted)
+                program = self.open_grid(NEIGHBOURS, WAVE_GRID)
+                program.press(USE_ALL)  # asks nothing
+                self.until_checks(program, WAVE_GRID, 4, [True] * 3)
+                self.click_cell(program, WAVE_GRID, 2, 4)  # nor does another wave
+                self.until_checks(program, WAVE_GRID, 4, [True, True, False])
+                self.expect_declined(program, lambda: act(program), question)
+                self.until_checks(program, WAVE_GRID, 4, [True, True, False])
+                act(program)
+                program.answer(question, YES)
+                self.until_checks(program, WAVE_GRID, 4, used)
+                stored = self.saved_project(program)
+                self.assertEqual([wave["siteUse"] for wave in stored["seedWaves"]], used)
+                self.expect_no_base(stored)
+                self.finish(program)
+
+    def test_a_wave_that_is_the_base_is_deleted_behind_two_questions(self):
+        self.plant(self.wave_is_base, waves=3)
+        program = self.start(WAVES)
+        program.find("波形データ読込")
+        combo = self.combo(program, "波形名")
+        program.until(lambda: self.combo(program, "波形名").get_name() == "wave 1", "first wave")
+        program.click_at(*program.point(combo))
+        program.keys("Down", "Return")
+        program.until(lambda: self.combo(program, "波形名").get_name() == "wave 2", "second wave")
+        delete = "「wave 2」を削除しますがよろしいですか？"
+        self.expect_declined(program, lambda: program.press("削除"), base_question("wave 2"))
+        program.press("削除")
+        program.answer(base_question("wave 2"), YES)
+        program.answer(delete, NO)
+        program.until(lambda: self.is_idle(program), "question closed")
+        stored = self.saved_project(program)  # the base is gone all the same
+        self.expect_no_base(stored)
+        self.assertEqual([wave["name"] for wave in stored["seedWaves"]], ["wave 1", "wave 2", "wave 3"])
+        self.expect_declined(program, lambda: program.press("削除"), delete)
+        program.press("削除")
+        program.answer(delete, YES)
+        program.until(lambda: self.is_idle(program), "question closed")
+        self.assertEqual([wave["name"] for wave in self.saved_project(program)["seedWaves"]], ["wave 1", "wave 3"])
+        self.finish(program)
+
+    # --- the base spectrum
+
+    def candidates(self, program):
+        return [row[1:4] for row in self.grid(program, CANDIDATES)]
+
+    def figures(self, label, periods, values):
+        return [label, f"{area(periods, values):.2f}", f"{max(values):.2f}"]
+
+    def expected_candidates(self, project):
+        rows = []
+        if project["flowNeighbourWave"]:
+            rows += [self.figures(wave["name"], wave["periods"], wave["accSpec"]) for wave in project["seedWaves"] if wave["siteUse"]]
+        labels = iter(base_labels(project["faults"]))
+        for fault in project["faults"] if project["flowFaultSource"] else []:
+            for plane in range(fault["geomNum"]):
+                pair = [self.figures(next(labels), fault[kind + "Periods"][plane], fault[kind + "Spectrum"][plane])
+                        for kind in ("shortest", "equivalent")]
+                rows += pair if fault["attenUse"][plane] else []
+        return rows + [self.figures(limit["name"], limit["periods"], limit["accSpec"]) for limit in project["lowerSpectra"]
+                       if limit["lowerSelected"]]
+
+    def test_all_candidates_stand_in_one_list(self):
+        def some_in_use(project):
+            project["seedWaves"][1]["siteUse"] = True
+            project["faults"][4]["attenUse"] = [False]
+        self.plant(some_in_use, faults=True, waves=2)
+        program = self.open_grid(BASE, CANDIDATES)
+        stored = self.saved_project(program)
+        expected = self.expected_candidates(stored)
+        self.assertEqual(len(expected), 1 + 2 * 12 + 1)
+        self.assertEqual(self.candidates(program), expected)
+        self.assertTrue(all(wave["spectrumValid"] for wave in stored["seedWaves"]))
+        self.expect_spectra(stored)
+        areas = [f"{one:.2f}" for fault in stored["faults"][:2] for one in (fault["shortArea"][0], fault["equivArea"][0])]
+        self.assertEqual(areas, [row[1] for row in expected[1:5]])
+        self.assertEqual(self.checks(program, CANDIDATES, 6), [False] * 26)
+        self.until_text(program, "一覧から、現場への影響が一番大きいスペクトルを基準スペクトルとして選択してください。")
+        self.assertFalse(program.look("自動選択"))
+        program.screenshot("sources_candidates")
+        self.finish(program)
+
+    def test_without_sources_there_is_the_lower_limit_alone(self):
+        def no_source(project):
+            project["flowFaultSource"] = project["flowNeighbourWave"] = False
+            project["seedWaves"][0]["siteUse"] = True
+        self.plant(no_source, faults=True, waves=1)
+        planted = project_file.load(self.project)
+        program = self.open_grid(BASE, CANDIDATES)
+        self.assertEqual(self.candidates(program), [self.figures(limit["name"], limit["periods"], limit["accSpec"])
+                                                    for limit in planted["lowerSpectra"][:1]])
+        program.screenshot("sources_limit_alone")
+        self.click_cell(program, CANDIDATES, 0, 6)
+        self.until_checks(program, CANDIDATES, 6, [True])
+        stored = self.saved_project(program)
+        self.assertEqual(stored["baseSpectrumName"], planted["lowerSpectra"][0]["name"])
+        self.assertTrue(stored["lowerSpectra"][0]["baseSelected"])
+        self.finish(program)
+
+    def marks(self, project):
+        """Which candidates bear a mark."""
+        labels = iter(base_labels(project["faults"]))
+        marked = [label for fault in project["faults"] for pair in zip(fault["shortBaseSelected"], fault["equivBaseSelected"])
+                  for flag, label in ((pair[0], next(labels)), (pair[1], next(labels))) if flag]
+        return [record["name"] for record in project["seedWaves"] + project["lowerSpectra"] if record["baseSelected"]] + marked
+
+    def test_the_base_is_chosen_by_click_key_and_bus(self):
+        self.plant(lambda project: project["seedWaves"][0].update(siteUse=True), faults=True, waves=1)
+        program = self.open_grid(BASE, CANDIDATES)
+        labels = [row[0] for row in self.candidates(program)]
+        self.assertEqual(labels[1:3], ["(最短距離)森本・富樫断層帯", "(等価震源距離)森本・富樫断層帯"])
+        for row, act in ((2, lambda: self.click_cell(program, CANDIDATES, 2, 6)),
+                         (1, lambda: (self.pick(program, CANDIDATES, 1, 6), program.keys("space"))),
+                         (0, lambda: self.act_on_cell(program, CANDIDATES, 0, 6, "Toggle")),
+                         (3, lambda: self.click_cell(program, CANDIDATES, 3, 6))):
+            act()
+            self.until_checks(program, CANDIDATES, 6, [number == row for number in range(len(labels))])
+            stored = self.saved_project(program)
+            self.assertEqual((stored["baseSpectrumName"], self.marks(stored)), (labels[row], [labels[row]]))
+        # The last row: the lower limit.
+        program.keys("ctrl+End")
+        self.act_on_cell(program, CANDIDATES, len(labels) - 1, 6)
+        program.until(lambda: self.is_checked(program, CANDIDATES, len(labels) - 1, 6), "lower limit chosen")
+        stored = self.saved_project(program)
+        self.assertEqual(self.marks(stored), [labels[-1]])
+        self.finish(program)
+
+    def test_another_base_asks_while_a_wave_is_adopted(self):
+        self.plant(self.choose_base, faults=True, waves=1)
+        name = project_file.load(self.project)["baseSpectrumName"]
+        program = self.open_grid(BASE, CANDIDATES)
+        labels = [row[0] for row in self.candidates(program)]
+        base = labels.index(name)
+        chosen = [number == base for number in range(len(labels))]
+        self.assertEqual(self.checks(program, CANDIDATES, 6), chosen)
+        self.expect_declined(program, lambda: self.click_cell(program, CANDIDATES, 1, 6), base_question(name))
+        self.until_checks(program, CANDIDATES, 6, chosen)
+        before = self.saved(program)
+        self.click_cell(program, CANDIDATES, base, 6)  # the base itself
+        self.assertTrue(self.is_idle(program))
+        self.until_checks(program, CANDIDATES, 6, chosen)
+        self.assertEqual(self.saved(program), before)
+        self.click_cell(program, CANDIDATES, 1, 6)
+        program.answer(base_question(name), YES)
+        self.until_checks(program, CANDIDATES, 6, [number == 1 for number in range(len(labels))])
+        stored = self.saved_project(program)
+        self.assertEqual((stored["baseSpectrumName"], self.marks(stored)), (labels[1], [labels[1]]))
+        self.assertEqual((stored["seedAdopted"], stored["seedAdoptedName"], stored["seedWaves"][0]["adjustedAcc"]), (False, "", []))
+        self.click_cell(program, CANDIDATES, 3, 6)  # asks no more
+        self.until_checks(program, CANDIDATES, 6, [number == 3 for number in range(len(labels))])
+        self.finish(program)
+
+    def test_faults_of_one_name_give_the_first_the_mark(self):
+        def same_name(project):
+            project["faults"][1]["ltename"] = project["faults"][0]["ltename"]
+        self.plant(same_name, faults=True)
+        program = self.open_grid(BASE, CANDIDATES)
+        labels = [row[0] for row in self.candidates(program)]
+        self.assertEqual(labels[0], labels[2])
+        self.click_cell(program, CANDIDATES, 2, 6)
+        program.until(lambda: any(self.checks(program, CANDIDATES, 6)), "a base")
+        stored = self.saved_project(program)
+        self.assertEqual((stored["faults"][0]["shortBaseSelected"], stored["faults"][1]["shortBaseSelected"]), ([True], [False]))
+        self.finish(program)
+
+    def test_what_is_shown_of_the_candidates(self):
+        self.plant(faults=True)
+        program = self.open_grid(BASE, CANDIDATES)
+        rows = len(self.candidates(program))
+        self.assertEqual(self.checks(program, CANDIDATES, 5)[:26], [True] * 26)
+        self.click_cell(program, CANDIDATES, 0, 5)
+        self.pick(program, CANDIDATES, 1, 5)
+        program.keys("space")
+        program.until(lambda: self.checks(program, CANDIDATES, 5)[:3] == [False, False, True], "two hidden")
+        stored = self.saved_project(program)["faults"]
+        self.assertEqual((stored[0]["shortBaseShow"], stored[0]["equivBaseShow"], stored[1]["shortBaseShow"]), ([False], [False], [True]))
+        program.press(SHOW_NONE)
+        self.until_checks(program, CANDIDATES, 5, [False] * rows)
+        program.press(SHOW_ALL)
+        self.until_checks(program, CANDIDATES, 5, [True] * rows)
+        before = self.saved(program)
+        self.click_cell(program, CANDIDATES, 2, 4)
+        program.until(lambda: not self.is_idle(program), "colours to choose from")
+        program.keys("Escape")
+        program.until(lambda: self.is_idle(program), "chooser closed")
+        self.assertEqual(self.saved(program), before)
+        self.finish(program)
+
+    def between(self, periods, values, at):
+        for i in range(len(periods) - 1):
+            low, high = sorted((periods[i], periods[i + 1]))
+            if low <= at <= high:
+                return values[i] + (values[i + 1] - values[i]) * (at - periods[i]) / (periods[i + 1] - periods[i])
+        return None
+
+    def test_the_line_of_the_active_row_reads_the_dams_period(self):
+        self.plant(faults=True)
+        program = self.open_grid(BASE, CANDIDATES)
+        stored = self.saved_project(program)
+        before = self.project.read_bytes()
+        line = self.until_text(program, "ダムの固有周期での応答：")
+        self.assertTrue(line.startswith("(最短距離)森本・富樫断層帯　ダムの固有周期での応答：-\n下限スペクトルを下回る周期："), line)
+        program.focus(DAM_PERIOD)
+        program.type("0.25")
+        program.keys("Return")
+        for row, kind in ((0, "shortest"), (1, "equivalent")):
+            self.pick(program, CANDIDATES, row, 1)
+            value = self.between(stored["faults"][0][kind + "Periods"][0], stored["faults"][0][kind + "Spectrum"][0], 0.25)
+            self.until_text(program, f"ダムの固有周期での応答：{value:.2f} gal\n")
+        program.screenshot("sources_dam_period")
+        program.keys("Down")
+        self.until_text(program, "(最短距離)邑知潟断層帯　ダムの固有周期での応答：")
+        self.click_cell(program, CANDIDATES, 0, 1)
+        self.until_text(program, "(最短距離)森本・富樫断層帯　ダムの固有周期での応答：")
+        program.focus(DAM_PERIOD)
+        for typed, text in (("6", "数値が範囲外です。\n\n（0.020 ～ 5.000 までの範囲で入力してください。）"),
+                            ("0.0001", "数値が範囲外です。\n\n（0.020 ～ 5.000 までの範囲で入力してください。）"),
+                            ("0.1234", "少数桁がオーバーしています。\n\n（少数 3桁 以内で入力してください。）")):
+            program.keys("ctrl+a")
+            program.type(typed)
+            program.keys("Return")
+            program.answer(text)
+            program.until(lambda: program.text(DAM_PERIOD) == "0.250" and (program.focused() or ("", ""))[1] == DAM_PERIOD, "the old period")
+        program.keys("ctrl+a", "BackSpace", "Return")
+        self.until_text(program, "ダムの固有周期での応答：-\n")
+        self.assertEqual(self.saved(program), before)  # it is stored nowhere
+        self.close_unchanged(program)
 
 
 if __name__ == "__main__":

@@ -139,7 +139,8 @@ QWidget* CDlgFaultExploration::MakeWeight(Prompt& prompt) {
 }
 
 QWidget* CDlgFaultExploration::MakeButtons() {
-  auto* const buttons = new QDialogButtonBox;
+  // In the dialog from the start: what is the default there is set for the dialog, too, which comes back to it.
+  auto* const buttons = new QDialogButtonBox(this);
   QPushButton* const reset = buttons->addButton(QStringLiteral("初期値に戻す"), QDialogButtonBox::ResetRole);
   Named(reset, "resetButton", reset->text());
   reset->setAutoDefault(false);

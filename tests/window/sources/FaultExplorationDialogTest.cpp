@@ -249,6 +249,18 @@ TEST_F(FaultExplorationDialogTest, TheChosenRadioButtonIsTheStopOfItsGroup) {
   EXPECT_EQ(QApplication::focusWidget()->objectName(), "intensity3");
 }
 
+TEST_F(FaultExplorationDialogTest, ReturnIsOkAgainBehindAWalkOverTheCancelButton) {
+  Open();
+  Button("cancelButton").setFocus();
+  Weight().setFocus();
+  Weight().selectAll();
+  QTest::keyClicks(&Weight(), "1");
+  QTest::keyClick(&Weight(), Qt::Key_Return);
+  Settle();
+  EXPECT_FALSE(IsOpen());
+  EXPECT_EQ(doc.apiParameters.catastropheWeight, 1.0);
+}
+
 TEST_F(FaultExplorationDialogTest, ReadersHearWhatAListIsFor) {
   Open();
   // On some platforms the text that is chosen stands for the name of a list: its label is told by the relation.
