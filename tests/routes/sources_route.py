@@ -14,7 +14,7 @@ import urllib.parse
 sys.dont_write_bytecode = True
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent))
 
-from desktop import NotReached, wait_until  # noqa: E402
+from desktop import Desktop, NotReached, wait_until  # noqa: E402
 from driver import ROLE, STATE, Atspi, states  # noqa: E402
 from xserver import XServer  # noqa: E402
 import project_file  # noqa: E402
@@ -75,6 +75,9 @@ def area(periods, values):
 
 
 class SourcesRoute(route.Route):
+    def make_desktop(self):
+        return Desktop("2560x2048x24") if "scale" in self._testMethodName else Desktop()
+
     def setUp(self):
         super().setUp()
         self.project = self.desktop.folder / "sources.trml"
@@ -1150,7 +1153,8 @@ class SourcesRoute(route.Route):
 
     def export_wave(self, wave):
         path = self.desktop.folder / "wave.csv"
-        path.write_text("\n".join([f"{wave['name']},{wave['timeStep']!r},1", *map(repr, wave["acc"])]) + "\n", encoding="cp932")
+        path.write_text("\n".join([f"{wave['name']},{wave['timeStep']!r},1", *(f"{i * wave['timeStep']},{acc!r}" for i, acc in enumerate(wave["acc"]))]) + "\n",
+                        encoding="cp932")
         return path
 
     def test_without_waves_the_step_is_refused(self):
@@ -1467,6 +1471,89 @@ class SourcesRoute(route.Route):
         self.until_text(program, "ダムの固有周期での応答：-\n")
         self.assertEqual(self.saved(program), before)  # it is stored nowhere
         self.close_unchanged(program)
+
+    # --- how it looks
+
+    def expect_dialog(self, program, title, picture):
+        """It keeps its size, and stands on the screen with its frame."""
+        geometry = program.settled_geometry(title)
+        left, top, width, height = program.frame(title)
+        room = [int(word) for word in self.desktop.screen.split("x")[:2]]
+        self.assertTrue(left >= 0 and top >= 0 and left + width <= room[0] and top + height <= room[1], (title, geometry))
+        program.screenshot(picture)
+
+    def look_at_all(self, look, scale=1):
+        """Every screen with many rows, few and none, and every dialog."""
+        self.desktop.env["QT_SCALE_FACTOR"] = str(scale)
+
+        def used(project):
+            for wave in project["seedWaves"]:
+                wave["siteUse"] = True
+            # More planes than any screen has room for.
+            project["faults"] += [{**fault, "rank": str(9 + n), "ltename": f"{fault['ltename']}の長い名前の続き その{n}"}
+                                  for n, fault in enumerate(project["faults"] * 5)]
+        self.plant(used, faults=True, waves=40)
+        for rows, keep in (("many", None), ("few", 2), ("none", 0)):
+            if keep is not None:
+                project = project_file.load(self.project)
+                project["faults"], project["seedWaves"] = project["faults"][:keep], project["seedWaves"][:keep]
+                project_file.save(self.project, project)
+            program = self.open_fault_screen()
+            program.screenshot(f"{look}_{rows}_1_faults")
+            self.assertEqual(program.nameless(), [])
+            if rows == "few":
+                program.press(METHOD)
+                program.box(parameters_question())
+                program.screenshot(f"{look}_question")
+                program.press(NO)
+                program.act(program.action_of("影響の大きい断層の説明"))
+                program.until(program.has_box, "information")
+                program.screenshot(f"{look}_information")
+                program.keys("Return")
+                program.until(lambda: self.is_idle(program), "information closed")
+                self.desktop.wish("ranking=stall")
+                self.hold(program)
+                self.expect_dialog(program, RUNNING, f"{look}_acquisition")
+                program.until(lambda: self.is_idle(program), "end of the acquisition")
+                self.desktop.wish()
+                self.activate(program)
+                program.press(METHOD)
+                self.until_dialog(program)
+                self.expect_dialog(program, PARAMETERS, f"{look}_parameters")
+                program.keys("Escape")
+                self.until_dialog(program, up=False)
+            program.press(SECOND)
+            program.find(PLANE_GRID, ROLE.TABLE)
+            program.screenshot(f"{look}_{rows}_2_planes")
+            self.assertEqual(program.nameless(), [])
+            if rows == "few":
+                program.press(REFER)
+                program.until(lambda: program.dialogs() == [REFER], "the relation explained")
+                self.expect_dialog(program, REFER, f"{look}_refer")
+                program.keys("Escape")
+                program.until(lambda: self.is_idle(program), "dialog closed")
+            for step, grid in ((LIMIT, LIMIT), *([(NEIGHBOURS, WAVE_GRID)] if rows != "none" else []), (BASE, CANDIDATES)):
+                program.press(step)
+                program.find(grid, ROLE.TABLE)
+                program.until(lambda: self.is_idle(program), "screen")
+                self.activate(program)
+                program.screenshot(f"{look}_{rows}_3_{'limit' if step == LIMIT else 'base' if step == BASE else 'waves'}")
+                self.assertEqual(program.nameless(), [])
+            self.saved(program)
+            self.close_unchanged(program)
+
+    def test_all_of_it_looks_as_it_should(self):
+        self.look_at_all("plain")
+
+    def test_all_of_it_looks_as_it_should_at_scale_1_5(self):
+        self.look_at_all("scale_1_5", 1.5)
+
+    def test_all_of_it_looks_as_it_should_at_scale_2(self):
+        self.look_at_all("scale_2", 2)
+
+    def test_all_of_it_looks_as_it_should_in_the_dark(self):
+        self.desktop.env["TREMLO_TEST_DARK"] = "1"
+        self.look_at_all("dark")
 
 
 if __name__ == "__main__":
