@@ -15,7 +15,7 @@ sys.dont_write_bytecode = True
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent))
 
 from desktop import Desktop, NotReached, wait_until  # noqa: E402
-from driver import ROLE, STATE, Atspi, states  # noqa: E402
+from driver import ROLE, STATE, Atspi, Program, states  # noqa: E402
 from xserver import XServer  # noqa: E402
 import project_file  # noqa: E402
 import route  # noqa: E402
@@ -465,10 +465,10 @@ class SourcesRoute(route.Route):
 
     # --- at a bad time
 
-    def hold(self, program):
+    def hold(self, program, press=Program.press):
         """An acquisition whose answer does not come for as long as the service waits."""
         asked = len(self.desktop.asked("/map/api/"))
-        program.press(ACQUIRE)
+        press(program, ACQUIRE)
         program.until(lambda: len(self.desktop.asked("/map/api/")) > asked and program.has_window(RUNNING), "acquisition under way")
 
     def test_nothing_gets_in_front_of_an_acquisition(self):
@@ -1285,6 +1285,127 @@ class SourcesRoute(route.Route):
         self.assertEqual([wave["name"] for wave in self.saved_project(program)["seedWaves"]], ["wave 1", "wave 3"])
         self.finish(program)
 
+    # --- the other questions that guard the base and the adjustment to it
+
+    STEP = "時間間隔"
+    ADJUSTED = "振幅調整がされていますがよろしいですか？"
+    ADJUSTED_DATA = ADJUSTED + "\n\n時間間隔を変更した場合、原種波形の選択、振幅調整が再度必要となります。"
+    SETTINGS_ASKED = "振幅調整をしていますがよろしいですか？\n\n振幅調整の設定を変更した場合、振幅調整が再度必要になります。"
+
+    def open_wave(self, name):
+        program = self.start(WAVES)
+        program.find("波形データ読込")
+        program.until(lambda: self.combo(program, "波形名").get_name() == "wave 1", "first wave")
+        if name != "wave 1":
+            program.click_at(*program.point(self.combo(program, "波形名")))
+            program.keys("Down", "Return")
+            program.until(lambda: self.combo(program, "波形名").get_name() == name, name)
+        return program
+
+    def enter_step(self, program):
+        program.until(program.has_active_window, "an active window")
+        program.focus(self.STEP)
+        program.keys("ctrl+a")
+        program.type("0.02")
+        program.keys("Return")
+
+    def test_another_time_step_of_the_base_asks_two_questions(self):
+        self.plant(self.wave_is_base, waves=2)
+        program = self.open_wave("wave 2")
+        question = base_question("wave 2")
+        shown = program.text(self.STEP)
+        self.expect_declined(program, lambda: self.enter_step(program), question)
+        self.expect_declined(program, lambda: self.enter_step(program), question, self.ADJUSTED)
+        self.assertEqual(program.text(self.STEP), shown)
+        self.enter_step(program)
+        program.answer(question, YES)
+        program.answer(self.ADJUSTED, YES)
+        stored = self.saved_project(program)
+        self.expect_no_base(stored)
+        self.assertEqual(stored["seedWaves"][1]["timeStep"], 0.02)
+        self.finish(program)
+
+    def test_another_time_step_of_an_adjusted_wave_asks_the_long_question(self):
+        self.plant(self.wave_is_base, waves=2)
+        program = self.open_wave("wave 1")
+        self.expect_declined(program, lambda: self.enter_step(program), self.ADJUSTED_DATA)
+        self.enter_step(program)
+        program.answer(self.ADJUSTED_DATA, YES)
+        program.until(lambda: self.is_idle(program), "question closed")
+        stored = self.saved_project(program)
+        self.assertEqual((stored["seedWaves"][0]["timeStep"], stored["baseSpectrumName"], stored["seedAdopted"]), (0.02, "wave 2", False))
+        self.assertEqual([wave["adjusted"] for wave in stored["seedWaves"]], [False, False])
+        self.finish(program)
+
+    def test_the_settings_of_the_adjustment_ask_while_a_wave_is_adjusted(self):
+        self.plant(self.wave_is_base, waves=2)
+        program = self.open_grid(NEIGHBOURS, WAVE_GRID)
+        settings = program.action_of("波形調整設定")
+        self.expect_declined(program, lambda: program.act(settings), self.SETTINGS_ASKED)
+        program.act(settings)
+        program.answer(self.SETTINGS_ASKED, YES)
+        program.until(lambda: program.dialogs() == ["振幅調整の設定"], "settings")
+        program.keys("Escape")
+        program.until(lambda: self.is_idle(program), "settings closed")
+        stored = self.saved_project(program)
+        self.assertEqual((stored["baseSpectrumName"], stored["seedAdopted"], stored["seedWaves"][0]["adopted"]), ("wave 2", True, True))
+        self.assertEqual([(wave["adjusted"], wave["adjustedAcc"]) for wave in stored["seedWaves"]], [(False, []), (False, [])])
+        program.act(settings)  # asks no more
+        program.until(lambda: program.dialogs() == ["振幅調整の設定"], "settings")
+        program.keys("Escape")
+        program.until(lambda: self.is_idle(program), "settings closed")
+        self.finish(program)
+
+    def test_another_procedure_clears_what_it_says(self):
+        def all_of_it(project):
+            self.wave_is_base(project)
+            project["lowerSpectra"][0]["lowerSelected"], project["lowerSpectra"][2]["lowerSelected"] = False, True
+            project["intensityIndex"], project["adjustMaxIterations"] = 0, 7
+        self.plant(all_of_it, faults=True, waves=2)
+        program = self.start("作業手順の確認")
+        program.find("作業手順の変更")
+        question = """作業手順を変更しますか？
+以下のデータがクリアされます。
+・「現場近隣地震波形」
+・「距離減衰式(断層)」
+・「下限スペクトル」
+・「基準スペクトル設定」
+・「原種波形の振幅調整」
+・「可視化」
+・「断層APIパラメータ設定」
+・「振幅調整設定」"""
+        self.expect_declined(program, lambda: program.press("作業手順の変更"), question)
+        program.press("作業手順の変更")
+        program.answer(question, YES)
+        program.find("マウスクリックで確認")
+        stored = self.saved_project(program)
+        self.expect_no_base(stored)
+        self.assertEqual((stored["faults"], stored["flowFixed"], stored["intensityIndex"], stored["adjustMaxIterations"]), ([], False, 2, 100))
+        self.assertEqual([(wave["name"], wave["siteUse"]) for wave in stored["seedWaves"]], [("wave 1", False), ("wave 2", False)])
+        # Of the lower limits the one that a new project has is marked; the other mark stays.
+        self.assertEqual([limit["lowerSelected"] for limit in stored["lowerSpectra"]], [True, False, True])
+        self.finish(program)
+
+    def test_steps_that_lack_something_say_what(self):
+        self.plant()
+        program = self.start()
+        before = self.saved(program)
+        for step, text in ((NEIGHBOURS, NO_WAVES), (ADJUST, "原種波形が設定されていません。「波形登録」で波形を設定してください。"),
+                           ("可視化", "「原種波形の振幅調整」にて採用する原種波形が選択されていません。")):
+            program.press(step)
+            program.answer(text)
+            program.until(lambda: self.is_idle(program), "box closed")
+        self.assertEqual(self.saved(program), before)
+        self.close_unchanged(program)
+        self.plant(waves=1)
+        program = self.start()
+        before = self.saved(program)
+        program.press(ADJUST)
+        program.answer("基準スペクトルが選択されていません。「基準スペクトル設定」で基準スペクトルを選択してください。")
+        program.until(lambda: self.is_idle(program), "box closed")
+        self.assertEqual(self.saved(program), before)
+        self.close_unchanged(program)
+
     # --- the base spectrum
 
     def candidates(self, program):
@@ -1482,8 +1603,12 @@ class SourcesRoute(route.Route):
         self.assertTrue(left >= 0 and top >= 0 and left + width <= room[0] and top + height <= room[1], (title, geometry))
         program.screenshot(picture)
 
+    def push(self, program, name):
+        program.act(program.action_of(name))
+
     def look_at_all(self, look, scale=1):
-        """Every screen with many rows, few and none, and every dialog."""
+        """Every screen with many rows, few and none, and every dialog. All by keys and the actions of the bus: at other
+        scales than 1 it does not tell where a control is seen."""
         self.desktop.env["QT_SCALE_FACTOR"] = str(scale)
 
         def used(project):
@@ -1498,42 +1623,46 @@ class SourcesRoute(route.Route):
                 project = project_file.load(self.project)
                 project["faults"], project["seedWaves"] = project["faults"][:keep], project["seedWaves"][:keep]
                 project_file.save(self.project, project)
-            program = self.open_fault_screen()
+            program = self.start()
+            self.push(program, FAULTS)
+            program.find(ACQUIRE)
             program.screenshot(f"{look}_{rows}_1_faults")
             self.assertEqual(program.nameless(), [])
             if rows == "few":
-                program.press(METHOD)
+                self.push(program, METHOD)
                 program.box(parameters_question())
                 program.screenshot(f"{look}_question")
-                program.press(NO)
-                program.act(program.action_of("影響の大きい断層の説明"))
+                program.keys("Escape")
+                program.until(lambda: self.is_idle(program), "question closed")
+                self.push(program, "影響の大きい断層の説明")
                 program.until(program.has_box, "information")
                 program.screenshot(f"{look}_information")
                 program.keys("Return")
                 program.until(lambda: self.is_idle(program), "information closed")
+            if rows == "none":
                 self.desktop.wish("ranking=stall")
-                self.hold(program)
+                self.hold(program, self.push)
                 self.expect_dialog(program, RUNNING, f"{look}_acquisition")
                 program.until(lambda: self.is_idle(program), "end of the acquisition")
                 self.desktop.wish()
                 self.activate(program)
-                program.press(METHOD)
+                self.push(program, METHOD)
                 self.until_dialog(program)
                 self.expect_dialog(program, PARAMETERS, f"{look}_parameters")
                 program.keys("Escape")
                 self.until_dialog(program, up=False)
-            program.press(SECOND)
+            self.push(program, SECOND)
             program.find(PLANE_GRID, ROLE.TABLE)
             program.screenshot(f"{look}_{rows}_2_planes")
             self.assertEqual(program.nameless(), [])
             if rows == "few":
-                program.press(REFER)
+                self.push(program, REFER)
                 program.until(lambda: program.dialogs() == [REFER], "the relation explained")
                 self.expect_dialog(program, REFER, f"{look}_refer")
                 program.keys("Escape")
                 program.until(lambda: self.is_idle(program), "dialog closed")
             for step, grid in ((LIMIT, LIMIT), *([(NEIGHBOURS, WAVE_GRID)] if rows != "none" else []), (BASE, CANDIDATES)):
-                program.press(step)
+                self.push(program, step)
                 program.find(grid, ROLE.TABLE)
                 program.until(lambda: self.is_idle(program), "screen")
                 self.activate(program)
