@@ -139,8 +139,7 @@ QWidget* CDlgFaultExploration::MakeWeight(Prompt& prompt) {
 }
 
 QWidget* CDlgFaultExploration::MakeButtons() {
-  // In the dialog from the start: what is the default there is set for the dialog, too, which comes back to it.
-  auto* const buttons = new QDialogButtonBox(this);
+  auto* const buttons = new QDialogButtonBox(this);  // in the dialog before OK becomes its default button
   QPushButton* const reset = buttons->addButton(QStringLiteral("初期値に戻す"), QDialogButtonBox::ResetRole);
   Named(reset, "resetButton", reset->text());
   reset->setAutoDefault(false);
