@@ -81,7 +81,8 @@ void CDlgFaultExploration::AddRow(QGridLayout& layout, std::size_t title, QWidge
                                   Qt::Alignment alignment) {
   const int row = layout.rowCount();
   auto* const label = new QLabel(TitleOf(title));
-  // A screen reader may say of a list only what is chosen in it, and takes what it is for from the label beside it.
+  // A screen reader may say of a list only what is chosen in it, and takes what it is for from the label
+  // beside it.
   label->setBuddy(field);
   layout.addWidget(label, row, 0);
   layout.addWidget(field, row, 1, alignment);

@@ -263,12 +263,11 @@ TEST_F(FaultExplorationDialogTest, ReturnIsOkAgainBehindAWalkOverTheCancelButton
 
 TEST_F(FaultExplorationDialogTest, ReadersHearWhatAListIsFor) {
   Open();
-  // On some platforms the text that is chosen stands for the name of a list: its label is told by the relation.
-  for (const auto& [name, text] :
-       {std::pair("searchVersionCombo", u"地図バージョン (被害地検索)"),
-        std::pair("activityVersionCombo", u"地図バージョン (地震活動モデル)")}) {
-    const auto labels =
-        QAccessible::queryAccessibleInterface(&Combo(name))->relations(QAccessible::Label);
+  // On some platforms the text that is chosen stands for the name of a list: its label is told by the
+  // relation.
+  for (const auto& [name, text] : {std::pair("searchVersionCombo", u"地図バージョン (被害地検索)"),
+                                   std::pair("activityVersionCombo", u"地図バージョン (地震活動モデル)")}) {
+    const auto labels = QAccessible::queryAccessibleInterface(&Combo(name))->relations(QAccessible::Label);
     ASSERT_EQ(labels.size(), 1) << name;
     EXPECT_EQ(labels.front().first->text(QAccessible::Name), QString::fromUtf16(text));
   }
