@@ -360,7 +360,8 @@ class SourcesRoute(route.Route):
                 ("ranking=status:503", GRAMMAR.format(SEARCH), failed),
                 ("ranking=status:404", GRAMMAR.format(SEARCH), failed),
                 ("ranking=drop", None, failed), ("ranking=cut", None, failed), ("ranking=nohttp", None, failed),
-                ("ranking=redirect", None, failed)):
+                ("ranking=redirect", None, failed),
+                ("ranking=huge-length", None, failed), ("ranking=interim", None, failed)):
             with self.subTest(wish):
                 self.desktop.wish(wish)
                 self.acquire(program, *([box] if box else []))
