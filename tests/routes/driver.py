@@ -47,7 +47,8 @@ class Program:
 
     last_click = (None, 0.0)  # where and when
 
-    def __init__(self, desktop, program, tables, *arguments, preexec=None):
+    def __init__(self, desktop, program, tables, *arguments, preexec=None, service="http"):
+        """`service`: the one of the local services that is asked."""
         self.desktop = desktop
         self.folder = desktop.folder / "program"
         if not self.folder.exists():
@@ -55,7 +56,7 @@ class Program:
                 shutil.copytree(pathlib.Path(tables) / name, self.folder / name)
         environment = dict(desktop.env)
         environment.update(
-            TREMLO_TEST_SERVICE=f"http://127.0.0.1:{desktop.service['http']}",
+            TREMLO_TEST_SERVICE=f"{service.partition('-')[0]}://127.0.0.1:{desktop.service[service]}",
             TREMLO_TEST_CERTIFICATE=desktop.service["ca"],
             TREMLO_TEST_PROGRAM_FOLDER=str(self.folder))
         self.process = subprocess.Popen([program, *map(str, arguments)], env=environment, cwd=desktop.folder,

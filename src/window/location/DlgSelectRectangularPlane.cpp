@@ -75,7 +75,7 @@ CDlgSelectRectangularPlane::CDlgSelectRectangularPlane(const QString& programFol
   rows->addLayout(choice);
   rows->addWidget(MakeHeading());
   rows->addWidget(m_area);
-  auto* const buttons = new QDialogButtonBox;
+  auto* const buttons = new QDialogButtonBox(this);  // in the dialog before OK becomes its default button
   QPushButton* const ok = buttons->addButton(QStringLiteral("OK"), QDialogButtonBox::AcceptRole);
   Named(ok, "ok", ok->text())->setDefault(true);
   QPushButton* const cancel = buttons->addButton(QStringLiteral("キャンセル"), QDialogButtonBox::RejectRole);

@@ -1,6 +1,7 @@
 #include "window/sources/DlgFaultExploration.h"
 
 #include "core/project/AcquisitionEntries.h"
+#include "window/graphs/ChosenRadio.h"
 #include "window/graphs/NamedControl.h"
 #include "window/graphs/PendingEntry.h"
 #include "window/graphs/RefuseEmpty.h"
@@ -58,11 +59,11 @@ CDlgFaultExploration::CDlgFaultExploration(CMorvaneDoc& doc, Prompt& prompt, QWi
          MakeRadios("mode", kMode, FaultExploration::ModeTexts(), &ApiParameterSet::modeIndex));
   m_searchVersion = MakeVersions("searchVersionCombo", kSearchVersion, FaultExploration::SearchVersionTexts(),
                                  &FaultExploration::ChooseSearchVersion);
-  AddRow(*fields, kSearchVersion, AtLeft({m_searchVersion}));
+  AddRow(*fields, kSearchVersion, m_searchVersion, Qt::AlignLeft);
   m_activityVersion =
       MakeVersions("activityVersionCombo", kActivityVersion, FaultExploration::ActivityVersionTexts(),
                    &FaultExploration::ChooseActivityVersion);
-  AddRow(*fields, kActivityVersion, AtLeft({m_activityVersion}));
+  AddRow(*fields, kActivityVersion, m_activityVersion, Qt::AlignLeft);
   AddRow(*fields, kCase,
          MakeRadios("case", kCase, FaultExploration::CaseTexts(), &ApiParameterSet::caseIndex));
   AddRow(*fields, kPeriod,
@@ -76,10 +77,15 @@ CDlgFaultExploration::CDlgFaultExploration(CMorvaneDoc& doc, Prompt& prompt, QWi
   ShowValues();
 }
 
-void CDlgFaultExploration::AddRow(QGridLayout& layout, std::size_t title, QWidget* field) {
+void CDlgFaultExploration::AddRow(QGridLayout& layout, std::size_t title, QWidget* field,
+                                  Qt::Alignment alignment) {
   const int row = layout.rowCount();
-  layout.addWidget(new QLabel(TitleOf(title)), row, 0);
-  layout.addWidget(field, row, 1);
+  auto* const label = new QLabel(TitleOf(title));
+  // A screen reader may say of a list only what is chosen in it, and takes what it is for from the label
+  // beside it.
+  label->setBuddy(field);
+  layout.addWidget(label, row, 0);
+  layout.addWidget(field, row, 1, alignment);
 }
 
 QWidget* CDlgFaultExploration::MakeRadios(const char* name, std::size_t title, const QStringList& texts,
@@ -92,8 +98,10 @@ QWidget* CDlgFaultExploration::MakeRadios(const char* name, std::size_t title, c
     auto* const radio =
         NamedButton<QRadioButton>((std::string(name) + std::to_string(index)).c_str(), texts[index], box);
     radio->setAccessibleDescription(TitleOf(title));
-    connect(radio, &QAbstractButton::toggled, this, [this, value, index](bool on) {
-      if (on) m_parameters.values.*value = index;
+    connect(radio, &QAbstractButton::toggled, this, [this, value, index, radio](bool on) {
+      if (!on) return;
+      m_parameters.values.*value = index;
+      StopAtChosen(*radio);
     });
     layout->addWidget(radio);
     radios.buttons.push_back(radio);
@@ -132,7 +140,7 @@ QWidget* CDlgFaultExploration::MakeWeight(Prompt& prompt) {
 }
 
 QWidget* CDlgFaultExploration::MakeButtons() {
-  auto* const buttons = new QDialogButtonBox;
+  auto* const buttons = new QDialogButtonBox(this);  // in the dialog before OK becomes its default button
   QPushButton* const reset = buttons->addButton(QStringLiteral("初期値に戻す"), QDialogButtonBox::ResetRole);
   Named(reset, "resetButton", reset->text());
   reset->setAutoDefault(false);
@@ -153,8 +161,10 @@ QWidget* CDlgFaultExploration::MakeButtons() {
 void CDlgFaultExploration::ShowValues() {
   for (const Radios& radios : m_radios) {
     const std::int32_t value = m_parameters.values.*radios.value;
-    if (value >= 0 && static_cast<std::size_t>(value) < radios.buttons.size())
-      ShowChecked(*radios.buttons[static_cast<std::size_t>(value)], true);
+    if (value < 0 || static_cast<std::size_t>(value) >= radios.buttons.size()) continue;
+    QRadioButton& chosen = *radios.buttons[static_cast<std::size_t>(value)];
+    ShowChecked(chosen, true);
+    StopAtChosen(chosen);
   }
   const QSignalBlocker quietSearch(m_searchVersion);
   const QSignalBlocker quietActivity(m_activityVersion);

@@ -5,9 +5,9 @@
 
 #include <QDialog>
 
-class QAbstractButton;
 class QComboBox;
 class QGridLayout;
+class QRadioButton;
 
 namespace tremlo {
 
@@ -26,11 +26,11 @@ class CDlgFaultExploration : public QDialog {
 
   /// The radio buttons of a parameter that is an index.
   struct Radios {
-    std::vector<QAbstractButton*> buttons;
+    std::vector<QRadioButton*> buttons;
     std::int32_t ApiParameterSet::*value;
   };
 
-  void AddRow(QGridLayout& layout, std::size_t title, QWidget* field);
+  void AddRow(QGridLayout& layout, std::size_t title, QWidget* field, Qt::Alignment alignment = {});
   QWidget* MakeRadios(const char* name, std::size_t title, const QStringList& texts,
                       std::int32_t ApiParameterSet::*value);
   QComboBox* MakeVersions(const char* name, std::size_t title, const QStringList& texts, Choose choose);

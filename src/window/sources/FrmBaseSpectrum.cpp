@@ -6,6 +6,7 @@
 #include "window/graphs/DlgGraphEditBaseSpec.h"
 #include "window/graphs/DrawFreqAccSpec.h"
 #include "window/graphs/ExpEdit.h"
+#include "window/graphs/GridSize.h"
 #include "window/graphs/NamedControl.h"
 #include "window/graphs/RefuseEmpty.h"
 #include "window/graphs/Spread7.h"
@@ -15,6 +16,8 @@
 #include <QHeaderView>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace tremlo {
 
@@ -54,9 +57,7 @@ void CFrmBaseSpectrum::MakeGrid(Prompt& prompt) {
   for (int column = 1; column <= m_grid->ColumnCount(); ++column)
     if (column != kLabelColumn) m_grid->SetColumnWidth(column, kColumnWidths[column - 1]);
   m_grid->horizontalHeader()->setSectionResizeMode(kLabelColumn - 1, QHeaderView::Stretch);
-  m_grid->setMinimumHeight(m_grid->horizontalHeader()->sizeHint().height() +
-                           kFewestRows * m_grid->verticalHeader()->defaultSectionSize() +
-                           2 * m_grid->frameWidth());
+  m_grid->setMinimumHeight(HeightOf(*m_grid, kFewestRows));
   connect(m_grid, &CSpread7::Changed, this, [this](const GridChange& change) {
     // The graph, which may have hundreds of curves, does not tell which of them is the base.
     if (change.block.left == kBaseColumn)
@@ -148,6 +149,8 @@ void CFrmBaseSpectrum::Prepare() {
 void CFrmBaseSpectrum::Refresh() {
   m_rows->Refresh();
   m_grid->Refresh();
+  // Of few candidates the grid takes what it needs, and the graph has the rest.
+  m_grid->setMaximumHeight(HeightOf(*m_grid, std::max(m_grid->RowCount(), kFewestRows)));
   ForgetOtherProject();
   ShowCandidateText();
   m_graphPanel->Refresh();

@@ -8,6 +8,7 @@
 #include "core/project/DocumentAcquisition.h"
 #include "core/project/FaultRows.h"
 #include "core/project/LastAcquisition.h"
+#include "window/graphs/ChosenRadio.h"
 #include "window/graphs/InfoButton.h"
 #include "window/graphs/NamedControl.h"
 #include "window/graphs/RefuseEmpty.h"
@@ -96,7 +97,7 @@ void CFrmMakeSeismicWave1::MakeModes() {
   m_rangeRadio = MakeMode("rangeRadio", QStringLiteral("探索範囲内の断層を取得"), kAcquireRange);
 }
 
-QAbstractButton* CFrmMakeSeismicWave1::MakeMode(const char* name, const QString& text, std::int32_t mode) {
+QRadioButton* CFrmMakeSeismicWave1::MakeMode(const char* name, const QString& text, std::int32_t mode) {
   auto* const radio = NamedButton<QRadioButton>(name, text, this);
   connect(radio, &QAbstractButton::toggled, this, [this, mode](bool on) {
     if (on) ChooseMode(mode);
@@ -275,7 +276,9 @@ void CFrmMakeSeismicWave1::TakeRange() {
 
 void CFrmMakeSeismicWave1::ShowMode() {
   const bool range = m_doc.faultAcquireMode == kAcquireRange;
-  ShowChecked(range ? *m_rangeRadio : *m_rankingRadio, true);
+  QRadioButton& chosen = range ? *m_rangeRadio : *m_rankingRadio;
+  ShowChecked(chosen, true);
+  StopAtChosen(chosen);
   m_grids->setCurrentIndex(range ? 1 : 0);
 }
 

@@ -10,6 +10,7 @@
 class QAbstractButton;
 class QGroupBox;
 class QLabel;
+class QRadioButton;
 class QStackedWidget;
 
 namespace tremlo {
@@ -56,7 +57,7 @@ class CFrmMakeSeismicWave1 : public Screen {
   void MakeButtons();
   void MakeMap();
   Grid MakeGrid(const char* name, std::int32_t acquireMode);
-  QAbstractButton* MakeMode(const char* name, const QString& text, std::int32_t mode);
+  QRadioButton* MakeMode(const char* name, const QString& text, std::int32_t mode);
   QAbstractButton* MakeCommand(const char* name, const QString& text,
                                void (CFrmMakeSeismicWave1::*command)());
   QGroupBox* MakeAcquisitionGroup();
@@ -81,8 +82,8 @@ class CFrmMakeSeismicWave1 : public Screen {
   CMorvaneDoc& m_doc;
   QAbstractButton* m_screenInfo;
   QAbstractButton* m_rankingInfo;
-  QAbstractButton* m_rankingRadio;
-  QAbstractButton* m_rangeRadio;
+  QRadioButton* m_rankingRadio;
+  QRadioButton* m_rangeRadio;
   CExpEdit* m_rangeEdit;
   QAbstractButton* m_parametersButton;
   QAbstractButton* m_acquireButton;

@@ -55,7 +55,7 @@ CDlgAdjustSetting::CDlgAdjustSetting(CMorvaneDoc& doc, QWidget* parent)
   connect(m_toleranceEdit, &CExpEdit::Entered, this,
           [this] { m_tolerance = m_toleranceEdit->GetNumber() / 100.0; });
 
-  auto* buttons = new QDialogButtonBox;
+  auto* buttons = new QDialogButtonBox(this);  // in the dialog before OK becomes its default button
   QPushButton* ok = buttons->addButton(QStringLiteral("OK"), QDialogButtonBox::AcceptRole);
   ok->setObjectName(QStringLiteral("m_ok"));
   ok->setDefault(true);

@@ -85,6 +85,18 @@ TEST_F(SelectZoneTest, ShowsTheNineteenZonesWithTheirOrigins) {
   EXPECT_TRUE(labels.contains(QStringLiteral("適用区域")));
 }
 
+TEST_F(SelectZoneTest, ReturnIsOkAgainBehindAWalkOverTheCancelButton) {
+  Open(8);
+  dialog->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+  auto* const cancel = dialog->findChild<QPushButton*>(QStringLiteral("cancel"));
+  cancel->setFocus();
+  EXPECT_TRUE(cancel->isDefault());
+  Grid().setFocus();
+  EXPECT_FALSE(cancel->isDefault());
+  EXPECT_TRUE(dialog->findChild<QPushButton*>(QStringLiteral("ok"))->isDefault());
+}
+
 TEST_F(SelectZoneTest, TheCurrentZoneIsCheckedColouredAndItsAreaTold) {
   Open(8);
   EXPECT_EQ(dialog->Selected(), 8);

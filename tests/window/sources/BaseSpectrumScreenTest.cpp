@@ -5,6 +5,7 @@
 #include "support/PaletteChange.h"
 #include "window/sources/FrmBaseSpectrum.h"
 
+#include <QHeaderView>
 #include <QStatusTipEvent>
 
 #include <cstdio>
@@ -86,6 +87,19 @@ TEST_F(BaseSpectrumScreen, ItOpensWithoutWavesAndFaults) {
   Enter();
   EXPECT_THAT(Labels(), ElementsAre(kLimit));
   EXPECT_EQ(host.log, QStringList({"prepare", "show"}));
+}
+
+TEST_F(BaseSpectrumScreen, OfFewCandidatesTheGraphHasTheRoom) {
+  Enter();
+  const auto& grid = *screen->findChild<CSpread7*>(QStringLiteral("candidateGrid"));
+  const auto& graph = *screen->findChild<QWidget*>(QStringLiteral("graph"));
+  const int rowHeight = grid.verticalHeader()->defaultSectionSize();
+  EXPECT_LT(grid.height(), 6 * rowHeight) << "one row, and room for three";
+  const int graphHeight = graph.height();
+  EnterFull();
+  Settle();
+  EXPECT_GT(grid.height(), 6 * rowHeight);
+  EXPECT_LT(graph.height(), graphHeight);
 }
 
 TEST_F(BaseSpectrumScreen, WithoutASelectedLowerLimitTheListMayBeEmpty) {

@@ -1,6 +1,7 @@
 #include "FaultScreenParts.h"
 
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QComboBox>
 #include <QPushButton>
 #include <QRadioButton>
@@ -225,6 +226,51 @@ TEST_F(FaultExplorationDialogTest, TheTabKeyReachesAllInTheOrderOfReading) {
   EXPECT_THAT(order,
               ElementsAre("intensity2", "weightEdit", "mode0", "searchVersionCombo", "activityVersionCombo",
                           "case0", "period0", "resetButton", "okButton", "cancelButton"));
+}
+
+TEST_F(FaultExplorationDialogTest, TheChosenRadioButtonIsTheStopOfItsGroup) {
+  doc.apiParameters = {1, 0.6, 1, 13, 15, 1, 1};
+  Open();
+  QStringList order;
+  for (int i = 0; i < 10; ++i) {
+    order << QApplication::focusWidget()->objectName();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  }
+  EXPECT_THAT(order,
+              ElementsAre("intensity1", "weightEdit", "mode1", "searchVersionCombo", "activityVersionCombo",
+                          "case1", "period1", "resetButton", "okButton", "cancelButton"));
+  EXPECT_EQ(QApplication::focusWidget()->objectName(), "intensity1");
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
+  EXPECT_TRUE(Button("intensity2").isChecked()) << "the neighbour of the chosen one";
+  // Chosen without the focus, as over the accessibility bus.
+  Button("intensity3").toggle();
+  Weight().setFocus();
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
+  EXPECT_EQ(QApplication::focusWidget()->objectName(), "intensity3");
+}
+
+TEST_F(FaultExplorationDialogTest, ReturnIsOkAgainBehindAWalkOverTheCancelButton) {
+  Open();
+  Button("cancelButton").setFocus();
+  Weight().setFocus();
+  Weight().selectAll();
+  QTest::keyClicks(&Weight(), "1");
+  QTest::keyClick(&Weight(), Qt::Key_Return);
+  Settle();
+  EXPECT_FALSE(IsOpen());
+  EXPECT_EQ(doc.apiParameters.catastropheWeight, 1.0);
+}
+
+TEST_F(FaultExplorationDialogTest, ReadersHearWhatAListIsFor) {
+  Open();
+  // On some platforms the text that is chosen stands for the name of a list: its label is told by the
+  // relation.
+  for (const auto& [name, text] : {std::pair("searchVersionCombo", u"地図バージョン (被害地検索)"),
+                                   std::pair("activityVersionCombo", u"地図バージョン (地震活動モデル)")}) {
+    const auto labels = QAccessible::queryAccessibleInterface(&Combo(name))->relations(QAccessible::Label);
+    ASSERT_EQ(labels.size(), 1) << name;
+    EXPECT_EQ(labels.front().first->text(QAccessible::Name), QString::fromUtf16(text));
+  }
 }
 
 TEST_F(FaultExplorationDialogTest, EveryControlHasItsNames) {

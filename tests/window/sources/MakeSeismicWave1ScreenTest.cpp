@@ -527,6 +527,18 @@ TEST_F(MakeSeismicWave1ScreenTest, AllIsReachedByTheTabKeyInTheOrderOfReading) {
                                  "attenuationButton", "screenInfoButton"));
 }
 
+TEST_F(MakeSeismicWave1ScreenTest, TheChosenWayIsTheStopOfBoth) {
+  doc.faultAcquireMode = kAcquireRange;
+  Open();
+  QStringList order;
+  driver->Find<QWidget>("screenInfoButton").setFocus();
+  for (int i = 0; i < 4; ++i) {
+    order << QApplication::focusWidget()->objectName();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  }
+  EXPECT_THAT(order, ElementsAre("screenInfoButton", "rankingInfoButton", "rangeRadio", "rangeEdit"));
+}
+
 TEST_F(MakeSeismicWave1ScreenTest, AllOfItWorksByTheKeyboard) {
   Open();
   driver->Find<QWidget>("rankingRadio").setFocus();

@@ -62,6 +62,15 @@ class AdjustSettingTest : public testing::Test {
   std::vector<std::string> boxes;
 };
 
+TEST_F(AdjustSettingTest, ReturnIsOkAgainBehindAWalkOverTheCancelButton) {
+  Open();
+  Child<QPushButton>("m_cancel")->setFocus();
+  Type(iterations, "50");
+  Key(Qt::Key_Return);
+  EXPECT_FALSE(dialog->isVisible());
+  EXPECT_EQ(doc.adjustMaxIterations, 50);
+}
+
 TEST_F(AdjustSettingTest, ShowsTheToleranceInPercent) {
   Open();
   EXPECT_EQ(dialog->windowTitle(), QStringLiteral("振幅調整の設定"));
