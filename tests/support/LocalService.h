@@ -42,7 +42,8 @@ class LocalService {
   ServiceSettings Settings(const QString& port = QStringLiteral("http"),
                            const QString& wishes = QString()) const;
 
-  /// From now on the service misbehaves so towards every request, whose own wishes come behind; none: honestly.
+  /// From now on the service misbehaves so towards every request, whose own wishes come behind; none:
+  /// honestly.
   void Behave(const QString& wishes) const;
 
   QString CertificateFile() const { return m_values.at("ca"); }

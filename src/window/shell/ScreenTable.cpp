@@ -10,10 +10,10 @@
 #include "window/shell/FrmFlowchart2.h"
 #include "window/shell/FrmFlowchart3.h"
 #include "window/sources/DlgFaultExploration.h"
-#include "window/sources/FrmMakeSeismicWave1.h"
 #include "window/sources/FrmBaseSpectrum.h"
 #include "window/sources/FrmDamsiteWave.h"
 #include "window/sources/FrmLowerSpectrum.h"
+#include "window/sources/FrmMakeSeismicWave1.h"
 #include "window/sources/FrmMakeSeismicWave2.h"
 #include "window/waves/DlgAdjustSetting.h"
 #include "window/waves/FrmAdjustSeismicWave.h"
@@ -140,10 +140,11 @@ void AddBaseSpectrum(ScreenTable& table) {
 /// The spectra of the acquired faults.
 void AddFaultSpectra(ScreenTable& table) {
   table.screens[ScreenId::MakeSeismicWave2] = [](const ScreenParts& parts) {
-    return new CFrmMakeSeismicWave2(parts.doc, parts.prompt, parts.procedure, parts.rules, parts.gate,
-                                    {.calculate = parts.calculateFaultSpectra,
-                                     .follow = parts.follow,
-                                     .acquisitionText = [&doc = parts.doc] { return LastAcquisitionLine(doc); }});
+    return new CFrmMakeSeismicWave2(
+        parts.doc, parts.prompt, parts.procedure, parts.rules, parts.gate,
+        {.calculate = parts.calculateFaultSpectra,
+         .follow = parts.follow,
+         .acquisitionText = [&doc = parts.doc] { return LastAcquisitionLine(doc); }});
   };
 }
 
