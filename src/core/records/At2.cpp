@@ -112,6 +112,14 @@ void ReadAt2(const RecordText& text, const RecordAnswers& answers, RecordReading
     }
   }
 
+  if (!statedUnit) {
+    std::vector<RecordUnit> units;
+    for (std::size_t line = 0; line <= countLine; ++line)
+      for (const RecordUnit& unit : UnitsInText(text.PlainLine(line))) units.push_back(unit);
+    const auto same = [&](const RecordUnit& unit) { return unit.gal == units.front().gal; };
+    if (!units.empty() && std::all_of(units.begin(), units.end(), same)) statedUnit = units.front();
+  }
+
   std::optional<double> announced;
   std::optional<double> stated;
   ReadCountAndStep(text.Line(countLine), announced, stated);

@@ -193,10 +193,12 @@ void FreeTextRows::FindCountAndStep() {
 }
 
 bool FreeTextRows::LooksBroken(const Line& line) const {
-  if (line.kind != Line::Other || line.cells.empty() || line.cells.size() > m_columns) return false;
+  if (line.kind != Line::Other || line.cells.empty()) return false;
   const std::string& first = line.cells.front();
-  const bool digit = std::any_of(first.begin(), first.end(), IsDigit);
-  return digit || first.empty() || std::any_of(line.cells.begin(), line.cells.end(), IsNoNumberWord);
+  const auto isNone = [](const std::string& cell) { return cell.empty() || IsNoNumberWord(cell); };
+  const bool none = std::any_of(line.cells.begin(), line.cells.end(), isNone);
+  if (line.cells.size() > m_columns) return none && !line.values.empty();
+  return none || std::any_of(first.begin(), first.end(), IsDigit);
 }
 
 void FreeTextRows::ReadRows() {

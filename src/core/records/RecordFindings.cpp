@@ -85,9 +85,7 @@ std::vector<QString> FindDoubts(const RecordComponent& component) {
   for (double& a : rest) a -= peak.mean;
   const std::size_t n = acc.size();
   const double step = component.timeStep;
-  const auto at = [&](std::size_t i) {
-    return QString::number(static_cast<double>(i) * step, 'g', 6) + QStringLiteral(" 秒");
-  };
+  const auto at = [&](std::size_t i) { return QString::number(static_cast<double>(i) * step, 'g', 6); };
 
   if (step > kCoarseStep * (1.0 + 1e-9))
     say(QStringLiteral("時間間隔が粗い：%1 秒では、周期 %2 秒より短い成分を表せません。")
@@ -105,9 +103,9 @@ std::vector<QString> FindDoubts(const RecordComponent& component) {
     say(QStringLiteral("クリップ：%1 gal または %2 gal が 3 点以上続く所があります。")
             .arg(Figure(*smallest), Figure(*largest)));
   if (const std::size_t i = FindSpike(rest, peak.pga, step); i < n)
-    say(QStringLiteral("スパイク：%1 の値 %2 gal が前後から飛び出しています。").arg(at(i), Figure(acc[i])));
+    say(QStringLiteral("スパイク：%1 秒の値 %2 gal が前後から飛び出しています。").arg(at(i), Figure(acc[i])));
   if (const std::size_t i = FindRepeat(acc, rest, peak.pga, step); i < n)
-    say(QStringLiteral("繰り返し区間：%1 からの値が 2 秒後と同じです。").arg(at(i)));
+    say(QStringLiteral("繰り返し区間：%1 秒からの値が 2 秒後と同じです。").arg(at(i)));
   if (const double last = Rms(rest, n - n / 20, n); last > 0.1 * peak.pga)
     say(QStringLiteral("末尾が静止していない：最後の 5 % の実効値が %1 gal です。").arg(Figure(last)));
   if (std::fabs(rest.front()) > 0.05 * peak.pga)

@@ -33,10 +33,13 @@ inline void ExpectRefusal(const RecordReading& reading, const QString& error) {
 }
 
 /// Whether one of the texts has the word.
-inline bool HasWord(const std::vector<QString>& texts, const QString& word) {
-  for (const QString& text : texts)
-    if (text.contains(word)) return true;
-  return false;
+inline testing::AssertionResult HasWord(const std::vector<QString>& texts, const QString& word) {
+  std::string all;
+  for (const QString& text : texts) {
+    if (text.contains(word)) return testing::AssertionSuccess() << text.toStdString();
+    all += text.toStdString() + '\n';
+  }
+  return testing::AssertionFailure() << word.toStdString() << " is not in:\n" << all;
 }
 
 }  // namespace tremlo::test
