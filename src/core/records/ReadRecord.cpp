@@ -1,10 +1,12 @@
 #include "core/records/ReadRecord.h"
 
-#include "core/files/WholeFile.h"
 #include "core/records/DetectFormat.h"
 #include "core/records/RecordArchive.h"
 #include "core/records/RecordFindings.h"
 #include "core/records/RecordReaders.h"
+
+#include <QFile>
+#include <QFileInfo>
 
 #include <algorithm>
 
@@ -104,32 +106,37 @@ RecordReading ReadRecord(const QByteArray& content, const QString& file, const Q
   return reading;
 }
 
-std::vector<RecordReading> ReadRecordFile(const QString& path, const RecordAnswers& answers) {
-  std::vector<RecordReading> readings;
+void WalkRecords(const QString& path, const RecordAnswers& answers,
+                 const std::function<void(RecordReading&&)>& take) {
   const auto refuse = [&](const QString& reason) {
     RecordReading reading;
     reading.file = path;
     reading.error = path + QStringLiteral(": ") + reason;
-    readings.push_back(std::move(reading));
+    take(std::move(reading));
   };
-  QByteArray content;
-  if (!ReadWholeFile(path, content)) {
-    refuse(QStringLiteral("ファイルを開けません。"));
-    return readings;
+  QFile file(path);
+  // A device would be read without end, and a folder not at all.
+  if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
+    return refuse(QStringLiteral("ファイルを開けません。"));
+  if (!IsArchive(file.peek(512))) {
+    // One byte over the bound: it is the reader who refuses it.
+    const QByteArray content = file.read(RecordText::kMostBytes + 1);
+    if (file.error() != QFileDevice::NoError) return refuse(QStringLiteral("ファイルを読めません。"));
+    return take(ReadRecord(content, path, {}, answers));
   }
-  if (!IsArchive(content)) {
-    readings.push_back(ReadRecord(content, path, {}, answers));
-    return readings;
-  }
-  const ArchiveOutcome outcome = WalkArchive(content, [&](const QString& member, const QByteArray& bytes) {
-    readings.push_back(ReadRecord(bytes, path, member, answers));
+  bool any = false;
+  const ArchiveOutcome outcome = WalkArchive(file, [&](const QString& member, const QByteArray& bytes) {
+    any = true;
+    take(ReadRecord(bytes, path, member, answers));
     return true;
   });
-  if (!outcome.error.isEmpty()) {
-    refuse(outcome.error);
-  } else if (readings.empty()) {
-    refuse(QStringLiteral("記録が入っていません。"));
-  }
+  if (!outcome.error.isEmpty()) return refuse(outcome.error);
+  if (!any) refuse(QStringLiteral("記録が入っていません。"));
+}
+
+std::vector<RecordReading> ReadRecordFile(const QString& path, const RecordAnswers& answers) {
+  std::vector<RecordReading> readings;
+  WalkRecords(path, answers, [&](RecordReading&& reading) { readings.push_back(std::move(reading)); });
   return readings;
 }
 

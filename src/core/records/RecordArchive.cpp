@@ -2,14 +2,17 @@
 
 #include "core/files/Cp932Text.h"
 
+#include <QIODevice>
 #include <QStringDecoder>
 
 #include <algorithm>
 #include <archive.h>
 #include <archive_entry.h>
 #include <array>
+#include <cerrno>
 #include <memory>
 #include <string_view>
+#include <vector>
 
 namespace tremlo {
 
@@ -45,13 +48,18 @@ QString DecodeName(const char* name) {
   return DecodeCp932(std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
 }
 
+/// What an archive begins with: enough for every sign.
+constexpr qsizetype kHead = 512;
+
 class Walk {
  public:
   Walk(const std::function<bool(const QString&, const QByteArray&)>& take, const ArchiveBounds& bounds)
       : m_take(take), m_bounds(bounds) {}
 
-  /// False when the walk is over: by the wish of the taker, or by m_error.
-  bool Run(const QByteArray& content, const QString& prefix, int level) {
+  /// Walks over the archive that `open` opens. False when the walk is over: by the wish of the taker, or by
+  /// Error().
+  template <class Open>
+  bool Run(bool gzip, Open open, const QString& prefix, int level) {
     const QString where = prefix.isEmpty() ? QString() : prefix + QStringLiteral("：");
     if (level > m_bounds.mostLevels)
       return Fail(where + QStringLiteral("書庫の入れ子が %1 段を超えています。").arg(m_bounds.mostLevels));
@@ -61,12 +69,8 @@ class Walk {
     archive_read_support_filter_gzip(reader);
     archive_read_support_format_tar(reader);
     archive_read_support_format_zip(reader);
-    const bool zipped = IsGzip(content);
-    if (zipped)
-      archive_read_support_format_raw(reader);  // a lone .gz; what has a format is never taken for it
-    if (archive_read_open_memory(reader, content.constData(), static_cast<std::size_t>(content.size())) !=
-        ARCHIVE_OK)
-      return Fail(where + Reason(reader));
+    if (gzip) archive_read_support_format_raw(reader);  // a lone .gz; what has a format is never taken for it
+    if (open(reader) != ARCHIVE_OK) return Fail(where + Reason(reader));
     for (;;) {
       archive_entry* entry = nullptr;
       const int status = archive_read_next_header(reader, &entry);
@@ -75,26 +79,91 @@ class Walk {
       // Empty members and folders count as well: an endless run of them must end.
       if (++m_members > m_bounds.mostMembers)
         return Fail(QStringLiteral("ファイルが %1 個を超えています。").arg(m_bounds.mostMembers));
-      if (archive_entry_filetype(entry) != AE_IFREG || archive_entry_hardlink(entry)) continue;
+      if (archive_entry_filetype(entry) != AE_IFREG || archive_entry_hardlink(entry)) {
+        if (!PassOver(reader)) return false;
+        continue;
+      }
       const bool raw = archive_format(reader) == ARCHIVE_FORMAT_RAW;
       const QString name = raw ? QString() : DecodeName(archive_entry_pathname(entry));
       const QString member =
           prefix.isEmpty() || name.isEmpty() ? prefix + name : prefix + QLatin1Char('/') + name;
-      QByteArray bytes;
-      if (!ReadMember(reader, member, bytes)) return false;
-      if (IsArchive(bytes)) {
-        if (!Run(bytes, member, level + 1)) return false;
-      } else if (!m_take(member, bytes)) {
-        return false;
-      }
+      if (!RunMember(reader, member, level)) return false;
     }
   }
 
   const QString& Error() const { return m_error; }
 
  private:
+  /// An archive within, read as its bytes come out of the outer one.
+  struct Inner {
+    Walk* walk;
+    archive* outer;
+    QByteArray head;
+    bool headGiven = false;
+    std::vector<char> block = std::vector<char>(65536);
+  };
+
+  static la_ssize_t GiveInner(archive* reader, void* data, const void** buffer) {
+    Inner& inner = *static_cast<Inner*>(data);
+    if (!inner.headGiven) {
+      inner.headGiven = true;
+      *buffer = inner.head.constData();
+      return inner.head.size();
+    }
+    *buffer = inner.block.data();
+    const la_ssize_t count = archive_read_data(inner.outer, inner.block.data(), inner.block.size());
+    if (count < 0) {
+      const char* text = archive_error_string(inner.outer);
+      archive_set_error(reader, EIO, "%s", text ? text : "outer archive");
+      return ARCHIVE_FATAL;
+    }
+    if (inner.walk->Count(count)) return count;
+    archive_set_error(reader, EIO, "too large");
+    return ARCHIVE_FATAL;
+  }
+
+  bool RunMember(archive* reader, const QString& member, int level) {
+    const QString where = member.isEmpty() ? QString() : member + QStringLiteral("：");
+    QByteArray bytes;
+    std::array<char, 65536> block{};
+    for (;;) {
+      const auto room = bytes.size() < kHead ? static_cast<std::size_t>(kHead - bytes.size()) : block.size();
+      const la_ssize_t count = archive_read_data(reader, block.data(), room);
+      if (count == 0) break;
+      if (count < 0) return Fail(where + Reason(reader));
+      if (!Count(count)) return false;
+      if (bytes.size() + count > m_bounds.mostMemberBytes)
+        return Fail(where + QStringLiteral("展開すると %1 バイトを超えます。").arg(m_bounds.mostMemberBytes));
+      bytes.append(block.data(), static_cast<qsizetype>(count));
+      if (bytes.size() == kHead && IsArchive(bytes)) break;
+    }
+    if (!IsArchive(bytes)) return m_take(member, bytes);
+    Inner inner{this, reader, bytes};
+    const auto open = [&](archive* within) {
+      return archive_read_open(within, &inner, nullptr, GiveInner, nullptr);
+    };
+    return Run(IsGzip(bytes), open, member, level + 1) && PassOver(reader);
+  }
+
+  /// Reads the rest of an entry, which counts too: passing over it inside the library would know no bound.
+  bool PassOver(archive* reader) {
+    std::array<char, 65536> block{};
+    la_ssize_t count = 0;
+    while ((count = archive_read_data(reader, block.data(), block.size())) > 0)
+      if (!Count(count)) return false;
+    return count == 0 || Fail(Reason(reader));
+  }
+
+  /// False once more than the bound has come out.
+  bool Count(la_ssize_t bytes) {
+    m_bytes += bytes;
+    if (m_bytes <= m_bounds.mostBytes) return true;
+    return Fail(QStringLiteral("展開すると全体で %1 バイトを超えます。").arg(m_bounds.mostBytes));
+  }
+
+  /// The first reason stands: those after it are its consequences.
   bool Fail(const QString& error) {
-    m_error = error;
+    if (m_error.isEmpty()) m_error = error;
     return false;
   }
 
@@ -102,22 +171,6 @@ class Walk {
     const char* text = archive_error_string(reader);
     return QStringLiteral("書庫が壊れているか、途中で切れています（%1）。")
         .arg(text ? QString::fromLocal8Bit(text) : QStringLiteral("libarchive"));
-  }
-
-  bool ReadMember(archive* reader, const QString& member, QByteArray& bytes) {
-    const QString where = member.isEmpty() ? QString() : member + QStringLiteral("：");
-    std::array<char, 65536> block{};
-    for (;;) {
-      const la_ssize_t count = archive_read_data(reader, block.data(), block.size());
-      if (count == 0) return true;
-      if (count < 0) return Fail(where + Reason(reader));
-      m_bytes += count;
-      if (bytes.size() + count > m_bounds.mostMemberBytes)
-        return Fail(where + QStringLiteral("展開すると %1 バイトを超えます。").arg(m_bounds.mostMemberBytes));
-      if (m_bytes > m_bounds.mostBytes)
-        return Fail(QStringLiteral("展開すると全体で %1 バイトを超えます。").arg(m_bounds.mostBytes));
-      bytes.append(block.data(), static_cast<qsizetype>(count));
-    }
   }
 
   const std::function<bool(const QString&, const QByteArray&)>& m_take;
@@ -134,10 +187,38 @@ bool IsArchive(const QByteArray& content) {
 }
 
 ArchiveOutcome WalkArchive(const QByteArray& content,
-                           const std::function<bool(const QString&, const QByteArray&)>& take,
+                           const std::function<bool(const QString& member, const QByteArray& bytes)>& take,
                            const ArchiveBounds& bounds) {
   Walk walk(take, bounds);
-  walk.Run(content, QString(), 1);
+  walk.Run(
+      IsGzip(content),
+      [&](archive* reader) {
+        return archive_read_open_memory(reader, content.constData(),
+                                        static_cast<std::size_t>(content.size()));
+      },
+      QString(), 1);
+  return {walk.Error()};
+}
+
+ArchiveOutcome WalkArchive(QIODevice& device,
+                           const std::function<bool(const QString& member, const QByteArray& bytes)>& take,
+                           const ArchiveBounds& bounds) {
+  struct Source {
+    QIODevice& device;
+    std::vector<char> block = std::vector<char>(65536);
+  } source{device};
+  const auto give = [](archive* reader, void* data, const void** buffer) -> la_ssize_t {
+    Source& from = *static_cast<Source*>(data);
+    *buffer = from.block.data();
+    const qint64 count = from.device.read(from.block.data(), static_cast<qint64>(from.block.size()));
+    if (count < 0) archive_set_error(reader, EIO, "read error");
+    return count < 0 ? ARCHIVE_FATAL : static_cast<la_ssize_t>(count);
+  };
+  Walk walk(take, bounds);
+  walk.Run(
+      IsGzip(device.peek(kHead)),
+      [&](archive* reader) { return archive_read_open(reader, &source, nullptr, give, nullptr); }, QString(),
+      1);
   return {walk.Error()};
 }
 

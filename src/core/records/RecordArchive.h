@@ -5,11 +5,13 @@
 
 #include <functional>
 
+class QIODevice;
+
 namespace tremlo {
 
 /// The bounds of an archive: whatever it holds, reading ends within them.
 struct ArchiveBounds {
-  qint64 mostMemberBytes = qint64{64} * 1024 * 1024;
+  qint64 mostMemberBytes = qint64{64} * 1024 * 1024;  ///< of one that is no archive
   qint64 mostBytes = qint64{4} * 1024 * 1024 * 1024;  ///< unpacked, of all levels together
   int mostMembers = 20000;
   int mostLevels = 3;  ///< an archive in an archive in an archive
@@ -27,6 +29,12 @@ struct ArchiveOutcome {
 /// nothing is written, and names are for show only. Folders and links are passed over. What stands before a
 /// fault or a bound has been handed out by then. The member of a lone .gz has an empty name.
 ArchiveOutcome WalkArchive(const QByteArray& content,
+                           const std::function<bool(const QString& member, const QByteArray& bytes)>& take,
+                           const ArchiveBounds& bounds = {});
+
+/// The same for an archive that is read as it goes: an open file of any size takes no more memory than its
+/// largest member.
+ArchiveOutcome WalkArchive(QIODevice& device,
                            const std::function<bool(const QString& member, const QByteArray& bytes)>& take,
                            const ArchiveBounds& bounds = {});
 

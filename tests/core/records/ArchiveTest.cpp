@@ -5,6 +5,7 @@
 
 #include <archive.h>
 #include <archive_entry.h>
+#include <cstdint>
 
 namespace tremlo {
 namespace {
@@ -182,6 +183,35 @@ TEST(RecordArchive, ArchivesInArchivesAreBounded) {
   const Found found = WalkOver(bytes);
   EXPECT_TRUE(found.members.isEmpty());
   EXPECT_TRUE(found.error.contains(QStringLiteral("書庫の入れ子が 3 段を超えています")));
+}
+
+TEST(RecordArchive, AnInnerArchiveMayBeLargerThanAMember) {
+  ArchiveBounds bounds;
+  bounds.mostMemberBytes = 2000;
+  std::vector<Entry> entries;
+  QByteArray noise(1500, '0');
+  std::uint32_t random = 1;
+  for (int i = 0; i < 20; ++i) {
+    for (char& c : noise)
+      c = static_cast<char>('0' + ((random = random * 1664525U + 1013904223U) >> 24U) % 61U);
+    entries.push_back({"m" + QByteArray::number(i), noise});
+  }
+  const QByteArray inner = Packed(Pack::TarGz, entries);
+  ASSERT_GT(inner.size(), bounds.mostMemberBytes);
+  const Found found = WalkOver(Packed(Pack::Tar, {{"inner.tar.gz", inner}, {"after", "1"}}), bounds);
+  EXPECT_EQ(found.error, QString());
+  EXPECT_EQ(found.members.size(), 21);
+  EXPECT_EQ(found.bytes, 20 * 1500 + 1);
+}
+
+TEST(RecordArchive, ABombWithinIsBoundedByTheWhole) {
+  ArchiveBounds bounds;
+  bounds.mostBytes = 100000;
+  const QByteArray inner =
+      Packed(Pack::TarGz, {{"a", QByteArray(50000, '0')}, {"b", QByteArray(50000, '0')}});
+  const Found found = WalkOver(Packed(Pack::Tar, {{"inner.tar.gz", inner}}), bounds);
+  EXPECT_EQ(found.members, QStringList{QStringLiteral("inner.tar.gz/a")});
+  EXPECT_EQ(found.error, QStringLiteral("展開すると全体で 100000 バイトを超えます。"));
 }
 
 TEST(RecordArchive, TheTakerCanEndIt) {
