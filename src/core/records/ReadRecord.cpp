@@ -9,6 +9,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <cmath>
 
 namespace tremlo {
 
@@ -93,6 +94,11 @@ RecordReading ReadRecord(const QByteArray& content, const QString& file, const Q
     reading.sign = QStringLiteral("形式の指定");
   }
   Read(text, answers, reading);
+  if (reading.format != RecordFormat::OwnWave)
+    for (const RecordComponent& component : reading.components)
+      for (const double a : component.acc)
+        if (!std::isfinite(a) && !reading.IsRefused())
+          reading.error = text.Refusal(component.name + QStringLiteral("：値が大きすぎて gal で表せません"));
   if (reading.IsRefused()) {
     reading.components.clear();
     reading.questions.clear();
