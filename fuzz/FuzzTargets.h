@@ -12,5 +12,7 @@ void FuzzTables(const std::uint8_t* data, std::size_t size);
 void FuzzProject(const std::uint8_t* data, std::size_t size);
 void FuzzZoneMap(const std::uint8_t* data, std::size_t size);
 void FuzzAnswer(const std::uint8_t* data, std::size_t size);
+void FuzzRecord(const std::uint8_t* data, std::size_t size);
+void FuzzRecordArchive(const std::uint8_t* data, std::size_t size);
 
 }  // namespace tremlo::fuzz

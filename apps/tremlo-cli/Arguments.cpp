@@ -29,6 +29,10 @@ bool Arguments::Parse(const QStringList& words) {
     m_error = QStringLiteral("--out のファイル名が空です。");
     return false;
   }
+  if (m_command.positional == kOneFileOrMore) {
+    if (m_parser.positionalArguments().isEmpty()) m_error = QStringLiteral("ファイルを指定してください。");
+    return m_error.isEmpty();
+  }
   if (m_parser.positionalArguments().size() != m_command.positional) {
     m_error = QStringLiteral("ファイルの指定が %1 個必要です（%2 個あります）。")
                   .arg(m_command.positional)

@@ -27,6 +27,7 @@ class Arguments {
   /// The folder that holds DamCoef, LowSpec and SystemData.
   QString DataFolder() const;
 
+  QStringList Positionals() const { return m_parser.positionalArguments(); }
   QString Positional(int index) const { return m_parser.positionalArguments().at(index); }
   bool IsSet(const char* option) const { return m_parser.isSet(QString::fromLatin1(option)); }
   QString Text(const char* option) const { return m_parser.value(QString::fromLatin1(option)); }

@@ -16,6 +16,9 @@ enum ExitStatus {
   kGoalMissed = 3,  ///< the calculation ran but did not reach its goal
 };
 
+/// For a command that takes any number of files but none.
+constexpr int kOneFileOrMore = -1;
+
 /// One command of the program. `name` may be two words; `positional` is the number of file arguments it
 /// takes.
 struct Command {
@@ -34,6 +37,7 @@ std::span<const Command> AllCommands();
 Command ResponseCommand();
 Command FourierCommand();
 Command AdjustCommand();
+Command InspectCommand();
 Command TablesCommand();
 Command AttenuateCommand();
 Command DistancesCommand();

@@ -1,6 +1,7 @@
 #include "Arguments.h"
 #include "Command.h"
 #include "Output.h"
+#include "RecordInput.h"
 #include "WaveInput.h"
 #include "core/waves/AdjustRun.h"
 #include "core/waves/WaveFile.h"
@@ -21,15 +22,18 @@ struct Adjustment {
 };
 
 QList<QCommandLineOption> Options() {
-  return {
-      {QStringLiteral("seed"), QStringLiteral("原種波形"), QStringLiteral("WAVE.csv")},
-      {QStringLiteral("target"), QStringLiteral("目標とする加速度応答スペクトル"),
-       QStringLiteral("SPECTRUM.csv")},
-      {QStringLiteral("iterations"), QStringLiteral("繰り返し回数の上限（既定値 100）"), QStringLiteral("N")},
-      {QStringLiteral("tolerance"), QStringLiteral("収束判定（既定値 0.05 = 5 %）"),
-       QStringLiteral("FRACTION")},
-      {QStringLiteral("out"), QStringLiteral("調整後の波形を書く CSV ファイル（_AccSpec, _FFT も書く）"),
-       QStringLiteral("BASE.csv")}};
+  return RecordOptions::All() +
+         QList<QCommandLineOption>{
+             {QStringLiteral("seed"), QStringLiteral("原種波形"), QStringLiteral("WAVE")},
+             {QStringLiteral("target"), QStringLiteral("目標とする加速度応答スペクトル"),
+              QStringLiteral("SPECTRUM.csv")},
+             {QStringLiteral("iterations"), QStringLiteral("繰り返し回数の上限（既定値 100）"),
+              QStringLiteral("N")},
+             {QStringLiteral("tolerance"), QStringLiteral("収束判定（既定値 0.05 = 5 %）"),
+              QStringLiteral("FRACTION")},
+             {QStringLiteral("out"),
+              QStringLiteral("調整後の波形を書く CSV ファイル（_AccSpec, _FFT も書く）"),
+              QStringLiteral("BASE.csv")}};
 }
 
 /// Reads the target and puts it longest period first.
@@ -91,7 +95,7 @@ int Run(const Arguments& arguments) {
 
   WaveInput seed;
   QString error;
-  if (!seed.Read(arguments.Text("seed"), error)) return Fail(kBadFile, error);
+  if (const int status = seed.Read(arguments.Text("seed"), arguments); status != kDone) return status;
   std::vector<double> targetPeriods;
   std::vector<double> target;
   if (!ReadTarget(arguments.Text("target"), targetPeriods, target, error)) return Fail(kBadFile, error);
@@ -132,7 +136,8 @@ int Run(const Arguments& arguments) {
 
 Command AdjustCommand() {
   return {"adjust",
-          "--seed WAVE.csv --target SPECTRUM.csv [--iterations 100] [--tolerance 0.05] [--out BASE.csv]",
+          "--seed WAVE [--component NAME] [--unit UNIT] [--step DT] [--offset none|whole|T] [--member PATH] "
+          "--target SPECTRUM.csv [--iterations 100] [--tolerance 0.05] [--out BASE.csv]",
           "原種波形の振幅を目標スペクトルに合わせて調整する",
           0,
           Options,

@@ -1,6 +1,7 @@
 #include "Arguments.h"
 #include "Command.h"
 #include "Output.h"
+#include "RecordInput.h"
 #include "WaveInput.h"
 #include "core/waves/WaveFile.h"
 #include "numeric/waves/FourierSpectrum.h"
@@ -10,14 +11,14 @@ namespace tremlo::cli {
 namespace {
 
 QList<QCommandLineOption> Options() {
-  return {
-      {QStringLiteral("out"), QStringLiteral("スペクトルを書く CSV ファイル"), QStringLiteral("FILE.csv")}};
+  return RecordOptions::All() +
+         QList<QCommandLineOption>{{QStringLiteral("out"), QStringLiteral("スペクトルを書く CSV ファイル"),
+                                    QStringLiteral("FILE.csv")}};
 }
 
 int Run(const Arguments& arguments) {
   WaveInput wave;
-  QString error;
-  if (!wave.Read(arguments.Positional(0), error)) return Fail(kBadFile, error);
+  if (const int status = wave.Read(arguments.Positional(0), arguments); status != kDone) return status;
 
   std::vector<double> periods;
   std::vector<double> amplitudes;
@@ -52,7 +53,13 @@ int Run(const Arguments& arguments) {
 }  // namespace
 
 Command FourierCommand() {
-  return {"fourier", "WAVE.csv [--out FILE.csv]", "波形のフーリエ振幅スペクトル", 1, Options, Run};
+  return {"fourier",
+          "WAVE [--component NAME] [--unit UNIT] [--step DT] [--offset none|whole|T] [--member PATH] [--out "
+          "FILE.csv]",
+          "波形のフーリエ振幅スペクトル",
+          1,
+          Options,
+          Run};
 }
 
 }  // namespace tremlo::cli

@@ -1,6 +1,7 @@
 #include "Arguments.h"
 #include "Command.h"
 #include "Output.h"
+#include "RecordInput.h"
 #include "WaveInput.h"
 #include "core/waves/WaveFile.h"
 #include "numeric/waves/ResponseSpectrum.h"
@@ -10,14 +11,14 @@ namespace tremlo::cli {
 namespace {
 
 QList<QCommandLineOption> Options() {
-  return {
-      {QStringLiteral("out"), QStringLiteral("スペクトルを書く CSV ファイル"), QStringLiteral("FILE.csv")}};
+  return RecordOptions::All() +
+         QList<QCommandLineOption>{{QStringLiteral("out"), QStringLiteral("スペクトルを書く CSV ファイル"),
+                                    QStringLiteral("FILE.csv")}};
 }
 
 int Run(const Arguments& arguments) {
   WaveInput wave;
-  QString error;
-  if (!wave.Read(arguments.Positional(0), error)) return Fail(kBadFile, error);
+  if (const int status = wave.Read(arguments.Positional(0), arguments); status != kDone) return status;
 
   std::vector<double> periods;
   std::vector<double> accSpec;
@@ -57,7 +58,12 @@ int Run(const Arguments& arguments) {
 }  // namespace
 
 Command ResponseCommand() {
-  return {"response", "WAVE.csv [--out FILE.csv]", "波形の加速度応答スペクトル（減衰定数 5 %）", 1, Options,
+  return {"response",
+          "WAVE [--component NAME] [--unit UNIT] [--step DT] [--offset none|whole|T] [--member PATH] [--out "
+          "FILE.csv]",
+          "波形の加速度応答スペクトル（減衰定数 5 %）",
+          1,
+          Options,
           Run};
 }
 

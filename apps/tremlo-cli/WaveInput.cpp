@@ -1,13 +1,30 @@
 #include "WaveInput.h"
 
+#include "Command.h"
 #include "Output.h"
+#include "RecordInput.h"
+#include "core/files/WholeFile.h"
+#include "core/records/DetectFormat.h"
+#include "core/records/RecordArchive.h"
 #include "core/waves/WaveFile.h"
 
 #include <cmath>
 
 namespace tremlo::cli {
 
-bool WaveInput::Read(const QString& path, QString& error) {
+namespace {
+
+/// Whether the file can be read and is none of ours.
+bool IsForeignRecord(const QString& path) {
+  QByteArray content;
+  if (!ReadWholeFile(path, content)) return false;
+  QString sign;
+  return IsArchive(content) || DetectFormat(RecordText(content, path), sign) != RecordFormat::OwnWave;
+}
+
+}  // namespace
+
+bool WaveInput::ReadOwn(const QString& path, QString& error) {
   std::vector<double> samples;
   if (const auto failure = ReadWaveFile(path, name, timeStep, samples)) {
     error = *failure;
@@ -27,6 +44,22 @@ bool WaveInput::Read(const QString& path, QString& error) {
   }
   acc = WithoutBlanks(samples);
   return true;
+}
+
+int WaveInput::Read(const QString& path, const Arguments& arguments) {
+  RecordOptions options;
+  QString error;
+  if (!options.Parse(arguments, error)) return FailUsage(error);
+  if (options.IsEmpty() && !IsForeignRecord(path))
+    return ReadOwn(path, error) ? kDone : Fail(kBadFile, error);
+  RecordInput record;
+  if (const int status = record.Read(path, options, error); status != kDone)
+    return status == kBadCommandLine ? FailUsage(error) : Fail(status, error);
+  for (const QString& warning : record.warnings) Fail(kDone, path + QStringLiteral(": 警告：") + warning);
+  name = record.name;
+  timeStep = record.timeStep;
+  acc = WithoutBlanks(record.acc);
+  return kDone;
 }
 
 void PrintWaveLine(const WaveInput& wave) {

@@ -6,6 +6,8 @@
 
 namespace tremlo::cli {
 
+class Arguments;
+
 /// A wave file that a calculation can run on: samples there (blanks read as 0), time step a finite number
 /// above 0.
 struct WaveInput {
@@ -13,8 +15,14 @@ struct WaveInput {
   double timeStep = 0.0;    ///< s
   std::vector<double> acc;  ///< gal
 
-  /// False, with the line for standard error in `error`, when the file is not that.
-  bool Read(const QString& path, QString& error);
+  /// Reads a wave file of ours, or the record that the options `--component`, `--unit`, ... of the command
+  /// line choose; what is doubtful about it goes to standard error. Returns the exit status, and says on
+  /// standard error what is wrong.
+  int Read(const QString& path, const Arguments& arguments);
+
+ private:
+  /// A wave file of ours. False, with the line for standard error in `error`, when it is not sound.
+  bool ReadOwn(const QString& path, QString& error);
 };
 
 /// Prints a line about the wave.

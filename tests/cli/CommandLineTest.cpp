@@ -19,7 +19,8 @@ void ExpectUsageError(const QStringList& arguments) {
 TEST(CommandLine, HelpAndVersionStandEverywhere) {
   const QStringList commands[] = {{},          {"response"},       {"fourier"},         {"adjust"},
                                   {"tables"},  {"attenuate"},      {"distances"},       {"faults"},
-                                  {"project"}, {"project", "new"}, {"project", "show"}, {"project", "copy"}};
+                                  {"project"}, {"project", "new"}, {"project", "show"}, {"project", "copy"},
+                                  {"inspect"}};
   for (const QStringList& command : commands) {
     const CliResult help = RunCli(command + QStringList{"--help"});
     EXPECT_EQ(help.status, 0);

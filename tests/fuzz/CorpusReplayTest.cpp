@@ -18,9 +18,13 @@ struct Target {
 };
 
 constexpr Target kTargets[] = {
-    {"fuzz_wave_csv", fuzz::FuzzWaveCsv}, {"fuzz_tables", fuzz::FuzzTables},
-    {"fuzz_project", fuzz::FuzzProject},  {"fuzz_zone_map", fuzz::FuzzZoneMap},
+    {"fuzz_wave_csv", fuzz::FuzzWaveCsv},
+    {"fuzz_tables", fuzz::FuzzTables},
+    {"fuzz_project", fuzz::FuzzProject},
+    {"fuzz_zone_map", fuzz::FuzzZoneMap},
     {"fuzz_answer", fuzz::FuzzAnswer},
+    {"fuzz_record", fuzz::FuzzRecord},
+    {"fuzz_record_archive", fuzz::FuzzRecordArchive},
 };
 
 void PrintTo(const Target& target, std::ostream* out) {

@@ -17,17 +17,7 @@ namespace tremlo {
 
 namespace {
 
-constexpr qsizetype kLongestName = 260;
 constexpr qsizetype kLongestFileName = 200;  // in bytes; file systems take 255, endings included
-
-/// The text up to the first comma, at least one and at most 260 UTF-16 units. Returns the rest of the line
-/// behind it, from the comma on unless the name was cut.
-QString ScanName(const QString& line, QString& rest) {
-  const qsizetype comma = line.indexOf(u',');
-  const qsizetype length = std::min(comma < 0 ? line.size() : comma, kLongestName);
-  rest = line.mid(length);
-  return line.left(length);
-}
 
 QString CannotOpen(const QString& path) {
   return path + QStringLiteral("を開けません。（読み取りオープン）");
@@ -50,28 +40,6 @@ std::optional<QString> ReadWaveFile(const QString& path, QString& name, double& 
   return std::nullopt;
 }
 
-void ParseWave(const QByteArray& content, QString& name, double& timeStep, std::vector<double>& acc) {
-  const CsvText csv(content);
-  LineReader lines(csv.Text());
-  std::string_view line;
-  name.clear();
-  timeStep = 0.0;
-  acc.clear();
-  if (lines.Next(line)) {
-    QString rest;
-    name = ScanName(csv.Decode(line), rest);
-    const std::string numbers = rest.toStdString();
-    LineScanner scan(numbers);
-    if (!name.isEmpty() && scan.Literal(',')) scan.Number(timeStep);
-  }
-  double time = 0.0;
-  double sample = 0.0;
-  while (lines.Next(line)) {
-    ScanPair(line, time, sample);
-    acc.push_back(sample);
-  }
-}
-
 std::optional<QString> ReadSpectrumFile(const QString& path, QString& name, std::vector<double>& periods,
                                         std::vector<double>& values, std::size_t* pairs) {
   QByteArray content;
@@ -91,7 +59,7 @@ std::size_t ParseSpectrum(const QByteArray& content, QString& name, std::vector<
   values.clear();
   if (lines.Next(line)) {
     QString rest;
-    name = ScanName(csv.Decode(line), rest);
+    name = ScanWaveName(csv.Decode(line), rest);
   }
   double period = 0.0;
   double value = 0.0;

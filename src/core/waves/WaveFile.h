@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/files/WholeFile.h"
+#include "core/records/OwnWave.h"
 #include "core/waves/SeismicWaveSet.h"
 
 #include <QByteArray>
@@ -34,9 +35,8 @@ std::optional<QString> ReadSpectrumFile(const QString& path, QString& name, std:
 bool WriteCsv(const QString& path, const QString& name, double timeStep, const std::vector<double>& x,
               const std::vector<double>& y);
 
-/// What the two readers make of the content of a file; that of a spectrum returns the number of lines that
-/// held both numbers.
-void ParseWave(const QByteArray& content, QString& name, double& timeStep, std::vector<double>& acc);
+/// What the reader of a spectrum file makes of its content; returns the number of lines that held both
+/// numbers.
 std::size_t ParseSpectrum(const QByteArray& content, QString& name, std::vector<double>& periods,
                           std::vector<double>& values);
 
