@@ -13,7 +13,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent))
 from desktop import Desktop, wait_until  # noqa: E402
 from driver import ROLE, STATE, Atspi, states  # noqa: E402
 import route  # noqa: E402
-from route import NEW, ROOT, UNSAVED, tools  # noqa: E402
+from route import NEW, ROOT, UNSAVED, long_case, tools  # noqa: E402
 import site_file  # noqa: E402
 from site_file import SiteFile  # noqa: E402
 
@@ -619,9 +619,11 @@ class FieldRoute(route.Route):
     def test_the_zone_dialogs_keep_their_size(self):
         self.dialogs_keep_their_size("1")
 
+    @long_case
     def test_the_zone_dialogs_keep_their_size_at_scale_1_5(self):
         self.dialogs_keep_their_size("1.5")
 
+    @long_case
     def test_the_zone_dialogs_keep_their_size_at_scale_2(self):
         self.dialogs_keep_their_size("2")
 

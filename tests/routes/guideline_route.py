@@ -14,7 +14,7 @@ from hands import Bus, Keys, Pointer  # noqa: E402
 from road import *  # noqa: E402,F403
 import route  # noqa: E402
 from shown_project import ShownProject  # noqa: E402
-from route import tools  # noqa: E402
+from route import long_case, tools  # noqa: E402
 
 API, SETTINGS = "断層APIパラメータ設定", "波形調整設定"
 HAS_FAULTS = "既に断層データを取得済みですがよろしいですか？"
@@ -126,6 +126,7 @@ class GuidelineRoute(Road):
             self.expect_same(exported, out.read_bytes(), command)
         self.close(program, NO)
 
+    @long_case
     def test_the_whole_road_by_the_keyboard_alone(self):
         hands = self.begin_road(Keys)
         program = hands.program
@@ -239,6 +240,7 @@ class GuidelineRoute(Road):
                     self.assertEqual(again[step], shown[step], step)
         self.leave(hands.program)
 
+    @long_case
     def test_every_sitting_with_the_waves_goes_on_where_the_last_was_left(self):
         self.road_in_sittings(self.begin_road(Bus), 0, 3)
 
@@ -248,15 +250,19 @@ class GuidelineRoute(Road):
             work(hands)
         return hands
 
+    @long_case
     def test_every_sitting_with_the_faults_goes_on_where_the_last_was_left(self):
         self.road_in_sittings(self.road_up_to(3), 3, 5)
 
+    @long_case
     def test_every_sitting_with_the_base_goes_on_where_the_last_was_left(self):
         self.road_in_sittings(self.road_up_to(5), 5, 7)
 
+    @long_case
     def test_every_sitting_at_the_adjustment_goes_on_where_the_last_was_left(self):
         self.road_in_sittings(self.road_up_to(7), 7, 9)
 
+    @long_case
     def test_a_kill_at_any_step_loses_nothing_that_was_saved(self):
         hands = self.begin_road(Bus)
         project, pieces = self.desktop.folder / "road.trml", self.work()
@@ -343,6 +349,7 @@ class GuidelineRoute(Road):
         program.until(lambda: not program.dialogs(), "dialog closed")
         self.leave(program)
 
+    @long_case
     def test_the_settings_of_the_adjustment_on_the_way(self):
         hands = self.road_up_to(9)
         program = hands.program
@@ -364,6 +371,7 @@ class GuidelineRoute(Road):
         self.adjust(hands)  # again
         self.leave(program)
 
+    @long_case
     def test_new_and_open_on_the_way(self):
         hands = self.road_up_to(9)
         program, project = hands.program, self.desktop.folder / "road.trml"
@@ -430,6 +438,7 @@ class GuidelineRoute(Road):
         return [program.action_of(name) for name in
                 (route.NEW, route.OPEN, route.SAVE_AS, "アプリケーションの終了(X)", API, SETTINGS, "オンライン", *STEPS)]
 
+    @long_case
     def test_no_command_gets_in_front_of_an_acquisition_or_a_run(self):
         hands = self.road_up_to(3)
         program = hands.program
@@ -459,6 +468,7 @@ class GuidelineRoute(Road):
         self.assertTrue(program.title().startswith("無題"))
         self.leave(program)
 
+    @long_case
     def test_a_kill_in_an_acquisition_or_a_run_loses_nothing_that_was_saved(self):
         hands = self.road_up_to(3)
         project, program = self.desktop.folder / "road.trml", hands.program
@@ -485,6 +495,7 @@ class GuidelineRoute(Road):
         self.adjust_adopted(hands)
         self.leave(hands.program)
 
+    @long_case
     def test_a_failing_service_is_told_and_leaves_the_way_free(self):
         hands = self.road_up_to(3)
         program = hands.program
@@ -534,6 +545,7 @@ class GuidelineRoute(Road):
         groups = ({*KINDS}, {"現場位置に影響の大きい断層を取得", "探索範囲内の断層を取得"})
         return {name for group in groups if group & reached for name in group - reached}
 
+    @long_case
     def test_the_tab_key_goes_round_through_every_screen(self):
         hands = self.road_up_to(9)
         program = hands.program
@@ -545,6 +557,7 @@ class GuidelineRoute(Road):
                 self.expect_round(program, step)
         self.leave(program)
 
+    @long_case
     def test_no_key_changes_a_grid_of_switches(self):
         hands = self.road_up_to(9)
         program = hands.program
@@ -582,14 +595,17 @@ class GuidelineRoute(Road):
         program.screenshot(f"{name}_spectrum")
         self.leave(program)
 
+    @long_case
     def test_the_screens_at_scale_1_5(self):
         self.desktop.env["QT_SCALE_FACTOR"] = "1.5"
         self.screens_look("scale_1_5")
 
+    @long_case
     def test_the_screens_at_scale_2(self):
         self.desktop.env["QT_SCALE_FACTOR"] = "2"
         self.screens_look("scale_2")
 
+    @long_case
     def test_the_screens_on_a_dark_desktop(self):
         self.desktop.env["TREMLO_TEST_DARK"] = "1"
         self.screens_look("dark")

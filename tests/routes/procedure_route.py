@@ -11,7 +11,7 @@ from desktop import Desktop, wait_until  # noqa: E402
 from driver import ROLE, STATE, Atspi, states  # noqa: E402
 from xserver import XServer  # noqa: E402
 import route  # noqa: E402
-from route import NEW, OPEN, SAVE_AS, UNSAVED, tools  # noqa: E402
+from route import NEW, OPEN, SAVE_AS, UNSAVED, long_case, tools  # noqa: E402
 
 TOP = "指針に沿って解析波形を作成"
 FIELD, CHECK = "現場設定", "作業手順の確認"
@@ -245,6 +245,7 @@ class ProcedureRoute(route.Route):
         self.expect_states(program, *looks)
         self.save_and_reopen(program, SIX, looks)
 
+    @long_case
     def test_back_leads_to_the_question_before_and_start_again_to_the_first(self):
         program = self.start_questions()
         self.replies(program, (Q1, "YES"), (Q2, "YES"), (Q3, "YES"), (A1, "戻る"))
@@ -321,6 +322,7 @@ class ProcedureRoute(route.Route):
     def expect_frame(self, program, title, place):
         program.until(lambda: program.has_window(title) and program.frame(title)[:2] == place, f"{title} at {place}", 10)
 
+    @long_case
     def test_a_question_stands_where_the_last_was_left_through_ten_of_them(self):
         program = self.start_questions()
         # 1280 / 3, and (1024 / 3 * 3 - 1280 / 3) / 2
@@ -886,12 +888,15 @@ class ProcedureRoute(route.Route):
     def test_the_charts_at_scale_1(self):
         self.looks_at_scale("1")
 
+    @long_case
     def test_the_charts_at_scale_1_5(self):
         self.looks_at_scale("1.5")
 
+    @long_case
     def test_the_charts_at_scale_2(self):
         self.looks_at_scale("2")
 
+    @long_case
     def test_the_charts_on_a_dark_desktop(self):
         self.desktop.env["TREMLO_TEST_DARK"] = "1"
         program = self.start()

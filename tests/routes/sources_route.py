@@ -14,7 +14,7 @@ from driver import ROLE, STATE, states  # noqa: E402
 from xserver import XServer  # noqa: E402
 import project_file  # noqa: E402
 import route  # noqa: E402
-from route import NEW, OPEN, SAVE_AS  # noqa: E402
+from route import NEW, OPEN, SAVE_AS, long_case  # noqa: E402
 from source_steps import (  # noqa: E402
     ACQUIRE, BACK, BASE, CANCEL, DATA, FAULTS, FAULT_GRID, FIELD, GRAMMAR, LIMIT, METHOD, MODEL, NOTHING_OF,
     NO_MAIN_FAULT, OFFLINE_TEXT, OK, ONLINE, PARAMETERS, PLANE_GRID, RANGE, RANGE_EDIT, RANKING, REFER,
@@ -92,6 +92,7 @@ class SourcesRoute(SourceSteps):
         self.assertEqual((self.saved_project(program)["faults"], project_file.load(self.project)["searchRangeKm"]), ([], 0.0))
         self.finish(program)
 
+    @long_case
     def test_every_failure_is_told_in_its_words_and_leaves_a_list_that_holds(self):
         self.plant(faults=True)
         program = self.open_fault_screen()
@@ -212,6 +213,7 @@ class SourcesRoute(SourceSteps):
 
     # --- at a bad time
 
+    @long_case
     def test_nothing_gets_in_front_of_an_acquisition(self):
         self.plant(faults=True)
         program = self.open_fault_screen()
@@ -315,6 +317,7 @@ class SourcesRoute(SourceSteps):
     def range_text(self, program):
         return program.text(RANGE_EDIT)
 
+    @long_case
     def test_odd_entries_of_the_range(self):
         self.plant()
         program = self.open_fault_screen()
@@ -711,6 +714,7 @@ class SourcesRoute(SourceSteps):
         self.assertEqual(self.saved(program), before)
         self.finish(program)
 
+    @long_case
     def test_every_change_of_a_plane_that_is_the_base_asks_both_ways(self):
         self.plant(lambda project: self.choose_base(project, 2, 0), faults=True, waves=1)
         planted = self.project.read_bytes()

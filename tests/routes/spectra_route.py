@@ -12,7 +12,7 @@ from driver import ROLE  # noqa: E402
 from xserver import XServer  # noqa: E402
 import project_file  # noqa: E402
 import route  # noqa: E402
-from route import NEW  # noqa: E402
+from route import NEW, long_case  # noqa: E402
 from source_steps import (  # noqa: E402
     ACQUIRE, ADJUST, BASE, CANDIDATES, DAM_PERIOD, FAULTS, FIELD, LIMIT, METHOD, NEIGHBOURS, NO, NO_WAVES,
     OK, PARAMETERS, PLANE_GRID, REFER, RUNNING, SECOND, SHOW_ALL, SHOW_NONE, USE_ALL, USE_NONE, WAVES,
@@ -612,15 +612,19 @@ class SpectraRoute(SourceSteps):
             self.saved(program)
             self.close_unchanged(program)
 
+    @long_case
     def test_all_of_it_looks_as_it_should(self):
         self.look_at_all("plain")
 
+    @long_case
     def test_all_of_it_looks_as_it_should_at_scale_1_5(self):
         self.look_at_all("scale_1_5", 1.5)
 
+    @long_case
     def test_all_of_it_looks_as_it_should_at_scale_2(self):
         self.look_at_all("scale_2", 2)
 
+    @long_case
     def test_all_of_it_looks_as_it_should_in_the_dark(self):
         self.desktop.env["TREMLO_TEST_DARK"] = "1"
         self.look_at_all("dark")
