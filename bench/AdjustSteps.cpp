@@ -1,14 +1,12 @@
 // How long each step of the adjustment and of its result keeps the event loop from turning, with 20 waves of
 // 65,536 samples and their spectra of 32,768 periods. Prints a table.
 
-#include "BenchPlatform.h"
 #include "LongWave.h"
+#include "WalkSteps.h"
 #include "WindowDriver.h"
 #include "core/graphs/CurvePalette.h"
 #include "core/project/BaseSpectrum.h"
 #include "numeric/waves/ResponseSpectrum.h"
-#include "support/LocalService.h"
-#include "support/TestHome.h"
 #include "window/graphs/GraphView.h"
 #include "window/graphs/Spread7.h"
 
@@ -18,7 +16,6 @@
 namespace tremlo {
 namespace {
 
-constexpr std::size_t kRounds = 5;
 constexpr std::size_t kWaves = 20;
 
 /// A measurement counts only if the step has done its work.
@@ -134,13 +131,5 @@ void Road::Visualize() {
 }  // namespace tremlo
 
 int main(int argc, char* argv[]) {
-  const tremlo::test::TestHome home;
-  const tremlo::ProgramFolder folder;
-  tremlo::PaintOffscreenByDefault(folder.Path());
-  const QApplication application(argc, argv);
-  const tremlo::test::LocalService service;
-  tremlo::Road road(folder, service.Settings(QStringLiteral("https")));
-  for (std::size_t i = 0; i < tremlo::kRounds; ++i) road.Run();
-  road.Print();
-  return 0;
+  return tremlo::WalkSteps<tremlo::Road>(argc, argv);
 }

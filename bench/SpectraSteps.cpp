@@ -2,12 +2,10 @@
 // 3 planes, all in use, and three waves, of which one has 65,536 samples: 604 candidates for the base
 // spectrum. Prints a table.
 
-#include "BenchPlatform.h"
 #include "LongWave.h"
 #include "ManyFaults.h"
+#include "WalkSteps.h"
 #include "WindowDriver.h"
-#include "support/LocalService.h"
-#include "support/TestHome.h"
 #include "window/graphs/ExpEdit.h"
 #include "window/graphs/GraphView.h"
 #include "window/graphs/Spread7.h"
@@ -23,7 +21,6 @@
 namespace tremlo {
 namespace {
 
-constexpr std::size_t kRounds = 5;
 constexpr int kCandidates = 604;
 
 /// A measurement counts only if the step has done its work.
@@ -193,13 +190,5 @@ void Road::WalkCandidates() {
 }  // namespace tremlo
 
 int main(int argc, char* argv[]) {
-  const tremlo::test::TestHome home;
-  const tremlo::ProgramFolder folder;
-  tremlo::PaintOffscreenByDefault(folder.Path());
-  const QApplication application(argc, argv);
-  const tremlo::test::LocalService service;
-  tremlo::Road road(folder, service.Settings(QStringLiteral("https")));
-  for (std::size_t i = 0; i < tremlo::kRounds; ++i) road.Run();
-  road.Print();
-  return 0;
+  return tremlo::WalkSteps<tremlo::Road>(argc, argv);
 }

@@ -1,14 +1,12 @@
 // How long each step of the short route keeps the event loop from turning, with a wave of 65,536 samples and
 // a target of 32,768 periods. Prints a table.
 
-#include "BenchPlatform.h"
 #include "LongWave.h"
+#include "WalkSteps.h"
 #include "WindowDriver.h"
 #include "core/waves/WaveFile.h"
 #include "core/waves/WaveFileQuestion.h"
 #include "numeric/waves/ResponseSpectrum.h"
-#include "support/LocalService.h"
-#include "support/TestHome.h"
 #include "window/graphs/GraphView.h"
 #include "window/graphs/Spread7.h"
 #include "window/shell/DlgTop.h"
@@ -27,8 +25,6 @@
 
 namespace tremlo {
 namespace {
-
-constexpr std::size_t kRounds = 5;
 
 void WriteFiles(const ProgramFolder& folder) {
   const std::vector<double> acc = LongWave();
@@ -264,14 +260,5 @@ void Route::OpenDialogs() {
 }  // namespace tremlo
 
 int main(int argc, char* argv[]) {
-  const tremlo::test::TestHome home;
-  const tremlo::ProgramFolder folder;
-  tremlo::PaintOffscreenByDefault(folder.Path());
-  const QApplication application(argc, argv);
-  const tremlo::test::LocalService service;
-  tremlo::WriteFiles(folder);
-  tremlo::Route route(folder, service.Settings(QStringLiteral("https")));
-  for (std::size_t i = 0; i < tremlo::kRounds; ++i) route.Run();
-  route.Print();
-  return 0;
+  return tremlo::WalkSteps<tremlo::Route>(argc, argv, tremlo::WriteFiles);
 }
