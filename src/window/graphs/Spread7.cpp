@@ -5,6 +5,7 @@
 #include "core/graphs/GridPaste.h"
 #include "core/graphs/GridTable.h"
 #include "window/graphs/BgrColor.h"
+#include "window/graphs/CommandGate.h"
 #include "window/graphs/EntryGate.h"
 #include "window/graphs/GridAccess.h"
 #include "window/graphs/GridModel.h"
@@ -376,14 +377,15 @@ bool CSpread7::ApplyEdit(int row, int column, const QString& text) {
 
 bool CSpread7::TakeFromOutside(int row, int column, const QString& text) {
   if (!isEnabled() || IsBehindModalWindow(this)) return false;
-  const bool check = Data().Format(row, column).type == CellType::Check;
-  if (check)
-    Post([=, this] {
-      PressCheckCell(row, column, text == QStringLiteral("1"));
-      return true;
-    });
-  else
+  if (Data().Format(row, column).type != CellType::Check) {
     Post([=, this] { return ApplyEdit(row, column, text); });
+    return true;
+  }
+  // Not among the entries: as a command it takes those first.
+  const auto press = [=, this] {
+    if (isEnabled() && MayAct()) PressCheckCell(row, column, text == QStringLiteral("1"));
+  };
+  QMetaObject::invokeMethod(this, press, Qt::QueuedConnection);
   return true;
 }
 
@@ -410,13 +412,24 @@ bool CSpread7::PressCell(const QModelIndex& index) {
 void CSpread7::PressCheckCell(int row, int column, bool checked) {
   const bool locked = Data().Format(row, column).locked;
   if (locked || checked == GetCheck(row, column)) return;
-  if (ApplyEdit(row, column, checked ? QStringLiteral("1") : QStringLiteral("0")))
-    Q_EMIT CellClicked(row, column);
+  RunCommand([=, this] {
+    if (ApplyEdit(row, column, checked ? QStringLiteral("1") : QStringLiteral("0")))
+      Q_EMIT CellClicked(row, column);
+  });
 }
 
 void CSpread7::PressColorCell(int row, int column) {
-  if (const auto chosen = m_chooseColor(window(), GetCellColor(row, column)))
-    ApplyEdit(row, column, ColorToText(*chosen));
+  RunCommand([=, this] {
+    if (const auto chosen = m_chooseColor(window(), GetCellColor(row, column)))
+      ApplyEdit(row, column, ColorToText(*chosen));
+  });
+}
+
+void CSpread7::RunCommand(const std::function<void()>& command) {
+  if (m_commands)
+    m_commands->Run(command);
+  else
+    command();
 }
 
 void CSpread7::ShowRow(int row, int column) {

@@ -17,6 +17,7 @@ class QMenu;
 
 namespace tremlo {
 
+class CommandGate;
 class EntryGate;
 class GridModel;
 class GridTable;
@@ -52,6 +53,9 @@ class CSpread7 : public QTableView {
   static std::optional<std::int32_t> ChooseColorInDialog(QWidget* parent, std::int32_t color);
   void SetColorChooser(ColorChooser chooser) { m_chooseColor = std::move(chooser); }
   void SetShowWarning(ShowWarning show) { m_show = std::move(show); }
+  /// On a screen a check or colour cell is a switch: pressing one is a command of the program. The gate
+  /// outlives the grid.
+  void SetCommandGate(CommandGate& gate) { m_commands = &gate; }
 
   /// Shows other data, or with null its own table. They live as long as they are shown.
   void SetData(std::shared_ptr<GridData> shown);
@@ -151,6 +155,7 @@ class CSpread7 : public QTableView {
   void ShowHeaderTip(const QHeaderView& header, const QHelpEvent& event);
   /// Toggles, colours or opens the cell if it is one that a click or key presses.
   bool PressCell(const QModelIndex& index);
+  void RunCommand(const std::function<void()>& command);
   void PressCheckCell(int row, int column, bool checked);
   void PressColorCell(int row, int column);
   bool TakeFromOutside(int row, int column, const QString& text);
@@ -173,6 +178,7 @@ class CSpread7 : public QTableView {
   GridModel* m_model;
   GridDelegate* m_delegate;
   EntryGate* m_gate;
+  CommandGate* m_commands = nullptr;
   QMenu* m_menu;
   Guard m_guard;
   ColorChooser m_chooseColor;

@@ -52,6 +52,7 @@ void CFrmBaseSpectrum::MakeGrid(Prompt& prompt) {
   m_grid = Named(new CSpread7(this), "candidateGrid", QStringLiteral("基準スペクトルの候補"));
   m_grid->SetMenu(CSpread7::Menu::ReadOnly);
   m_grid->SetShowWarning(WarningsBy(prompt));
+  m_grid->SetCommandGate(m_gate);
   m_grid->SetData(m_rows);
   m_grid->verticalHeader()->hide();
   for (int column = 1; column <= m_grid->ColumnCount(); ++column)

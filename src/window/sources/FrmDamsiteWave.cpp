@@ -39,6 +39,7 @@ void CFrmDamsiteWave::MakeGrid(Prompt& prompt) {
   m_grid = Named(new CSpread7(this), "waveGrid", QStringLiteral("登録した地震波形"));
   m_grid->SetMenu(CSpread7::Menu::ReadOnly);
   m_grid->SetShowWarning(WarningsBy(prompt));
+  m_grid->SetCommandGate(m_gate);
   m_grid->SetData(m_rows);
   m_grid->setFixedWidth(kGridWidth);
   m_grid->verticalHeader()->hide();

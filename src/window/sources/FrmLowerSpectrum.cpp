@@ -39,16 +39,17 @@ CFrmLowerSpectrum::CFrmLowerSpectrum(CMorvaneDoc& doc, Prompt& prompt, ChangeRul
       m_infoButton(new InfoButton("infoButton", QStringLiteral("下限スペクトルについて"), kInformation,
                                   prompt, gate, this)) {
   setAccessibleName(QStringLiteral("下限スペクトル"));
-  MakeGrid(prompt, rules);
+  MakeGrid(prompt, rules, gate);
   MakeGraphPanel(gate);
   LayOut();
   Refresh();
 }
 
-void CFrmLowerSpectrum::MakeGrid(Prompt& prompt, ChangeRules& rules) {
+void CFrmLowerSpectrum::MakeGrid(Prompt& prompt, ChangeRules& rules, CommandGate& gate) {
   m_limitGrid = Named(new CSpread7(this), "limitGrid", {});
   m_limitGrid->SetMenu(CSpread7::Menu::ReadOnly);
   m_limitGrid->SetShowWarning(WarningsBy(prompt));
+  m_limitGrid->SetCommandGate(gate);
   m_limitGrid->SetData(std::make_shared<LowerLimitRows>(m_doc, rules));
   m_limitGrid->verticalHeader()->hide();
   FitColumn(*m_limitGrid, kNumber, 4);

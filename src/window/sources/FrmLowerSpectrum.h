@@ -25,7 +25,7 @@ class CFrmLowerSpectrum : public Screen {
   void Refresh() override;
 
  private:
-  void MakeGrid(Prompt& prompt, ChangeRules& rules);
+  void MakeGrid(Prompt& prompt, ChangeRules& rules, CommandGate& gate);
   void MakeGraphPanel(CommandGate& gate);
   void LayOut();
   std::unique_ptr<CDrawGraph> MakeGraph() const;

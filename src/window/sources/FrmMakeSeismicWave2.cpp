@@ -66,6 +66,7 @@ void CFrmMakeSeismicWave2::MakeRelationGrid(Prompt& prompt, ChangeRules& rules) 
   m_relationGrid = Named(new CSpread7(this), "relationGrid", QStringLiteral("距離減衰式"));
   m_relationGrid->SetMenu(CSpread7::Menu::ReadOnly);
   m_relationGrid->SetShowWarning(WarningsBy(prompt));
+  m_relationGrid->SetCommandGate(m_gate);
   m_relationGrid->SetData(rows);
   m_relationGrid->verticalHeader()->hide();
   const QFontMetrics metrics = fontMetrics();
@@ -83,6 +84,7 @@ void CFrmMakeSeismicWave2::MakePlaneGrid(Prompt& prompt, ChangeRules& rules) {
   m_planeGrid = Named(new CSpread7(this), "planeGrid", QStringLiteral("断層面"));
   m_planeGrid->SetMenu(CSpread7::Menu::ReadOnly);
   m_planeGrid->SetShowWarning(WarningsBy(prompt));
+  m_planeGrid->SetCommandGate(m_gate);
   m_planeGrid->SetData(m_planes);
   m_planeGrid->verticalHeader()->hide();
   for (const auto& [column, digits] : kPlaneDigits) FitColumn(*m_planeGrid, column, digits);

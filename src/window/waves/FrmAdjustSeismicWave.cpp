@@ -5,6 +5,7 @@
 #include "window/graphs/CommandGate.h"
 #include "window/graphs/DlgGraphEditBaseSpec.h"
 #include "window/graphs/DrawFreqAccSpec.h"
+#include "window/graphs/GridSize.h"
 #include "window/graphs/InfoButton.h"
 #include "window/graphs/NamedControl.h"
 #include "window/graphs/Spread7.h"
@@ -25,29 +26,6 @@ namespace {
 constexpr int kLeastRows = 3;
 constexpr int kMostRows = 7;  // the others are scrolled to, and the graph keeps its room
 constexpr int kCellPadding = 16;
-
-/// Rows whose cells are switches: what the user gives one is a command of the program.
-template <class Rows>
-class CommandRows : public Rows {
- public:
-  template <class... Arguments>
-  explicit CommandRows(CommandGate& gate, Arguments&&... arguments)
-      : Rows(std::forward<Arguments>(arguments)...), m_gate(gate) {}
-
- protected:
-  void Take(int row, int column, const QString& text) override {
-    m_gate.Run([&] { Rows::Take(row, column, text); });
-  }
-
- private:
-  CommandGate& m_gate;
-};
-
-/// Room for so many rows, no more.
-void FitHeight(CSpread7& grid, int rows) {
-  grid.setFixedHeight(grid.horizontalHeader()->sizeHint().height() +
-                      rows * grid.verticalHeader()->defaultSectionSize() + 2 * grid.frameWidth());
-}
 
 int WidthOf(const CSpread7& grid, const QString& text) {
   return grid.fontMetrics().horizontalAdvance(text) + kCellPadding;
@@ -97,14 +75,15 @@ void CFrmAdjustSeismicWave::MakeGrids(ChangeRules& rules, Prompt& prompt, Adjust
   const auto make = [this](const char* objectName, const QString& name) {
     auto* const grid = Named(new CSpread7(this), objectName, name);
     grid->SetMenu(CSpread7::Menu::ReadOnly);
+    grid->SetCommandGate(m_gate);
     grid->verticalHeader()->hide();
     connect(grid, &CSpread7::Changed, this, &CFrmAdjustSeismicWave::Refresh);
     return grid;
   };
   m_baseGrid = make("baseGrid", QStringLiteral("基準スペクトル"));
-  m_baseGrid->SetData(std::make_shared<CommandRows<AdjustBaseRow>>(m_gate, m_doc));
+  m_baseGrid->SetData(std::make_shared<AdjustBaseRow>(m_doc));
   m_waveGrid = make("waveGrid", QStringLiteral("原種波形"));
-  m_waves = std::make_shared<CommandRows<AdjustRows>>(m_gate, m_doc, rules, prompt, std::move(run));
+  m_waves = std::make_shared<AdjustRows>(m_doc, rules, prompt, std::move(run));
   m_waveGrid->SetData(m_waves);
   m_waveGrid->SetColorChooser(
       [this](QWidget* parent, std::int32_t color) { return ChooseColor(parent, color); });
@@ -117,8 +96,7 @@ void CFrmAdjustSeismicWave::MakeGrids(ChangeRules& rules, Prompt& prompt, Adjust
   set(*m_baseGrid, {widths.source, widths.source, widths.area, widths.maximum, widths.check});
   set(*m_waveGrid, {widths.number, widths.source, widths.area, widths.maximum, widths.check, widths.check,
                     widths.check, widths.check});
-  m_baseGrid->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  FitHeight(*m_baseGrid, 1);
+  FitRows(*m_baseGrid);
 }
 
 void CFrmAdjustSeismicWave::MakeGraphPanel() {
@@ -155,7 +133,7 @@ void CFrmAdjustSeismicWave::Refresh() {
   const bool any = !m_doc.seedWaves.IsEmpty();
   m_baseGrid->Refresh();
   m_waveGrid->Refresh();
-  FitHeight(*m_waveGrid, std::clamp(m_waves->RowCount(), kLeastRows, kMostRows));
+  m_waveGrid->setFixedHeight(HeightOf(*m_waveGrid, std::clamp(m_waves->RowCount(), kLeastRows, kMostRows)));
   m_showAllButton->setEnabled(any);
   m_hideAllButton->setEnabled(any);
   m_graphPanel->Refresh();
@@ -169,8 +147,7 @@ void CFrmAdjustSeismicWave::ShowAll(bool shown) {
 
 std::optional<std::int32_t> CFrmAdjustSeismicWave::ChooseColor(QWidget* parent, std::int32_t color) {
   const std::uint64_t generation = m_doc.Generation();
-  std::optional<std::int32_t> chosen;
-  m_gate.Run([&] { chosen = CSpread7::ChooseColorInDialog(parent, color); });
+  const std::optional<std::int32_t> chosen = CSpread7::ChooseColorInDialog(parent, color);
   return m_doc.Generation() == generation ? chosen : std::nullopt;
 }
 

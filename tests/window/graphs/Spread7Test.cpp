@@ -1,5 +1,7 @@
 #include "core/graphs/GridTable.h"
 #include "core/graphs/NumberRows.h"
+#include "support/ScriptedPrompt.h"
+#include "window/graphs/CommandGate.h"
 #include "window/graphs/Spread7.h"
 
 #include <QAccessible>
@@ -1616,6 +1618,55 @@ TEST_F(MixedGridTest, TheAccessibleActionOfACheckCellIsAClick) {
   Settle();
   EXPECT_FALSE(grid.GetCheck(2, 4));
   EXPECT_EQ(clicked.size(), 2U);
+}
+
+TEST_F(MixedGridTest, PressedSwitchesAreCommandsWhereTheGridHasAGate) {
+  test::ScriptedPrompt prompt;
+  CommandGate gate(prompt);
+  grid.SetCommandGate(gate);
+  int dialogs = 0;
+  grid.SetColorChooser([&](QWidget*, std::int32_t) {
+    ++dialogs;
+    return std::optional<std::int32_t>(0x00FF00);
+  });
+  Show();
+  QAccessibleTableInterface* const table = QAccessible::queryAccessibleInterface(&grid)->tableInterface();
+  const auto press = [&](int row, int column) {
+    table->cellAt(row - 1, column - 1)
+        ->actionInterface()
+        ->doAction(QAccessibleActionInterface::pressAction());
+  };
+  // Two that arrive together are two commands, one after the other.
+  press(1, 4);
+  press(2, 4);
+  press(1, 5);
+  Settle();
+  EXPECT_TRUE(grid.GetCheck(1, 4));
+  EXPECT_TRUE(grid.GetCheck(2, 4));
+  EXPECT_EQ(grid.GetCellColor(1, 5), 0x00FF00);
+  EXPECT_EQ(dialogs, 1);
+
+  changed.clear();
+  ASSERT_TRUE(gate.Run([&] {
+    press(1, 4);
+    Click(2, 4);
+    Click(1, 5);
+    grid.SelectCell(2, 4);
+    Key(Qt::Key_Space);
+  }));
+  EXPECT_TRUE(grid.GetCheck(1, 4));
+  EXPECT_TRUE(grid.GetCheck(2, 4));
+  EXPECT_EQ(dialogs, 1);
+  EXPECT_THAT(changed, IsEmpty());
+
+  // A command takes the open entry first.
+  grid.SelectCell(1, 1);
+  Type("dam");
+  ASSERT_TRUE(Editor());
+  press(1, 4);
+  Settle();
+  EXPECT_EQ(grid.GetCellText(1, 1), QStringLiteral("dam"));
+  EXPECT_FALSE(grid.GetCheck(1, 4));
 }
 
 TEST_F(MixedGridTest, EditorsAndMenuHaveNames) {

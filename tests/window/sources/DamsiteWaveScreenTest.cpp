@@ -294,5 +294,22 @@ TEST_F(DamsiteWaveScreen, TheTabKeyFollowsTheReadingOrder) {
                           "infoButton", "graph", "copyButton", "settingsButton"));
 }
 
+// --- Commands ---
+
+TEST_F(DamsiteWaveScreen, ASwitchThatIsPressedWithinACommandDoesNothing) {
+  EnterThree();
+  int asked = 0;
+  driver->Grid(kGrid).SetColorChooser([&](QWidget*, std::int32_t) {
+    ++asked;
+    return std::optional<std::int32_t>();
+  });
+  ExpectNoChange([&] {
+    EXPECT_TRUE(gate.Run([&] {
+      for (const int column : {kColor, kShown, kUse}) driver->Click(kGrid, 1, column);
+    }));
+  });
+  EXPECT_EQ(asked, 0);
+}
+
 }  // namespace
 }  // namespace tremlo::test

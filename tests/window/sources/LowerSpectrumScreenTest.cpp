@@ -295,5 +295,11 @@ TEST_F(LowerSpectrumScreen, TheLongNamesHaveTheirRoom) {
   KeepPicture("lower-small");
 }
 
+TEST_F(LowerSpectrumScreen, AClickWithinACommandSelectsNothing) {
+  Open();
+  ExpectUnchanged([&] { EXPECT_TRUE(gate->Run([&] { Click(2); })); });
+  EXPECT_THAT(Marks(), ElementsAre("1", "0", "0"));
+}
+
 }  // namespace
 }  // namespace tremlo::test

@@ -720,5 +720,21 @@ TEST_F(FaultSpectraScreen, ButtonsAndTitlesHaveTheirRoom) {
   KeepPicture("fault-spectra-small");
 }
 
+TEST_F(FaultSpectraScreen, ASwitchThatIsPressedWithinACommandDoesNothing) {
+  Open();
+  int asked = 0;
+  driver->Grid("planeGrid").SetColorChooser([&](QWidget*, std::int32_t) {
+    ++asked;
+    return std::optional<std::int32_t>();
+  });
+  ExpectUnchanged([&] {
+    EXPECT_TRUE(gate->Run([&] {
+      for (const int column : {kColor, kShown, kUse}) driver->Click("planeGrid", 1, column);
+      driver->Click("relationGrid", 2, 2);
+    }));
+  });
+  EXPECT_EQ(asked, 0);
+}
+
 }  // namespace
 }  // namespace tremlo::test
