@@ -8,6 +8,7 @@
 #include "core/project/ProjectFile.h"
 #include "support/LocalService.h"
 #include "support/TestHome.h"
+#include "window/graphs/Screen.h"
 #include "window/shell/DlgTop.h"
 #include "window/shell/MorvaneApp.h"
 
@@ -25,7 +26,7 @@ namespace {
 
 constexpr char kWindowWord[] = "--window";
 constexpr int kPatienceMs = 60000;
-constexpr int kProbes = 4;  ///< requests of one start
+constexpr int kProbes = 4;  ///< requests of one start, before those of the first screen for its map
 
 /// Presses OK on the top screen once it is painted, and ends the program once its first screen is.
 class FirstPaint : public QObject {
@@ -34,7 +35,7 @@ class FirstPaint : public QObject {
     if (event->type() != QEvent::Paint) return false;
     if (watched->objectName() == u"dlgTop") {
       QTimer::singleShot(0, watched, [top = static_cast<QDialog*>(watched)] { top->accept(); });
-    } else if (watched->objectName() == u"graph") {
+    } else if (dynamic_cast<Screen*>(watched)) {
       // Behind all that the showing of the window has left to the event loop.
       QTimer::singleShot(0, qApp, [] {
         std::puts("ready");
@@ -84,8 +85,8 @@ void Start(benchmark::State& state, bool withFile) {
                     service.CertificateFile()};
   if (withFile) words << ProjectWithLongWave(folder);
   double longest = 0.0;
-  qsizetype probes = 0;
   for (auto _ : state) {
+    const qsizetype requests = service.Paths().size();
     QProcess program;
     program.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     QElapsedTimer clock;
@@ -94,8 +95,7 @@ void Start(benchmark::State& state, bool withFile) {
     const bool ready = program.waitForReadyRead(kPatienceMs) && program.readLine() == "ready\n";
     const double seconds = static_cast<double>(clock.nsecsElapsed()) * 1e-9;
     program.waitForFinished(kPatienceMs);
-    probes += kProbes;
-    if (!ready || program.exitCode() != 0 || service.Paths().size() != probes) {
+    if (!ready || program.exitCode() != 0 || service.Paths().size() < requests + kProbes) {
       state.SkipWithError("the window did not come up");
       return;
     }

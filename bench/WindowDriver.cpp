@@ -48,6 +48,12 @@ WindowDriver::WindowDriver(const ProgramFolder& folder, const ServiceSettings& s
   m_steps.Settle();
 }
 
+void WindowDriver::Do(const char* step, const std::function<void()>& act, StepKind kind) {
+  m_steps.Do(step, act, kind);
+  // As a window manager does when a dialog has gone: without it no control has the focus any more.
+  if (!QApplication::activeWindow()) Frame().activateWindow();
+}
+
 void WindowDriver::DoWithDialog(const char* step, const std::function<void()>& open,
                                 const std::function<void(QWidget*)>& inDialog) {
   const int painted = StepTable::kTickMs * StepTable::kTicksToPaint;
@@ -55,7 +61,6 @@ void WindowDriver::DoWithDialog(const char* step, const std::function<void()>& o
   QTimer::singleShot(2 * painted, &Frame(),
                      [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
   Do(step, open);
-  Frame().activateWindow();  // as a window manager does
 }
 
 void WindowDriver::Click(QWidget& control) {

@@ -16,9 +16,7 @@ class WindowDriver {
   WindowDriver(const ProgramFolder& folder, const ServiceSettings& services,
                TopChoice route = TopChoice::ResponseRoute);
 
-  void Do(const char* step, const std::function<void()>& act, StepKind kind = StepKind::Plain) {
-    m_steps.Do(step, act, kind);
-  }
+  void Do(const char* step, const std::function<void()>& act, StepKind kind = StepKind::Plain);
   /// The same for an action that opens a dialog: `inDialog` acts on it once it is painted, then Esc closes
   /// it.
   void DoWithDialog(const char* step, const std::function<void()>& open,
