@@ -12,10 +12,13 @@
 #include <QToolTip>
 
 #include <algorithm>
+#include <numeric>
 
 namespace tremlo {
 
 namespace {
+
+constexpr int kLeading = 2;  // the lines are read across
 
 /// The title, then the figures.
 QStringList PartsOf(const FiguresLine& line) {
@@ -49,7 +52,6 @@ void FiguresLabel::TellWave(const CSeismicWave* wave) {
 }
 
 std::vector<int> FiguresLabel::Edges() const {
-  const int gap = fontMetrics().horizontalAdvance(u'0') * 4 / 3;
   std::vector<int> widths;
   for (const FiguresLine& line : m_lines) {
     const QStringList parts = PartsOf(line);
@@ -57,10 +59,23 @@ std::vector<int> FiguresLabel::Edges() const {
     for (std::size_t i = 0; i < widths.size(); ++i)
       widths[i] = std::max(widths[i], fontMetrics().horizontalAdvance(parts[static_cast<qsizetype>(i)]));
   }
+  if (widths.empty()) return {0};
+  const int digit = fontMetrics().horizontalAdvance(u'0');
+  const int gaps = static_cast<int>(widths.size()) - 1;
+  const int spare = contentsRect().width() - std::accumulate(widths.begin(), widths.end(), 0);
+  const int gap = std::clamp(spare / gaps, digit * 4 / 3, digit * 3);
   std::vector<int> edges{0};
   for (const int width : widths) edges.push_back(edges.back() + width + gap);
   edges.back() -= gap;
   return edges;
+}
+
+int FiguresLabel::LineHeight() const {
+  return fontMetrics().lineSpacing() + kLeading;
+}
+
+QSize FiguresLabel::sizeHint() const {
+  return {QLabel::sizeHint().width(), static_cast<int>(m_lines.size()) * LineHeight()};
 }
 
 bool FiguresLabel::IsElided() const {
@@ -99,7 +114,7 @@ void FiguresLabel::paintEvent(QPaintEvent*) {
   QRect room = contentsRect();
   for (const FiguresLine& line : m_lines) {
     PaintLine(painter, room, PartsOf(line), edges);
-    room.translate(0, fontMetrics().lineSpacing());
+    room.translate(0, LineHeight());
   }
   if (!hasFocus()) return;
   QStyleOptionFocusRect option;

@@ -21,9 +21,11 @@ class FiguresLabel : public QLabel {
   void TellWave(const CSeismicWave* wave);
 
   /// Left edges of the titles and of each figure behind them, pixels from the left of the text; the last one
-  /// is the end of the lines.
+  /// is the end of the lines. What room there is parts the figures.
   std::vector<int> Edges() const;
   bool IsElided() const;
+
+  QSize sizeHint() const override;
 
  protected:
   bool event(QEvent* event) override;
@@ -35,6 +37,7 @@ class FiguresLabel : public QLabel {
   void PaintLine(QPainter& painter, const QRect& room, const QStringList& parts,
                  const std::vector<int>& edges) const;
   void TellDefinition(const QHelpEvent& pointer);
+  int LineHeight() const;
   QString TipOf(std::size_t figure) const;
   void Copy() const;
 

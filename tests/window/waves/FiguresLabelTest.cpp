@@ -97,8 +97,21 @@ TEST_F(FiguresLabelTest, TheSameFiguresStandBelowEachOther) {
 
 TEST_F(FiguresLabelTest, IsShownInFullBesideTheStepsOfAWindowOf1200Pixels) {
   Widen(986);
-  EXPECT_FALSE(label.IsElided());
-  EXPECT_NEAR(PaintedWidth(), label.Edges().back(), 12);
+  for (const double size : {1.0, 10.0, 0.01}) {  // the largest records, and those that are far away
+    CSeismicWave sized = wave;
+    for (double& a : sized.acc) a *= size;
+    label.TellWave(&sized);
+    EXPECT_FALSE(label.IsElided()) << label.text().toStdString();
+    EXPECT_NEAR(PaintedWidth(), label.Edges().back(), 12);
+  }
+}
+
+TEST_F(FiguresLabelTest, MoreRoomPartsTheFigures) {
+  Widen(label.Edges().back());
+  const std::vector<int> close = label.Edges();
+  Widen(1400);
+  EXPECT_GT(label.Edges()[7] - close[7], 7 * 3);
+  EXPECT_LT(label.Edges().back(), 1200) << "they are one line, not columns of a table";
 }
 
 TEST_F(FiguresLabelTest, EndsInAnEllipsisWhereItIsTooNarrow) {
