@@ -25,9 +25,10 @@ ReportSection ServiceSection(const CMorvaneDoc& doc) {
         CatastropheWeightLabel(set.catastropheWeight)}}));
   const QString asked = LastAcquisitionLine(doc);
   section.blocks.emplace_back(
-      asked.isEmpty() ? QStringLiteral("上は保存されている設定です。プロジェクトファイルは、断層データを取得した"
-                                       "ときの設定を別には保存しません。")
-                      : asked);
+      asked.isEmpty()
+          ? QStringLiteral("上は保存されている設定です。プロジェクトファイルは、断層データを取得した"
+                           "ときの設定を別には保存しません。")
+          : asked);
   return section;
 }
 
@@ -44,11 +45,12 @@ ReportSection TableSection(const ReportFacts& facts) {
 
 ReportSection ProgramSection(const ReportFacts& facts) {
   ReportSection section{QStringLiteral("付録　プログラムとファイル"), {}};
-  section.blocks.emplace_back(PropertyTable(
-      {}, {{QStringLiteral("プログラム"), QStringLiteral("Tremlo ") + AboutVersionText(kVersionMajor, kVersionMinor)},
-           {QStringLiteral("プロジェクト"), facts.projectName},
-           {QStringLiteral("プロジェクトの SHA-256"), facts.projectHash},
-           {QStringLiteral("調整後波形のファイルの SHA-256"), facts.waveHash}}));
+  section.blocks.emplace_back(
+      PropertyTable({}, {{QStringLiteral("プログラム"),
+                          QStringLiteral("Tremlo ") + AboutVersionText(kVersionMajor, kVersionMinor)},
+                         {QStringLiteral("プロジェクト"), facts.projectName},
+                         {QStringLiteral("プロジェクトの SHA-256"), facts.projectHash},
+                         {QStringLiteral("調整後波形のファイルの SHA-256"), facts.waveHash}}));
   if (facts.unsaved)
     section.blocks.emplace_back(QStringLiteral(
         "プロジェクトは保存されていません。SHA-256 は、この内容のまま保存したファイルのものです。"));

@@ -58,8 +58,8 @@ std::vector<ReportSection> FaultSections(const CMorvaneDoc& doc) {
   faults.blocks.emplace_back(TableOf(QStringLiteral("断層と距離"), FaultRows(doc, doc.faultAcquireMode)));
   ReportSection spectra{QStringLiteral("距離減衰式による応答スペクトル"), {}};
   spectra.blocks.emplace_back(PropertyTable({}, {{QStringLiteral("距離減衰式"), doc.attenuationMethod}}));
-  spectra.blocks.emplace_back(
-      ReportFigure{ReportPicture::FaultSpectra, QStringLiteral("断層面の加速度応答スペクトル（減衰定数 5 %）")});
+  spectra.blocks.emplace_back(ReportFigure{ReportPicture::FaultSpectra,
+                                           QStringLiteral("断層面の加速度応答スペクトル（減衰定数 5 %）")});
   ReportTable planes = PlaneTable(doc);
   planes.title = QStringLiteral("断層面の応答スペクトル");
   spectra.blocks.emplace_back(std::move(planes));

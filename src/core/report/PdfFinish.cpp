@@ -2,6 +2,8 @@
 
 #include <QRegularExpression>
 
+#include <algorithm>
+
 namespace tremlo {
 
 namespace {
@@ -29,8 +31,8 @@ std::optional<int> NumberBehind(const QByteArray& bytes, const QByteArray& key) 
 std::optional<std::vector<qsizetype>> ObjectStarts(const QByteArray& pdf, qsizetype start) {
   constexpr qsizetype kEntry = 20;  // bytes, fixed by the format
   const QByteArray table = pdf.mid(start);
-  const QRegularExpressionMatch heading = QRegularExpression(QStringLiteral("^xref\\s+0 (\\d+)\\s+"))
-                                              .match(QString::fromLatin1(table.left(40)));
+  const QRegularExpressionMatch heading =
+      QRegularExpression(QStringLiteral("^xref\\s+0 (\\d+)\\s+")).match(QString::fromLatin1(table.left(40)));
   const qsizetype count = heading.captured(1).toLongLong(), first = heading.capturedLength();
   if (!heading.hasMatch() || table.size() < first + count * kEntry) return std::nullopt;
   std::vector<qsizetype> starts;
@@ -56,7 +58,9 @@ std::optional<PdfFile> ReadPdf(const QByteArray& pdf) {
   std::vector<qsizetype> ends = *starts;
   ends.push_back(*xref);
   std::sort(ends.begin(), ends.end());
-  PdfFile file{.info = *info, .catalogue = *root};
+  PdfFile file;
+  file.info = *info;
+  file.catalogue = *root;
   for (int i = 0; i < count; ++i) {
     const qsizetype at = (*starts)[static_cast<std::size_t>(i)];
     file.objects.push_back(i == 0 ? QByteArray()
@@ -73,8 +77,7 @@ std::vector<int> PagesOf(const PdfFile& file) {
   const auto tree = NumberBehind(file.objects[static_cast<std::size_t>(file.catalogue)], "/Pages");
   if (!tree || *tree <= 0 || *tree >= static_cast<int>(file.objects.size())) return pages;
   const QString text = QString::fromLatin1(file.objects[static_cast<std::size_t>(*tree)]);
-  const QString kids =
-      QRegularExpression(QStringLiteral("/Kids\\s*\\[([^\\]]*)\\]")).match(text).captured(1);
+  const QString kids = QRegularExpression(QStringLiteral("/Kids\\s*\\[([^\\]]*)\\]")).match(text).captured(1);
   static const QRegularExpression reference(QStringLiteral("(\\d+) 0 R"));
   for (auto match = reference.globalMatch(kids); match.hasNext();)
     pages.push_back(match.next().captured(1).toInt());

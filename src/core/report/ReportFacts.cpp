@@ -37,7 +37,8 @@ std::vector<TableOrigin> OriginsOf(const QString& programFolder) {
     const bool sample = std::find(samples.begin(), samples.end(), name) != samples.end();
     for (const TableFile& file : ListTableFiles(programFolder, name)) {
       QByteArray content;
-      origins.push_back({file.shown, ReadWholeFile(file.path, content) ? HashOf(content) : QString(), sample});
+      origins.push_back(
+          {file.shown, ReadWholeFile(file.path, content) ? HashOf(content) : QString(), sample});
     }
   }
   return origins;

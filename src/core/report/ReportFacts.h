@@ -20,10 +20,10 @@ struct TableOrigin {
 /// What a report tells beside what the document holds.
 struct ReportFacts {
   QDate date;
-  QString projectName;  ///< the file's, "無題" for an unnamed project
-  QString projectHash;  ///< SHA-256 of the project's bytes as they would be saved now
-  bool unsaved = false; ///< they are not those of a file
-  QString waveHash;     ///< SHA-256 of the adjusted wave's file as "可視化" exports it
+  QString projectName;   ///< the file's, "無題" for an unnamed project
+  QString projectHash;   ///< SHA-256 of the project's bytes as they would be saved now
+  bool unsaved = false;  ///< they are not those of a file
+  QString waveHash;      ///< SHA-256 of the adjusted wave's file as "可視化" exports it
   std::vector<TableOrigin> tables;
   bool sampleTables = false;  ///< one of them is a sample
   AdjustResult run;           ///< of the wave, with the settings of now

@@ -9,7 +9,7 @@ namespace tremlo {
 
 /// The parts of a report: each gives its sections in the order of the work, none for steps not taken.
 
-std::vector<ReportSection> SiteSections(const CMorvaneDoc& doc);      ///< job and position
+std::vector<ReportSection> SiteSections(const CMorvaneDoc& doc);  ///< job and position
 std::vector<ReportSection> ProcedureSections(const CMorvaneDoc& doc);
 std::vector<ReportSection> FaultSections(const CMorvaneDoc& doc);     ///< faults and their spectra
 std::vector<ReportSection> SpectrumSections(const CMorvaneDoc& doc);  ///< what the base was chosen from

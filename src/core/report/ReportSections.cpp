@@ -7,9 +7,9 @@ namespace tremlo {
 std::vector<ReportSection> ReportSections(const CMorvaneDoc& doc, const ReportFacts& facts,
                                           const VerifyReport& check) {
   std::vector<ReportSection> sections;
-  for (const auto& part : {SiteSections(doc), ProcedureSections(doc), FaultSections(doc),
-                           SpectrumSections(doc), WaveSections(doc, facts), CommentSections(doc),
-                           AppendixSections(doc, facts, check)})
+  for (const auto& part :
+       {SiteSections(doc), ProcedureSections(doc), FaultSections(doc), SpectrumSections(doc),
+        WaveSections(doc, facts), CommentSections(doc), AppendixSections(doc, facts, check)})
     sections.insert(sections.end(), part.begin(), part.end());
   int number = 0;
   for (ReportSection& section : sections)

@@ -5,8 +5,8 @@
 
 namespace tremlo {
 
-/// The seed wave on display under "可視化": the adopted one, or the one of the response route. Null when there
-/// is none.
+/// The seed wave on display under "可視化": the adopted one, or the one of the response route. Null when
+/// there is none.
 const CSeismicWave* ReportWave(const CMorvaneDoc& doc);
 
 /// Whether there is a design wave to report on: the wave is there and adjusted.

@@ -29,11 +29,12 @@ ReportSection LowerLimitSection(const CSeismicWave& limit) {
 
 std::vector<ReportSection> NeighbourSections(const CMorvaneDoc& doc) {
   if (!doc.flowNeighbourWave || doc.seedWaves.IsEmpty()) return {};
-  ReportTable waves{QStringLiteral("観測波形"),
-                    {QStringLiteral("No."), QStringLiteral("波形名"), QStringLiteral("データ数"),
-                     QStringLiteral("時間間隔 (s)"), QStringLiteral("応答の最大値 (gal)"), QStringLiteral("利用")},
-                    {},
-                    {true, false, true, true, true, false}};
+  ReportTable waves{
+      QStringLiteral("観測波形"),
+      {QStringLiteral("No."), QStringLiteral("波形名"), QStringLiteral("データ数"),
+       QStringLiteral("時間間隔 (s)"), QStringLiteral("応答の最大値 (gal)"), QStringLiteral("利用")},
+      {},
+      {true, false, true, true, true, false}};
   for (const CSeismicWave& wave : doc.seedWaves.Records())
     waves.rows.push_back({QString::number(waves.rows.size() + 1), wave.name, CountText(wave.acc.size()),
                           ShortestText(wave.timeStep),
@@ -41,31 +42,32 @@ std::vector<ReportSection> NeighbourSections(const CMorvaneDoc& doc) {
                           MarkText(wave.siteUse)});
   ReportSection section{QStringLiteral("現場近隣地震波形"), {std::move(waves)}};
   if (!NeighbourCurves(doc).empty())
-    section.blocks.emplace_back(ReportFigure{
-        ReportPicture::NeighbourSpectra, QStringLiteral("現場近隣地震波形の加速度応答スペクトル（減衰定数 5 %）")});
+    section.blocks.emplace_back(
+        ReportFigure{ReportPicture::NeighbourSpectra,
+                     QStringLiteral("現場近隣地震波形の加速度応答スペクトル（減衰定数 5 %）")});
   return {section};
 }
 
 std::vector<ReportSection> BaseSections(const CMorvaneDoc& doc) {
   const std::vector<BaseCandidate> candidates = BaseCandidates(doc);
   if (candidates.empty()) return {};
-  ReportTable table{QStringLiteral("基準スペクトルの候補"),
-                    {QStringLiteral("No."), QStringLiteral("スペクトル名"), QStringLiteral("面積 (gal・sec)"),
-                     QStringLiteral("最大値 (gal)"), QStringLiteral("下限スペクトルを下回る周期"),
-                     QStringLiteral("基準")},
-                    {},
-                    {true, false, true, true, false, false}};
+  ReportTable table{
+      QStringLiteral("基準スペクトルの候補"),
+      {QStringLiteral("No."), QStringLiteral("スペクトル名"), QStringLiteral("面積 (gal・sec)"),
+       QStringLiteral("最大値 (gal)"), QStringLiteral("下限スペクトルを下回る周期"), QStringLiteral("基準")},
+      {},
+      {true, false, true, true, false, false}};
   for (const BaseCandidate& candidate : candidates)
-    table.rows.push_back({QString::number(table.rows.size() + 1), candidate.label, FixedText(candidate.area, 2),
-                          FixedText(candidate.maximum, 2), BelowLimitText(doc, candidate.item),
-                          MarkText(candidate.base)});
+    table.rows.push_back({QString::number(table.rows.size() + 1), candidate.label,
+                          FixedText(candidate.area, 2), FixedText(candidate.maximum, 2),
+                          BelowLimitText(doc, candidate.item), MarkText(candidate.base)});
   ReportSection section{QStringLiteral("基準スペクトル"), {}};
   const QString chosen = ViewOfBase(doc).label;
   section.blocks.emplace_back(PropertyTable(
       {}, {{QStringLiteral("基準スペクトル"), chosen.isEmpty() ? QStringLiteral("（なし）") : chosen}}));
   if (!CandidateCurves(doc).empty())
-    section.blocks.emplace_back(ReportFigure{ReportPicture::Candidates,
-                                             QStringLiteral("基準スペクトルの候補（減衰定数 5 %）")});
+    section.blocks.emplace_back(
+        ReportFigure{ReportPicture::Candidates, QStringLiteral("基準スペクトルの候補（減衰定数 5 %）")});
   section.blocks.emplace_back(std::move(table));
   return {section};
 }

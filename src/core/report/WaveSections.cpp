@@ -15,8 +15,7 @@ QString CountText(std::size_t count) {
 }
 
 ReportSection SeedSection(const CSeismicWave& wave) {
-  const double length =
-      wave.acc.empty() ? 0.0 : static_cast<double>(wave.acc.size() - 1) * wave.timeStep;
+  const double length = wave.acc.empty() ? 0.0 : static_cast<double>(wave.acc.size() - 1) * wave.timeStep;
   return {QStringLiteral("原種波形"),
           {PropertyTable({}, {{QStringLiteral("波形名"), wave.name},
                               {QStringLiteral("データ数"), CountText(wave.acc.size())},
@@ -40,13 +39,16 @@ ReportSection AdjustSection(const CMorvaneDoc& doc, const CSeismicWave& wave, co
   if (run.passes > 0) {
     rows.push_back({QStringLiteral("繰り返し回数"), QString::number(run.passes)});
     rows.push_back({QStringLiteral("偏差（RMS）"), PercentText(run.fit.deviation)});
-    rows.push_back({QStringLiteral("目標を上回る最大"), ExtremeText(run.fit.overshoot, run.fit.overshootPeriod)});
-    rows.push_back({QStringLiteral("目標を下回る最大"), ExtremeText(run.fit.undershoot, run.fit.undershootPeriod)});
+    rows.push_back(
+        {QStringLiteral("目標を上回る最大"), ExtremeText(run.fit.overshoot, run.fit.overshootPeriod)});
+    rows.push_back(
+        {QStringLiteral("目標を下回る最大"), ExtremeText(run.fit.undershoot, run.fit.undershootPeriod)});
   }
   section.blocks.emplace_back(PropertyTable({}, std::move(rows)));
   if (!run.converged)
-    section.blocks.emplace_back(QStringLiteral(
-        "保存されている設定と目標スペクトルでは、調整計算は収束しません。調整後波形は別の設定で作成されたものです。"));
+    section.blocks.emplace_back(
+        QStringLiteral("保存されている設定と目標スペクトルでは、調整計算は収束しません。調整後波形は別の設定"
+                       "で作成されたものです。"));
   else if (run.acc != wave.adjustedAcc)
     section.blocks.emplace_back(QStringLiteral(
         "保存されている設定と目標スペクトルで計算し直すと、調整後波形と一致しません（付録「検算」を参照）。"
@@ -88,7 +90,8 @@ std::vector<ReportSection> WaveSections(const CMorvaneDoc& doc, const ReportFact
   return {SeedSection(wave),
           AdjustSection(doc, wave, facts.run),
           {QStringLiteral("時刻歴"),
-           {figure(ReportPicture::TimeHistories, QStringLiteral("加速度時刻歴（上：原種波形、下：調整後波形）"))}},
+           {figure(ReportPicture::TimeHistories,
+                   QStringLiteral("加速度時刻歴（上：原種波形、下：調整後波形）"))}},
           {QStringLiteral("加速度応答スペクトル"),
            {figure(ReportPicture::Spectra, QStringLiteral("加速度応答スペクトル（減衰定数 5 %）"))}},
           {QStringLiteral("フーリエスペクトル"),
