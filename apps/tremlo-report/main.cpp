@@ -2,6 +2,7 @@
 #include "Output.h"
 #include "ProjectInput.h"
 #include "core/files/WholeFile.h"
+#include "core/report/ReportFacts.h"
 #include "core/report/ReportWave.h"
 #include "core/verify/VerifyProject.h"
 #include "window/graphs/JapaneseFont.h"
@@ -46,12 +47,13 @@ int WriteReport(const ReportCall& call) {
   std::vector<DamCoefSet> sets;
   const std::optional<TableFailure> failure = LoadDamCoefFolder(doc.ProgramFolder(), sets);
   const VerifyReport check = VerifyProject(doc, failure);
-  const std::optional<QByteArray> pdf = ReportPdf(doc, GatherReportFacts(doc, call.date), check);
+  const ReportFacts facts = GatherReportFacts(doc, call.date);
+  const std::optional<QByteArray> pdf = ReportPdf(doc, facts, check);
   if (!pdf) return Fail(kBadFile, call.report + QStringLiteral(": 報告書を作成できませんでした。"));
   if (!WriteWholeFile(call.report, {pdf->constData(), static_cast<std::size_t>(pdf->size())}))
     return Fail(kBadFile, call.report + QStringLiteral(": ファイルを保存できませんでした。"));
   PrintLine(QStringLiteral("保存しました：") + call.report);
-  PrintSampleNotice(doc.ProgramFolder());
+  if (facts.sampleTables) PrintSampleNotice(doc.ProgramFolder());
   return kDone;
 }
 

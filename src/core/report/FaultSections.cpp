@@ -46,6 +46,27 @@ ReportTable PlaneTable(const CMorvaneDoc& doc) {
   return table;
 }
 
+/// The rectangle of each plane as the service has it.
+ReportTable GeometryTable(const CMorvaneDoc& doc) {
+  ReportTable table;
+  table.title = QStringLiteral("断層面の形状");
+  table.headings = QStringList{
+      QStringLiteral("断層面"),          QStringLiteral("東経 (°)"),  QStringLiteral("北緯 (°)"),
+      QStringLiteral("上端の深さ (km)"), QStringLiteral("長さ (km)"), QStringLiteral("幅 (km)"),
+      QStringLiteral("走向 (°)"),        QStringLiteral("傾斜 (°)"),  QStringLiteral("中心の深さ (km)")};
+  table.numbers = std::vector<bool>(static_cast<std::size_t>(table.headings.size()), true);
+  table.numbers.front() = false;
+  for (const FaultInfo& fault : doc.faults)
+    for (std::size_t plane = 0; plane < PlaneCount(fault); ++plane) {
+      QStringList row{PlaneName(fault, plane)};
+      for (const auto* const texts :
+           {&fault.lon, &fault.lat, &fault.dep, &fault.len, &fault.wid, &fault.str, &fault.dip})
+        row << ValueAt(*texts, plane);
+      table.rows.push_back(row << DistanceText(fault.planeDepth, plane));
+    }
+  return table;
+}
+
 }  // namespace
 
 std::vector<ReportSection> FaultSections(const CMorvaneDoc& doc) {
@@ -56,6 +77,7 @@ std::vector<ReportSection> FaultSections(const CMorvaneDoc& doc) {
                          {QStringLiteral("断層の数"), QString::number(doc.faults.size())},
                          {QStringLiteral("断層面の数"), QString::number(PlaneRowCount(doc.faults))}}));
   faults.blocks.emplace_back(TableOf(QStringLiteral("断層と距離"), FaultRows(doc, doc.faultAcquireMode)));
+  faults.blocks.emplace_back(GeometryTable(doc));
   ReportSection spectra{QStringLiteral("距離減衰式による応答スペクトル"), {}};
   spectra.blocks.emplace_back(PropertyTable({}, {{QStringLiteral("距離減衰式"), doc.attenuationMethod}}));
   spectra.blocks.emplace_back(ReportFigure{ReportPicture::FaultSpectra,

@@ -11,6 +11,9 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QThread>
+
+#include <memory>
 
 namespace tremlo {
 
@@ -21,16 +24,16 @@ constexpr char kSuffix[] = ".pdf";
 
 /// The name of the project's file with the report's suffix.
 QString ProposedName(const CMorvaneDoc& doc) {
-  return QFileInfo(ProposedFileName(ProjectTitle(doc.PathName()))).completeBaseName() + QLatin1String(kSuffix);
+  return QFileInfo(ProposedFileName(ProjectTitle(doc.PathName()))).completeBaseName() +
+         QLatin1String(kSuffix);
 }
 
 std::optional<QByteArray> MakeReport(const CMorvaneDoc& doc, RunDialog& dialog) {
   std::vector<DamCoefSet> sets;
   const std::optional<TableFailure> failure = LoadDamCoefFolder(doc.ProgramFolder(), sets);
-  const VerifyReport check =
-      VerifyProject(doc, failure, [&](int done, int count, const QString& name) {
-        dialog.SetProgress(done, count, QStringLiteral("検算 %1 / %2　%3").arg(done).arg(count).arg(name));
-      });
+  const VerifyReport check = VerifyProject(doc, failure, [&](int done, int count, const QString& name) {
+    dialog.SetProgress(done, count, QStringLiteral("検算 %1 / %2　%3").arg(done).arg(count).arg(name));
+  });
   return ReportPdf(doc, GatherReportFacts(doc, QDate::currentDate()), check);
 }
 
@@ -57,10 +60,16 @@ void WriteReport(const CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files, QWi
     } catch (...) {
       failure = CurrentExceptionText();
     }
+  };
+  const auto work = [&] {
+    // Texts are laid out with timers, which Qt's own threads alone have.
+    const std::unique_ptr<QThread> thread(QThread::create(make));
+    thread->start();
+    thread->wait();
     dialog.SetAllDone();
     return pdf.has_value();
   };
-  if (!RunBehindDialog(dialog, make, std::chrono::milliseconds(0))) {
+  if (!RunBehindDialog(dialog, work, std::chrono::milliseconds(0))) {
     prompt.Tell(failure);
     return;
   }

@@ -11,6 +11,8 @@
 #include <QTextLayout>
 #include <QTextTable>
 
+#include <algorithm>
+
 namespace tremlo {
 
 namespace {
@@ -21,6 +23,7 @@ constexpr double kHeadingPoints = 13.0;
 constexpr int kManyColumns = 8;
 constexpr int kShortTable = 12;  // rows of one that no page break parts
 constexpr double kSmallTablePoints = 7.0;
+constexpr double kRounding = 2.0;  // units by which a line may lie above the page that it heads
 constexpr QRgb kHeadingCells = 0xFFE4EBF3;
 
 QTextCharFormat Letters(double points, bool bold = false) {
@@ -68,8 +71,7 @@ ReportText::ReportText(const CMorvaneDoc& doc, const std::vector<ReportSection>&
                                            new ReportFigureObject(doc, device.logicalDpiX(), &m_text));
   Fill(doc, sections);
   m_text.setPageSize(page);
-  KeepShortTablesWhole();
-  KeepHeadingsWithText();
+  MendPageBreaks();
   FindSections();
 }
 
@@ -147,28 +149,49 @@ void ReportText::AddTable(QTextCursor& cursor, const ReportTable& table) {
   cursor.movePosition(QTextCursor::End);
 }
 
-void ReportText::KeepShortTablesWhole() {
+void ReportText::MendPageBreaks() {
+  // Each break moves all that follows; few passes settle it.
+  constexpr int kMostPasses = 5;
+  for (int pass = 0; pass < kMostPasses; ++pass)
+    if (!KeepShortTablesWhole() && !KeepHeadingsWithText()) return;
+}
+
+bool ReportText::KeepShortTablesWhole() {
+  bool changed = false;
   for (QTextFrame* const frame : m_text.rootFrame()->childFrames()) {
     auto* const table = qobject_cast<QTextTable*>(frame);
     if (!table || table->rows() > kShortTable) continue;
     const QTextBlock first = table->cellAt(0, 0).firstCursorPosition().block();
     const QTextBlock last = table->cellAt(table->rows() - 1, 0).firstCursorPosition().block();
-    if (PlaceOf(first).page != PlaceOf(last).page) BeginPageWith(first);
+    if (PlaceOf(first).page == PlaceOf(last).page) continue;
+    QTextBlock before = first.previous();
+    while (before.isValid() && before.length() <= 1) before = before.previous();
+    const bool underHeading =
+        std::find(m_headings.begin(), m_headings.end(), before.position()) != m_headings.end();
+    changed |= BeginPageWith(underHeading ? before : first);
   }
+  return changed;
 }
 
-void ReportText::KeepHeadingsWithText() {
+bool ReportText::KeepHeadingsWithText() {
+  bool changed = false;
   for (const int position : m_headings) {
     const QTextBlock heading = m_text.findBlock(position);
     QTextBlock text = heading.next();
     while (text.isValid() && text.length() <= 1) text = text.next();  // the empty one before a table
-    if (text.isValid() && PlaceOf(heading).page != PlaceOf(text).page) BeginPageWith(heading);
+    if (text.isValid() && PlaceOf(heading).page != PlaceOf(text).page) changed |= BeginPageWith(heading);
   }
+  return changed;
 }
 
-void ReportText::BeginPageWith(const QTextBlock& block) {
+bool ReportText::BeginPageWith(const QTextBlock& block) {
   QTextCursor cursor(block);
-  if (QTextTable* const table = cursor.currentTable()) {
+  QTextTable* const table = cursor.currentTable();
+  const auto begins = [](const auto& format) {
+    return format.pageBreakPolicy() == QTextFormat::PageBreak_AlwaysBefore;
+  };
+  if (table ? begins(table->format()) : begins(block.blockFormat())) return false;
+  if (table) {
     QTextTableFormat format = table->format();
     format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
     table->setFormat(format);
@@ -179,6 +202,7 @@ void ReportText::BeginPageWith(const QTextBlock& block) {
   }
   // All of it: laid out from here on alone, later headings lose their lines.
   m_text.markContentsDirty(0, m_text.characterCount());
+  return true;
 }
 
 void ReportText::FindSections() {
@@ -193,7 +217,6 @@ SectionPlace ReportText::PlaceOf(const QTextBlock& block) const {
   const QRectF rect = m_text.documentLayout()->blockBoundingRect(block);
   // A block begins on the page before when only its first line has gone to the next.
   const double top = rect.top() + (block.layout()->lineCount() > 0 ? block.layout()->lineAt(0).y() : 0.0);
-  constexpr double kRounding = 1.0;  // a line at the head of a page may lie a fraction above it
   const int page = static_cast<int>((top + kRounding) / m_page.height());
   return {{}, page, top - page * m_page.height()};
 }
@@ -204,7 +227,8 @@ void ReportText::DrawPage(QPainter& painter, int page) {
   painter.translate(0.0, -shown.top());
   painter.setClipRect(shown);
   QAbstractTextDocumentLayout::PaintContext context;
-  context.clip = shown;
+  // What begins on the next page is not drawn here, be it out of sight: it would be found on both.
+  context.clip = shown.adjusted(0.0, kRounding, 0.0, -kRounding);
   context.palette.setColor(QPalette::Text, Qt::black);
   m_text.documentLayout()->draw(&painter, context);
   painter.restore();

@@ -37,9 +37,11 @@ class ReportText {
  private:
   void Fill(const CMorvaneDoc& doc, const std::vector<ReportSection>& sections);
   void AddTable(QTextCursor& cursor, const ReportTable& table);
-  void KeepShortTablesWhole();
-  void KeepHeadingsWithText();
-  void BeginPageWith(const QTextBlock& block);
+  void MendPageBreaks();
+  /// Each returns whether a break has been added.
+  bool KeepShortTablesWhole();
+  bool KeepHeadingsWithText();
+  bool BeginPageWith(const QTextBlock& block);
   void FindSections();
   SectionPlace PlaceOf(const QTextBlock& block) const;  ///< of its first line
 

@@ -56,7 +56,7 @@ TEST_F(MenuTest, EntriesStandInTheirOrder) {
   EXPECT_THAT(menus, ElementsAre("ファイル(&F)", "設定(&E)", "ヘルプ(&H)"));
   EXPECT_THAT(Entries(0),
               ElementsAre("新規作成(&N)", "開く(&O)...", "上書き保存(&S)", "名前を付けて保存(&A)...",
-                          "最近使ったファイル", "アプリケーションの終了(&X)"));
+                          "報告書の出力(PDF)...", "最近使ったファイル", "アプリケーションの終了(&X)"));
   EXPECT_THAT(Entries(1), ElementsAre("断層APIパラメータ設定", "波形調整設定", "地図画像キャッシュのクリア",
                                       "オンライン"));
   EXPECT_THAT(Entries(2),
