@@ -87,6 +87,27 @@ TEST_F(MenuTest, EntriesOfTheGuidelineRouteAreGreyInTheOther) {
     EXPECT_TRUE(entry->isEnabled()) << entry->text().toStdString();
 }
 
+TEST_F(MenuTest, TheReportIsOfferedWhileTheWaveOnDisplayIsAdjusted) {
+  StartNew(TopChoice::ResponseRoute);
+  QMenu* const fileMenu = Menu()->actions().at(0)->menu();
+  const auto offered = [&] {
+    Q_EMIT fileMenu->aboutToShow();
+    return Menu()->writeReport->isEnabled();
+  };
+  EXPECT_FALSE(offered());
+  Doc().seedWaves.Add(QStringLiteral("A"));
+  CSeismicWave& wave = Doc().seedWaves.At(0);
+  wave.adjusted = true;
+  wave.adjustedAcc = {1.0};
+  EXPECT_TRUE(offered());
+  Menu()->writeReport->trigger();
+  EXPECT_THAT(TakeLog(), ElementsAre("report"));
+  wave.adjusted = false;
+  EXPECT_FALSE(offered());
+  Menu()->writeReport->trigger();
+  EXPECT_THAT(TakeLog(), IsEmpty());
+}
+
 TEST_F(MenuTest, FailedAttemptToGoOnlineLeavesMarkAndTitle) {
   StartNew(TopChoice::GuidelineRoute);
   const QString title = Title();
