@@ -20,7 +20,7 @@ foreach(program IN LISTS TREMLO_PROGRAMS)
     message(STATUS \"Installing: \${link}\")")
 endforeach()
 
-install(FILES ${PROJECT_SOURCE_DIR}/docs/tremlo-cli.1 DESTINATION share/man/man1)
+install(FILES ${PROJECT_SOURCE_DIR}/docs/tremlo-cli.1 ${PROJECT_SOURCE_DIR}/docs/tremlo-report.1 DESTINATION share/man/man1)
 install(FILES ${PROJECT_SOURCE_DIR}/data/desktop/tremlo.desktop DESTINATION share/applications)
 install(FILES ${PROJECT_SOURCE_DIR}/data/desktop/tremlo.xml DESTINATION share/mime/packages)
 install(FILES ${PROJECT_SOURCE_DIR}/data/desktop/tremlo.svg DESTINATION share/icons/hicolor/scalable/apps)

@@ -44,6 +44,7 @@ Command DistancesCommand();
 Command ProjectNewCommand();
 Command ProjectShowCommand();
 Command ProjectCopyCommand();
+Command ProjectVerifyCommand();
 Command FaultsCommand();
 
 }  // namespace tremlo::cli

@@ -1,6 +1,7 @@
 #include "Arguments.h"
 #include "Command.h"
 #include "Output.h"
+#include "ProjectInput.h"
 #include "RecordJson.h"
 #include "TablesInput.h"
 #include "core/project/ProjectFile.h"
@@ -11,22 +12,6 @@ namespace {
 
 QList<QCommandLineOption> Options() {
   return {};
-}
-
-/// Fills the document from a file; the exit status. A fault of the tables does not matter here: all that the
-/// commands show and copy comes from the file.
-int Open(CMorvaneDoc& doc, const QString& path) {
-  switch (OpenProject(doc, path).result) {
-    case OpenResult::kOpened:
-      return kDone;
-    case OpenResult::kBroken:
-      return Fail(kBadFile,
-                  path + QStringLiteral(
-                             ": プロジェクトファイルとして読めません。途中で切れているか、壊れています。"));
-    case OpenResult::kUnreadable:
-      break;
-  }
-  return Fail(kBadFile, path + QStringLiteral(": ファイルを開けませんでした。"));
 }
 
 int Save(CMorvaneDoc& doc, const QString& path, const Arguments& arguments) {
@@ -53,7 +38,7 @@ int RunNew(const Arguments& arguments) {
 
 int RunCopy(const Arguments& arguments) {
   CMorvaneDoc doc(arguments.DataFolder());
-  const int status = Open(doc, arguments.Positional(0));
+  const int status = OpenInput(doc, arguments.Positional(0));
   return status == kDone ? Save(doc, arguments.Positional(1), arguments) : status;
 }
 
@@ -88,7 +73,7 @@ void PrintSummary(const CMorvaneDoc& doc) {
 
 int RunShow(const Arguments& arguments) {
   CMorvaneDoc doc(arguments.DataFolder());
-  if (const int status = Open(doc, arguments.Positional(0)); status != kDone) return status;
+  if (const int status = OpenInput(doc, arguments.Positional(0)); status != kDone) return status;
   if (!arguments.WantsJson()) {
     PrintSummary(doc);
     return kDone;

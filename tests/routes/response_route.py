@@ -11,7 +11,7 @@ sys.dont_write_bytecode = True
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent))
 
 from desktop import Desktop, wait_until  # noqa: E402
-from driver import ROLE  # noqa: E402
+from driver import ROLE, STATE, states  # noqa: E402
 import route  # noqa: E402
 from route import NEW, OPEN, ROOT, SAVE_AS, UNSAVED, tools  # noqa: E402
 
@@ -27,6 +27,7 @@ BAD_NAME = "地震波形名の入力エラーです。"
 BAD_STEP = "時間間隔の入力エラーです。"
 NO_FIT = "地震波形調整の計算に失敗しました。"
 COMMANDS = (NEW, OPEN, SAVE_AS, "アプリケーションの終了(X)", "波形調整設定", "バージョン情報(A)...", SEED, TARGET, RESULT)
+REPORT, REPORT_TITLE = "報告書の出力(PDF)...", "報告書の出力(PDF)"
 SETTINGS, AUTOMATIC = "描画設定", "各グラフの自動調整を有効にする"
 SMALL_SCREEN = "1024x768x24"
 
@@ -140,6 +141,44 @@ class ResponseRoute(route.Route):
         program.close_window()
         self.assertEqual(program.wait_for_end(), 0)
         self.assertEqual(project.read_bytes(), saved)
+
+    def pages_of(self, report):
+        """The texts of a PDF's pages without blanks, as another program reads them."""
+        done = subprocess.run(["pdftotext", "-layout", report, "-"], env=self.desktop.env, check=True, capture_output=True)
+        self.assertEqual(done.stderr, b"")
+        pages = done.stdout.decode().split("\f")[:-1]
+        return ["".join(page.split()) for page in pages]
+
+    def file_menu(self, program):
+        program.keys("alt+f")
+        return program.until(lambda: program.look(REPORT, ROLE.MENU_ITEM), "the file menu")
+
+    def test_the_report_tells_of_the_adjusted_wave(self):
+        program = self.start()
+        self.assertFalse(states(self.file_menu(program)).contains(STATE.ENABLED))
+        program.keys("Escape", "Escape")
+        self.read_record(program)
+        self.read_target(program)
+        program.press(RESULT)
+        self.wait_for_result(program)
+        project, report = self.desktop.folder / "dam.trml", self.desktop.folder / "dam.pdf"
+        self.save_as(program, project)
+        self.assertTrue(states(self.file_menu(program)).contains(STATE.ENABLED))
+        program.screenshot("file_menu")
+        program.keys(*["Down"] * 4, "Return")
+        program.until(lambda: program.file_dialog(REPORT_TITLE), "the dialog of the report's file")
+        program.until(lambda: program.text("ファイル名(N):") == "dam.pdf", "the name of the project proposed")
+        program.choose_file(REPORT_TITLE, report)
+        program.until(lambda: report.exists() and not program.dialogs(), "the report")
+        pages = self.pages_of(report)
+        self.assertIn("1目標スペクトル", "".join(pages))
+        self.assertTrue(all(f"{number}/{len(pages)}" in page for number, page in enumerate(pages[1:], 2)))
+        by_command = self.desktop.folder / "command.pdf"
+        subprocess.run([tools.bin / "tremlo-report", project, by_command], env=self.desktop.env, check=True,
+                       capture_output=True)
+        self.assertEqual(self.pages_of(by_command), pages)
+        self.assertEqual(report.read_bytes(), by_command.read_bytes())
+        self.close(program)
 
     def test_a_record_that_does_not_fit_is_refused(self):
         program = self.start()

@@ -5,6 +5,10 @@
 
 namespace tremlo {
 
+ChartAnswers FixedAnswers(const CMorvaneDoc& doc) {
+  return {doc.flowQ1Yes, doc.flowQ2Yes, doc.flowCollect, doc.flowFaultSource, doc.flowNeighbourWave};
+}
+
 ProcedureState WorkProcedure::State() const {
   if (m_doc.flowFixed) return ProcedureState::Fixed;
   const bool onChart = m_active == ScreenId::Flowchart1 || m_active == ScreenId::Flowchart2;

@@ -27,6 +27,9 @@ struct ChartAnswers {
   bool operator==(const ChartAnswers& other) const = default;
 };
 
+/// The answers on which the fixed procedure rests.
+ChartAnswers FixedAnswers(const CMorvaneDoc& doc);
+
 /// The procedure that leads the engineer from screen to screen: which step is enabled, which screen opens,
 /// and how the procedure is fixed and changed. It decides over the document; what it decides reaches the user
 /// through the prompt, the holder of the screens and the flow pane. All of it runs on the thread of the user

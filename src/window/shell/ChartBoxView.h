@@ -1,19 +1,14 @@
 #pragma once
 
-#include "core/shell/ChartLayout.h"
+#include "core/shell/ChartLook.h"
 
 #include <QAbstractButton>
 #include <QLabel>
 
-class QPainter;
-
 namespace tremlo {
 
 /// A box of the chart as a control of its own: it stands at its place on the chart, and a screen reader reads
-/// out its text and state. The looks differ in line, mark and weight of the text as well as in colour.
-
-/// The font of everything on the chart, in its pixels.
-QFont ChartFont();
+/// out its text and state.
 
 /// One that only shows.
 class ChartBoxLabel : public QLabel {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/shell/ChartLayout.h"
 #include "window/shell/ChartBoxView.h"
 
 #include <QWidget>

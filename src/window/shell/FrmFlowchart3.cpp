@@ -17,8 +17,7 @@ CFrmFlowchart3::CFrmFlowchart3(const CMorvaneDoc& doc, WorkProcedure& procedure,
 }
 
 void CFrmFlowchart3::Refresh() {
-  Chart()->SetLooks(LooksOf(ChartAnswers{m_doc.flowQ1Yes, m_doc.flowQ2Yes, m_doc.flowCollect,
-                                         m_doc.flowFaultSource, m_doc.flowNeighbourWave}));
+  Chart()->SetLooks(LooksOf(FixedAnswers(m_doc)));
 }
 
 void CFrmFlowchart3::ChangeProcedure() {

@@ -19,6 +19,7 @@ class MainMenu : public QMenuBar {
   QAction* openProject = nullptr;
   QAction* saveProject = nullptr;
   QAction* saveProjectAs = nullptr;
+  QAction* writeReport = nullptr;
   QAction* exitProgram = nullptr;
   QAction* apiParameters = nullptr;
   QAction* adjustSettings = nullptr;
@@ -31,6 +32,7 @@ class MainMenu : public QMenuBar {
   QAction* about = nullptr;
 
  Q_SIGNALS:
+  void FileMenuOpens();  ///< before it is on display
   void RecentChosen(const QString& path);
 
  private:

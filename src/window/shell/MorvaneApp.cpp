@@ -1,5 +1,6 @@
 #include "window/shell/MorvaneApp.h"
 
+#include "core/report/ReportWave.h"
 #include "core/shell/TitleText.h"
 #include "core/shell/UpdateCheck.h"
 #include "window/graphs/DarkPaletteStyle.h"
@@ -189,6 +190,8 @@ void CMorvaneApp::ConnectFileMenu() {
   Connect(menu->openProject, [this] { m_projects->Open(); });
   Connect(menu->saveProject, [this] { m_projects->Save(); });
   Connect(menu->saveProjectAs, [this] { m_projects->SaveAs(); });
+  Connect(menu->writeReport, [this] { m_table.writeReport(*m_parts); });
+  QObject::connect(menu, &MainMenu::FileMenuOpens, frame, [this] { UpdateReportEntry(); });
   QObject::connect(menu->exitProgram, &QAction::triggered, frame, [frame] { frame->close(); });
   // The list is rebuilt by the command: its entries must not go while one of them is being carried out.
   QObject::connect(
@@ -271,8 +274,13 @@ void CMorvaneApp::RebuildTitle() {
   m_frame->SetTitle(WindowTitle(m_doc.PathName(), m_online.CaptionMark()));
 }
 
+void CMorvaneApp::UpdateReportEntry() {
+  m_frame->Menu()->writeReport->setEnabled(m_table.writeReport && OffersReport(m_doc));
+}
+
 void CMorvaneApp::UpdateMenu() {
   MainMenu* menu = m_frame->Menu();
+  UpdateReportEntry();
   menu->apiParameters->setEnabled(m_doc.guidelineRoute && m_table.editApiParameters);
   menu->adjustSettings->setEnabled(m_table.editAdjustSettings != nullptr);
   menu->clearMapCache->setEnabled(m_doc.guidelineRoute);

@@ -63,6 +63,7 @@ class CMorvaneApp : private ProjectShell {
   void OpenPage(const QString& address);
   void RebuildTitle();
   void UpdateMenu();
+  void UpdateReportEntry();
   void Follow(SwitchOutcome outcome);
 
   TopChoice AskRoute() override;

@@ -5,6 +5,7 @@
 #include "core/sources/DamSpectra.h"
 #include "window/graphs/FrontWindow.h"
 #include "window/location/FrmField.h"
+#include "window/report/ReportRun.h"
 #include "window/shell/FrmFlowCheck.h"
 #include "window/shell/FrmFlowchart1.h"
 #include "window/shell/FrmFlowchart2.h"
@@ -169,6 +170,9 @@ ScreenTable ProgramScreens() {
   table.runs.computeMissingSpectra = ComputeSpectra;
   table.runs.calculateFaultSpectra = CalculateFaultSpectra;
   table.editAdjustSettings = EditAdjustSettings;
+  table.writeReport = [](const ScreenParts& parts) {
+    WriteReport(parts.doc, parts.prompt, parts.files, FrontWindow());
+  };
   AddSite(table);
   AddFaults(table);
   AddCharts(table);

@@ -38,13 +38,14 @@ struct ScreenRuns {
   std::function<AdjustResult(const ScreenParts&)> runRespAdjustment;
 };
 
-/// All screens of the program, with the dialogs of the menu "設定(&E)".
+/// All screens of the program, with the dialogs of the menus.
 struct ScreenTable {
   std::map<ScreenId, std::function<Screen*(const ScreenParts&)>> screens;
   ScreenRuns runs;
   /// Show a modal dialog. An entry of the menu without its dialog is disabled.
   std::function<void(const ScreenParts&)> editApiParameters;
   std::function<void(const ScreenParts&)> editAdjustSettings;
+  std::function<void(const ScreenParts&)> writeReport;
 };
 
 /// The screens that the program has.

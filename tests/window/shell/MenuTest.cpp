@@ -56,7 +56,7 @@ TEST_F(MenuTest, EntriesStandInTheirOrder) {
   EXPECT_THAT(menus, ElementsAre("ファイル(&F)", "設定(&E)", "ヘルプ(&H)"));
   EXPECT_THAT(Entries(0),
               ElementsAre("新規作成(&N)", "開く(&O)...", "上書き保存(&S)", "名前を付けて保存(&A)...",
-                          "最近使ったファイル", "アプリケーションの終了(&X)"));
+                          "報告書の出力(PDF)...", "最近使ったファイル", "アプリケーションの終了(&X)"));
   EXPECT_THAT(Entries(1), ElementsAre("断層APIパラメータ設定", "波形調整設定", "地図画像キャッシュのクリア",
                                       "オンライン"));
   EXPECT_THAT(Entries(2),
@@ -85,6 +85,27 @@ TEST_F(MenuTest, EntriesOfTheGuidelineRouteAreGreyInTheOther) {
   StartNew(TopChoice::GuidelineRoute);
   for (const QAction* entry : {Menu()->apiParameters, Menu()->clearMapCache, Menu()->online})
     EXPECT_TRUE(entry->isEnabled()) << entry->text().toStdString();
+}
+
+TEST_F(MenuTest, TheReportIsOfferedWhileTheWaveOnDisplayIsAdjusted) {
+  StartNew(TopChoice::ResponseRoute);
+  QMenu* const fileMenu = Menu()->actions().at(0)->menu();
+  const auto offered = [&] {
+    Q_EMIT fileMenu->aboutToShow();
+    return Menu()->writeReport->isEnabled();
+  };
+  EXPECT_FALSE(offered());
+  Doc().seedWaves.Add(QStringLiteral("A"));
+  CSeismicWave& wave = Doc().seedWaves.At(0);
+  wave.adjusted = true;
+  wave.adjustedAcc = {1.0};
+  EXPECT_TRUE(offered());
+  Menu()->writeReport->trigger();
+  EXPECT_THAT(TakeLog(), ElementsAre("report"));
+  wave.adjusted = false;
+  EXPECT_FALSE(offered());
+  Menu()->writeReport->trigger();
+  EXPECT_THAT(TakeLog(), IsEmpty());
 }
 
 TEST_F(MenuTest, FailedAttemptToGoOnlineLeavesMarkAndTitle) {

@@ -44,6 +44,7 @@ ScreenTable LoggingScreens(QStringList& log) {
   };
   table.editApiParameters = [&log](const ScreenParts&) { log.append(QStringLiteral("API dialog")); };
   table.editAdjustSettings = [&log](const ScreenParts&) { log.append(QStringLiteral("adjust dialog")); };
+  table.writeReport = [&log](const ScreenParts&) { log.append(QStringLiteral("report")); };
   return table;
 }
 

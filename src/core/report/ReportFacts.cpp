@@ -1,0 +1,65 @@
+#include "core/report/ReportFacts.h"
+
+#include "core/files/WholeFile.h"
+#include "core/project/ProjectFile.h"
+#include "core/report/ReportWave.h"
+#include "core/shell/TitleText.h"
+#include "core/waves/WaveFile.h"
+
+#include <QCryptographicHash>
+
+#include <algorithm>
+
+namespace tremlo {
+
+namespace {
+
+QString HashOf(const QByteArray& content) {
+  return QString::fromLatin1(QCryptographicHash::hash(content, QCryptographicHash::Sha256).toHex());
+}
+
+QString HashOf(const std::string& content) {
+  return HashOf(QByteArray::fromRawData(content.data(), static_cast<qsizetype>(content.size())));
+}
+
+/// The first of the three files of an export.
+std::string AdjustedWaveFile(const CSeismicWave& wave) {
+  std::vector<double> times(wave.adjustedAcc.size());
+  for (std::size_t i = 0; i < times.size(); ++i) times[i] = static_cast<double>(i) * wave.timeStep;
+  return CsvContent(wave.name, wave.timeStep, times, wave.adjustedAcc);
+}
+
+std::vector<TableOrigin> OriginsOf(const QString& programFolder) {
+  const std::vector<QString> samples = SampleTableFolders(programFolder);
+  std::vector<TableOrigin> origins;
+  for (const char* folder : {"DamCoef", "LowSpec", "SystemData"}) {
+    const QString name = QLatin1String(folder);
+    const bool sample = std::find(samples.begin(), samples.end(), name) != samples.end();
+    for (const TableFile& file : ListTableFiles(programFolder, name)) {
+      QByteArray content;
+      origins.push_back(
+          {file.shown, ReadWholeFile(file.path, content) ? HashOf(content) : QString(), sample});
+    }
+  }
+  return origins;
+}
+
+}  // namespace
+
+ReportFacts GatherReportFacts(const CMorvaneDoc& doc, QDate date) {
+  const CSeismicWave& wave = *ReportWave(doc);
+  ReportFacts facts;
+  facts.date = date;
+  facts.projectName = ProjectTitle(doc.PathName());
+  facts.projectHash = HashOf(ProjectBytes(doc));
+  facts.unsaved = doc.PathName().isEmpty() || doc.IsModified();
+  facts.waveHash = HashOf(AdjustedWaveFile(wave));
+  // The other route works with the user's own spectrum alone.
+  if (doc.guidelineRoute) facts.tables = OriginsOf(doc.ProgramFolder());
+  facts.sampleTables = std::any_of(facts.tables.begin(), facts.tables.end(),
+                                   [](const TableOrigin& table) { return table.sample; });
+  facts.run = RunAdjustment(ReportInput(doc, wave));
+  return facts;
+}
+
+}  // namespace tremlo
