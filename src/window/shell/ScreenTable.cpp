@@ -1,7 +1,6 @@
 #include "window/shell/ScreenTable.h"
 
 #include "core/location/TileDownload.h"
-#include "core/project/LastAcquisition.h"
 #include "core/sources/DamSpectra.h"
 #include "window/graphs/FrontWindow.h"
 #include "window/location/FrmField.h"
@@ -148,11 +147,8 @@ void AddBaseSpectrum(ScreenTable& table) {
 /// The spectra of the acquired faults.
 void AddFaultSpectra(ScreenTable& table) {
   table.screens[ScreenId::MakeSeismicWave2] = [](const ScreenParts& parts) {
-    return new CFrmMakeSeismicWave2(
-        parts.doc, parts.prompt, parts.procedure, parts.rules, parts.gate,
-        {.calculate = parts.calculateFaultSpectra,
-         .follow = parts.follow,
-         .acquisitionText = [&doc = parts.doc] { return LastAcquisitionLine(doc); }});
+    return new CFrmMakeSeismicWave2(parts.doc, parts.prompt, parts.procedure, parts.rules, parts.gate,
+                                    {.calculate = parts.calculateFaultSpectra, .follow = parts.follow});
   };
 }
 

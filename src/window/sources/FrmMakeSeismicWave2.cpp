@@ -1,6 +1,7 @@
 #include "window/sources/FrmMakeSeismicWave2.h"
 
 #include "core/project/AttenuationRows.h"
+#include "core/project/LastAcquisition.h"
 #include "core/project/RelationRows.h"
 #include "core/project/SpectrumCurves.h"
 #include "window/graphs/DlgGraphEditAccSpec.h"
@@ -169,7 +170,7 @@ void CFrmMakeSeismicWave2::LayOut() {
 }
 
 void CFrmMakeSeismicWave2::Refresh() {
-  const QString acquisition = m_doors.acquisitionText ? m_doors.acquisitionText() : QString();
+  const QString acquisition = LastAcquisitionLine(m_doc);
   m_acquisitionLine->setText(acquisition);
   m_acquisitionLine->setVisible(!acquisition.isEmpty());
   ShowPlanes();

@@ -29,8 +29,6 @@ class CFrmMakeSeismicWave2 : public Screen {
     std::function<bool()> calculate;
     /// Told the outcome of each switch that the screen asks for, and the end of the program.
     std::function<void(SwitchOutcome)> follow;
-    /// What is to be told of the last acquisition; empty for nothing.
-    std::function<QString()> acquisitionText = {};
   };
 
   CFrmMakeSeismicWave2(CMorvaneDoc& doc, Prompt& prompt, WorkProcedure& procedure, ChangeRules& rules,
