@@ -15,7 +15,6 @@ class QLabel;
 namespace tremlo {
 
 class BaseCandidateRows;
-class CDrawGraph;
 class CExpEdit;
 class CSpread7;
 class WaveGraphPanel;
@@ -44,7 +43,6 @@ class CFrmBaseSpectrum : public Screen {
   void TakeDamPeriod();
   void ShowDamPeriod();
   void ShowCandidateText();
-  std::unique_ptr<CDrawGraph> MakeGraph();
 
   CMorvaneDoc& m_doc;
   CommandGate& m_gate;

@@ -10,7 +10,6 @@
 
 namespace tremlo {
 
-class CDrawGraph;
 class CSpread7;
 class NeighbourRows;
 class WaveGraphPanel;
@@ -31,7 +30,6 @@ class CFrmDamsiteWave : public Screen {
   void LayOut(Prompt& prompt);
   /// A button that does something to all rows.
   QWidget* MakeRowsButton(const char* name, const QString& text, std::function<void()> act);
-  std::unique_ptr<CDrawGraph> MakeGraph();
 
   CMorvaneDoc& m_doc;
   CommandGate& m_gate;

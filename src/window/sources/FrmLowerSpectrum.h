@@ -4,11 +4,8 @@
 #include "window/graphs/CommandGate.h"
 #include "window/graphs/Screen.h"
 
-#include <memory>
-
 namespace tremlo {
 
-class CDrawGraph;
 class CSpread7;
 class InfoButton;
 class WaveGraphPanel;
@@ -28,7 +25,6 @@ class CFrmLowerSpectrum : public Screen {
   void MakeGrid(Prompt& prompt, ChangeRules& rules, CommandGate& gate);
   void MakeGraphPanel(CommandGate& gate);
   void LayOut();
-  std::unique_ptr<CDrawGraph> MakeGraph() const;
 
   CMorvaneDoc& m_doc;
   InfoButton* m_infoButton;

@@ -4,11 +4,11 @@
 #include "core/project/LastAcquisition.h"
 #include "core/project/RelationRows.h"
 #include "core/project/SpectrumCurves.h"
-#include "window/graphs/DlgGraphEditAccSpec.h"
 #include "window/graphs/DrawFreqAccSpec.h"
 #include "window/graphs/GridSize.h"
 #include "window/graphs/NamedControl.h"
 #include "window/graphs/RefuseEmpty.h"
+#include "window/graphs/SpectrumSettings.h"
 #include "window/graphs/Spread7.h"
 #include "window/graphs/WaveGraphPanel.h"
 #include "window/sources/FrmMakeSeismicWave2Refer.h"
@@ -119,19 +119,14 @@ QAbstractButton* CFrmMakeSeismicWave2::MakeAllButton(const char* name, const QSt
 }
 
 void CFrmMakeSeismicWave2::MakeGraphPanel() {
-  WaveGraphPanel::Settings settings;
-  settings.make = [this](QWidget* parent) {
-    return std::make_unique<CDlgGraphEditAccSpec>(m_doc.graphAttenuation.origGraph, m_planes->Colors(),
-                                                  parent);
+  const auto graph = [this](GraphKind) {
+    return std::make_unique<CDrawFreqAccSpec>(m_doc.graphAttenuation.origGraph, AttenuationCurves(m_doc));
   };
-  settings.changed = [this] {
-    m_doc.SetModified(true);
-    m_planeGrid->Refresh();
-  };
-  settings.resetRange = [this] { m_doc.graphAttenuation = CSeismicWave(); };
-  settings.resetColors = [this] { m_planes->ResetColors(); };
-  m_graphPanel = new WaveGraphPanel(
-      {GraphKind::Spectrum}, [this](GraphKind) { return MakeGraph(); }, settings, m_gate, this);
+  const ColorSettings colors{[this] { return m_planes->Colors(); }, [this] { m_planes->ResetColors(); },
+                             [this] { m_planeGrid->Refresh(); }};
+  m_graphPanel =
+      new WaveGraphPanel({GraphKind::Spectrum}, graph,
+                         SpectrumSettings(m_doc, &CMorvaneDoc::graphAttenuation, colors), m_gate, this);
 }
 
 void CFrmMakeSeismicWave2::LayOut() {
@@ -206,13 +201,6 @@ void CFrmMakeSeismicWave2::UseAll(bool use) {
 
 void CFrmMakeSeismicWave2::Calculate() {
   if (!m_doors.calculate()) m_doors.follow(SwitchOutcome::EndProgram);
-}
-
-std::unique_ptr<CDrawGraph> CFrmMakeSeismicWave2::MakeGraph() const {
-  auto graph = std::make_unique<CDrawFreqAccSpec>(m_doc.graphAttenuation.origGraph);
-  for (const GraphSeries& curve : AttenuationCurves(m_doc))
-    graph->AddSpectrum(curve.x, curve.y, curve.pen, curve.name);
-  return graph;
 }
 
 }  // namespace tremlo

@@ -13,7 +13,6 @@ class QLabel;
 namespace tremlo {
 
 class AttenuationRows;
-class CDrawGraph;
 class CSpread7;
 class WaveGraphPanel;
 
@@ -55,7 +54,6 @@ class CFrmMakeSeismicWave2 : public Screen {
 
   void Calculate();
   void ShowPlanes();
-  std::unique_ptr<CDrawGraph> MakeGraph() const;
 
   CMorvaneDoc& m_doc;
   WorkProcedure& m_procedure;

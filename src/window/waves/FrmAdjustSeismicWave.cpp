@@ -3,11 +3,11 @@
 #include "core/project/AdjustBaseRow.h"
 #include "core/project/SpectrumCurves.h"
 #include "window/graphs/CommandGate.h"
-#include "window/graphs/DlgGraphEditBaseSpec.h"
 #include "window/graphs/DrawFreqAccSpec.h"
 #include "window/graphs/GridSize.h"
 #include "window/graphs/InfoButton.h"
 #include "window/graphs/NamedControl.h"
+#include "window/graphs/SpectrumSettings.h"
 #include "window/graphs/Spread7.h"
 #include "window/graphs/WaveGraphPanel.h"
 #include "window/waves/NoteLabel.h"
@@ -100,14 +100,11 @@ void CFrmAdjustSeismicWave::MakeGrids(ChangeRules& rules, Prompt& prompt, Adjust
 }
 
 void CFrmAdjustSeismicWave::MakeGraphPanel() {
-  WaveGraphPanel::Settings settings;
-  settings.make = [this](QWidget* parent) {
-    return std::make_unique<CDlgGraphEditBaseSpec>(m_doc.graphAdjust.origGraph, parent);
+  const auto graph = [this](GraphKind) {
+    return std::make_unique<CDrawFreqAccSpec>(m_doc.graphAdjust.origGraph, AdjustCurves(m_doc));
   };
-  settings.changed = [this] { m_doc.SetModified(true); };
-  settings.resetRange = [this] { m_doc.graphAdjust = CSeismicWave(); };
-  m_graphPanel = new WaveGraphPanel(
-      {GraphKind::Spectrum}, [this](GraphKind) { return MakeGraph(); }, settings, m_gate, this);
+  m_graphPanel = new WaveGraphPanel({GraphKind::Spectrum}, graph,
+                                    SpectrumSettings(m_doc, &CMorvaneDoc::graphAdjust), m_gate, this);
 }
 
 void CFrmAdjustSeismicWave::LayOut() {
@@ -149,12 +146,6 @@ std::optional<std::int32_t> CFrmAdjustSeismicWave::ChooseColor(QWidget* parent, 
   const std::uint64_t generation = m_doc.Generation();
   const std::optional<std::int32_t> chosen = CSpread7::ChooseColorInDialog(parent, color);
   return m_doc.Generation() == generation ? chosen : std::nullopt;
-}
-
-std::unique_ptr<CDrawGraph> CFrmAdjustSeismicWave::MakeGraph() {
-  auto graph = std::make_unique<CDrawFreqAccSpec>(m_doc.graphAdjust.origGraph);
-  for (GraphSeries& curve : AdjustCurves(m_doc)) graph->AddCurve(std::move(curve));
-  return graph;
 }
 
 }  // namespace tremlo

@@ -7,7 +7,6 @@ class QAbstractButton;
 
 namespace tremlo {
 
-class CDrawGraph;
 class CommandGate;
 class CSpread7;
 class NoteLabel;
@@ -29,7 +28,6 @@ class CFrmAdjustSeismicWave : public Screen {
   void LayOut();
   void ShowAll(bool shown);
   std::optional<std::int32_t> ChooseColor(QWidget* parent, std::int32_t color);
-  std::unique_ptr<CDrawGraph> MakeGraph();
 
   CMorvaneDoc& m_doc;
   CommandGate& m_gate;
