@@ -9,6 +9,7 @@
 #include "support/ProcedureParts.h"
 #include "support/ScreenDriver.h"
 #include "support/ScriptedFiles.h"
+#include "support/StatusTips.h"
 #include "support/TestFolder.h"
 #include "support/Waves.h"
 #include "window/graphs/DlgGraphEditBaseSpec.h"
@@ -19,7 +20,6 @@
 #include <QAccessible>
 #include <QColorDialog>
 #include <QLabel>
-#include <QStatusTipEvent>
 
 namespace tremlo::test {
 namespace {
@@ -585,17 +585,6 @@ TEST_F(AdjustSeismicWaveScreen, TheSettingsDialogWorksOnTheBlockOfTheAdjustment)
   EXPECT_EQ(doc.graphAdjust, CSeismicWave());
 }
 
-/// Notes what a window is told for its status bar.
-class StatusTips : public QObject {
- public:
-  explicit StatusTips(QWidget& window) { window.installEventFilter(this); }
-  bool eventFilter(QObject*, QEvent* event) override {
-    if (event->type() == QEvent::StatusTip) last = static_cast<QStatusTipEvent*>(event)->tip().toStdString();
-    return false;
-  }
-  std::string last;
-};
-
 TEST_F(AdjustSeismicWaveScreen, ACurveBearsTheNameOfItsWave) {
   doc.graphAdjust.origGraph.specLog = 0;
   for (const std::size_t hidden : {std::size_t{0}, std::size_t{2}}) Wave(hidden).adjustShow = false;
@@ -604,7 +593,7 @@ TEST_F(AdjustSeismicWaveScreen, ACurveBearsTheNameOfItsWave) {
   const StatusTips tips(*screen.window());
   driver.Find<QWidget>("graph").setFocus();
   driver.Key(Qt::Key_Home);
-  EXPECT_THAT(tips.last, HasSubstr("B"));
+  EXPECT_THAT(tips.Last().toStdString(), HasSubstr("B"));
 }
 
 TEST_F(AdjustSeismicWaveScreen, TheTabKeyFollowsTheReadingOrder) {
