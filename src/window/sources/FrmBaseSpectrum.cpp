@@ -33,8 +33,8 @@ constexpr int kTextLength = 62;  // in full-width characters
 
 }  // namespace
 
-CFrmBaseSpectrum::CFrmBaseSpectrum(CMorvaneDoc& doc, Prompt& prompt, ChangeRules& rules, CommandGate& gate,
-                                   QWidget* parent)
+CFrmBaseSpectrum::CFrmBaseSpectrum(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files, ChangeRules& rules,
+                                   CommandGate& gate, QWidget* parent)
     : Screen(parent),
       m_doc(doc),
       m_gate(gate),
@@ -43,7 +43,7 @@ CFrmBaseSpectrum::CFrmBaseSpectrum(CMorvaneDoc& doc, Prompt& prompt, ChangeRules
   setAccessibleName(QStringLiteral("基準スペクトル設定"));
   MakeGrid(prompt);
   MakeControls(prompt);
-  MakeGraphPanel();
+  MakeGraphPanel({gate, files, prompt});
   LayOut();
   Refresh();
 }
@@ -111,12 +111,12 @@ void CFrmBaseSpectrum::MakeControls(Prompt& prompt) {
   m_candidateText->setAccessibleDescription(m_candidateText->toolTip());
 }
 
-void CFrmBaseSpectrum::MakeGraphPanel() {
+void CFrmBaseSpectrum::MakeGraphPanel(const GraphDoors& doors) {
   const auto graph = [this](GraphKind) {
     return std::make_unique<CDrawFreqAccSpec>(m_doc.graphBase.origGraph, CandidateCurves(m_doc));
   };
   m_graphPanel = new WaveGraphPanel({GraphKind::Spectrum}, graph,
-                                    SpectrumSettings(m_doc, &CMorvaneDoc::graphBase), m_gate, this);
+                                    SpectrumSettings(m_doc, &CMorvaneDoc::graphBase), doors, this);
 }
 
 void CFrmBaseSpectrum::LayOut() {

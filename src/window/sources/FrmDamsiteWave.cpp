@@ -25,12 +25,12 @@ constexpr int kGridWidth = 440;
 
 }  // namespace
 
-CFrmDamsiteWave::CFrmDamsiteWave(CMorvaneDoc& doc, Prompt& prompt, ChangeRules& rules, CommandGate& gate,
-                                 QWidget* parent)
+CFrmDamsiteWave::CFrmDamsiteWave(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files, ChangeRules& rules,
+                                 CommandGate& gate, QWidget* parent)
     : Screen(parent), m_doc(doc), m_gate(gate), m_rows(std::make_shared<NeighbourRows>(doc, rules)) {
   setAccessibleName(QStringLiteral("現場近隣地震波形"));
   MakeGrid(prompt);
-  MakeGraphPanel();
+  MakeGraphPanel({gate, files, prompt});
   LayOut(prompt);
   Refresh();
 }
@@ -49,15 +49,14 @@ void CFrmDamsiteWave::MakeGrid(Prompt& prompt) {
   connect(m_grid, &CSpread7::Changed, this, &CFrmDamsiteWave::Refresh);
 }
 
-void CFrmDamsiteWave::MakeGraphPanel() {
+void CFrmDamsiteWave::MakeGraphPanel(const GraphDoors& doors) {
   const auto graph = [this](GraphKind) {
     return std::make_unique<CDrawFreqAccSpec>(m_doc.graphDamsite.origGraph, NeighbourCurves(m_doc));
   };
   const ColorSettings colors{[this] { return m_rows->Colors(); }, [this] { m_rows->ResetColors(); },
                              [this] { m_grid->Refresh(); }};
-  m_graphPanel =
-      new WaveGraphPanel({GraphKind::Spectrum}, graph,
-                         SpectrumSettings(m_doc, &CMorvaneDoc::graphDamsite, colors), m_gate, this);
+  m_graphPanel = new WaveGraphPanel({GraphKind::Spectrum}, graph,
+                                    SpectrumSettings(m_doc, &CMorvaneDoc::graphDamsite, colors), doors, this);
 }
 
 QWidget* CFrmDamsiteWave::MakeRowsButton(const char* name, const QString& text, std::function<void()> act) {

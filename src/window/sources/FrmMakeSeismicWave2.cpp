@@ -36,9 +36,9 @@ constexpr std::pair<int, int> kPlaneDigits[] = {{1, 5}, {3, 6}, {4, 5}, {5, 5}, 
 
 }  // namespace
 
-CFrmMakeSeismicWave2::CFrmMakeSeismicWave2(CMorvaneDoc& doc, Prompt& prompt, WorkProcedure& procedure,
-                                           ChangeRules& rules, CommandGate& gate, Doors doors,
-                                           QWidget* parent)
+CFrmMakeSeismicWave2::CFrmMakeSeismicWave2(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files,
+                                           WorkProcedure& procedure, ChangeRules& rules, CommandGate& gate,
+                                           Doors doors, QWidget* parent)
     : Screen(parent),
       m_doc(doc),
       m_procedure(procedure),
@@ -51,7 +51,7 @@ CFrmMakeSeismicWave2::CFrmMakeSeismicWave2(CMorvaneDoc& doc, Prompt& prompt, Wor
   MakeRelationGrid(prompt, rules);
   MakePlaneGrid(prompt, rules);
   MakeButtons();
-  MakeGraphPanel();
+  MakeGraphPanel({gate, files, prompt});
   LayOut();
   Refresh();
 }
@@ -118,7 +118,7 @@ QAbstractButton* CFrmMakeSeismicWave2::MakeAllButton(const char* name, const QSt
   return button;
 }
 
-void CFrmMakeSeismicWave2::MakeGraphPanel() {
+void CFrmMakeSeismicWave2::MakeGraphPanel(const GraphDoors& doors) {
   const auto graph = [this](GraphKind) {
     return std::make_unique<CDrawFreqAccSpec>(m_doc.graphAttenuation.origGraph, AttenuationCurves(m_doc));
   };
@@ -126,7 +126,7 @@ void CFrmMakeSeismicWave2::MakeGraphPanel() {
                              [this] { m_planeGrid->Refresh(); }};
   m_graphPanel =
       new WaveGraphPanel({GraphKind::Spectrum}, graph,
-                         SpectrumSettings(m_doc, &CMorvaneDoc::graphAttenuation, colors), m_gate, this);
+                         SpectrumSettings(m_doc, &CMorvaneDoc::graphAttenuation, colors), doors, this);
 }
 
 void CFrmMakeSeismicWave2::LayOut() {

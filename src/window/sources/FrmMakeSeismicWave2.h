@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/ask/FileDialogs.h"
 #include "core/project/ChangeRules.h"
 #include "window/graphs/CommandGate.h"
 #include "window/graphs/Screen.h"
@@ -15,6 +16,7 @@ namespace tremlo {
 class AttenuationRows;
 class CSpread7;
 class WaveGraphPanel;
+struct GraphDoors;
 
 /// The spectra of the acquired faults by the attenuation relation: the relation, and for each plane its
 /// ground class, colour, whether it is drawn and whether it may become the base spectrum. What touches a
@@ -30,8 +32,8 @@ class CFrmMakeSeismicWave2 : public Screen {
     std::function<void(SwitchOutcome)> follow;
   };
 
-  CFrmMakeSeismicWave2(CMorvaneDoc& doc, Prompt& prompt, WorkProcedure& procedure, ChangeRules& rules,
-                       CommandGate& gate, Doors doors, QWidget* parent = nullptr);
+  CFrmMakeSeismicWave2(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files, WorkProcedure& procedure,
+                       ChangeRules& rules, CommandGate& gate, Doors doors, QWidget* parent = nullptr);
 
   void Refresh() override;
 
@@ -40,7 +42,7 @@ class CFrmMakeSeismicWave2 : public Screen {
   void MakeRelationGrid(Prompt& prompt, ChangeRules& rules);
   void MakePlaneGrid(Prompt& prompt, ChangeRules& rules);
   void MakeButtons();
-  void MakeGraphPanel();
+  void MakeGraphPanel(const GraphDoors& doors);
   void LayOut();
   QLabel* MakeText(const char* name, const QString& text);
   QAbstractButton* MakeAllButton(const char* name, const QString& text,

@@ -43,8 +43,9 @@ struct ColumnWidths {
 
 }  // namespace
 
-CFrmAdjustSeismicWave::CFrmAdjustSeismicWave(CMorvaneDoc& doc, Prompt& prompt, ChangeRules& rules,
-                                             CommandGate& gate, AdjustRunner run, QWidget* parent)
+CFrmAdjustSeismicWave::CFrmAdjustSeismicWave(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files,
+                                             ChangeRules& rules, CommandGate& gate, AdjustRunner run,
+                                             QWidget* parent)
     : Screen(parent),
       m_doc(doc),
       m_gate(gate),
@@ -52,7 +53,7 @@ CFrmAdjustSeismicWave::CFrmAdjustSeismicWave(CMorvaneDoc& doc, Prompt& prompt, C
   setAccessibleName(QStringLiteral("原種波形の振幅調整"));
   MakeButtons(prompt);
   MakeGrids(rules, prompt, std::move(run));
-  MakeGraphPanel();
+  MakeGraphPanel({gate, files, prompt});
   LayOut();
   Refresh();
 }
@@ -99,12 +100,12 @@ void CFrmAdjustSeismicWave::MakeGrids(ChangeRules& rules, Prompt& prompt, Adjust
   FitRows(*m_baseGrid);
 }
 
-void CFrmAdjustSeismicWave::MakeGraphPanel() {
+void CFrmAdjustSeismicWave::MakeGraphPanel(const GraphDoors& doors) {
   const auto graph = [this](GraphKind) {
     return std::make_unique<CDrawFreqAccSpec>(m_doc.graphAdjust.origGraph, AdjustCurves(m_doc));
   };
   m_graphPanel = new WaveGraphPanel({GraphKind::Spectrum}, graph,
-                                    SpectrumSettings(m_doc, &CMorvaneDoc::graphAdjust), m_gate, this);
+                                    SpectrumSettings(m_doc, &CMorvaneDoc::graphAdjust), doors, this);
 }
 
 void CFrmAdjustSeismicWave::LayOut() {

@@ -72,7 +72,7 @@ void CFrmRespAdjustSpectrum::MakeControls() {
 void CFrmRespAdjustSpectrum::MakeGraphPanel() {
   m_graphPanel = new WaveGraphPanel(
       {GraphKind::Spectrum}, [this](GraphKind) { return MakeGraph(); },
-      SpectrumSettings(m_doc, &CMorvaneDoc::graphBase), m_gate, this);
+      SpectrumSettings(m_doc, &CMorvaneDoc::graphBase), GraphDoors{m_gate, m_files, m_prompt}, this);
 }
 
 void CFrmRespAdjustSpectrum::LayOut() {

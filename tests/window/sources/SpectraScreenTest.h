@@ -7,6 +7,7 @@
 #include "support/NoThreads.h"
 #include "support/OfferedAction.h"
 #include "support/ScreenDriver.h"
+#include "support/ScriptedFiles.h"
 #include "support/TestFolder.h"
 #include "support/Waves.h"
 #include "window/graphs/CommandGate.h"
@@ -117,7 +118,7 @@ class SpectraScreenTest : public testing::Test {
 
   template <class MadeScreen>
   void Make() {
-    screen = std::make_unique<MadeScreen>(doc, prompt, rules, gate);
+    screen = std::make_unique<MadeScreen>(doc, prompt, files, rules, gate);
     host.screen = screen.get();
     driver = std::make_unique<ScreenDriver>(*screen, QSize(1000, 700));
   }
@@ -212,6 +213,7 @@ class SpectraScreenTest : public testing::Test {
   CMorvaneDoc doc{SourcePath(QStringLiteral("data"))};
   QStringList log;
   ScriptedPrompt prompt;
+  ScriptedFiles files;
   ComputingHost host;
   RecordingPane pane{log};
   WorkProcedure procedure{doc, prompt, host, pane};

@@ -115,6 +115,7 @@ class AdjustSeismicWaveScreen : public testing::Test {
   QStringList log;
   CMorvaneDoc doc{QString()};
   ScriptedPrompt prompt{&log};
+  ScriptedFiles files;
   ScreenHolder host{doc, log};
   RecordingPane pane{log};
   WorkProcedure procedure{doc, prompt, host, pane};
@@ -122,7 +123,7 @@ class AdjustSeismicWaveScreen : public testing::Test {
   CommandGate gate{prompt};
   std::vector<AdjustInput> runs;
   std::function<AdjustResult(const AdjustInput&)> run = [](const AdjustInput&) { return Converged(); };
-  CFrmAdjustSeismicWave screen{doc, prompt, rules, gate, [this](const AdjustInput& input) {
+  CFrmAdjustSeismicWave screen{doc, prompt, files, rules, gate, [this](const AdjustInput& input) {
                                  runs.push_back(input);
                                  return run(input);
                                }};
@@ -692,8 +693,7 @@ TEST_F(AdjustSeismicWaveScreen, WhatTheRoadExportsIsWhatTheCommandLineWrites) {
   Click(4, kAdjusted);
   ASSERT_TRUE(Wave(3).adjusted);
 
-  ScriptedFiles files;
-  CFrmVisualization visualization(doc, files, gate);
+  CFrmVisualization visualization(doc, prompt, files, gate);
   ScreenDriver result(visualization);
   const DocumentState before(doc);
   files.Choose(folder.Path("window.csv"));

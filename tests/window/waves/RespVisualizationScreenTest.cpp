@@ -74,7 +74,7 @@ class RespVisualizationScreen : public testing::Test {
   ScriptedFiles files;
   ScriptedPrompt prompt;
   CommandGate gate{prompt};
-  CFrmRespVisualization screen{doc, files, gate};
+  CFrmRespVisualization screen{doc, prompt, files, gate};
   ScreenDriver driver{screen};
   TestFolder folder;
 };
@@ -385,7 +385,7 @@ TEST_F(RespVisualizationScreen, TheScreenFollowsThePalette) {
   palette.Back();
   EXPECT_EQ(driver.Picture(), light);
   palette.ToDark();
-  CFrmRespVisualization fresh(doc, files, gate);
+  CFrmRespVisualization fresh(doc, prompt, files, gate);
   fresh.Prepare();
   fresh.Entered();
   ScreenDriver another(fresh);
@@ -470,7 +470,7 @@ class RespVisualizationGate : public testing::Test {
   WorkProcedure procedure{doc, prompt, host, pane};
   ScriptedFiles files;
   CommandGate gate{prompt};
-  CFrmRespVisualization screen{doc, files, gate};
+  CFrmRespVisualization screen{doc, prompt, files, gate};
 };
 
 TEST_F(RespVisualizationGate, AMissingWaveIsTold) {

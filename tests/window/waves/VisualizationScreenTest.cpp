@@ -87,7 +87,7 @@ class VisualizationScreen : public testing::Test {
   ChangeRules rules{doc, prompt, procedure};
   ScriptedFiles files;
   CommandGate gate{prompt};
-  CFrmVisualization screen{doc, files, gate};
+  CFrmVisualization screen{doc, prompt, files, gate};
   ScreenDriver driver{screen, {960, 700}};
   TestFolder folder;
 };
