@@ -228,7 +228,7 @@ TEST_F(BehindDialog, AGraphThatNoMemoryHoldsSaysSoInItsPlace) {
         if (!enough) throw std::bad_alloc();
         return nullptr;
       },
-      {[](QWidget*) { return nullptr; }, [] {}, [] {}, nullptr}, gate, &window);
+      {[](QWidget*) { return nullptr; }, [] {}, [] {}, nullptr}, GraphDoors{gate, files, prompt}, &window);
   const auto caption = [&] { return panel.findChild<QLabel*>("caption")->text(); };
   panel.Refresh();
   window.grab();
