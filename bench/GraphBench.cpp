@@ -82,6 +82,38 @@ void PaintManySpectra(benchmark::State& state) {
   Paint(graph, state);
 }
 
+// The candidates of a base spectrum, as long as a record of 164 s makes them. `PeriodsOf` gives each its own.
+template <class PeriodsOf>
+void PaintCandidates(benchmark::State& state, PeriodsOf periodsOf) {
+  constexpr int kPeriods = 8192;
+  CDrawFreqAccSpec graph({});
+  for (int curve = 0; curve < state.range(0); ++curve) {
+    std::vector<double> values;
+    for (int i = 0; i < kPeriods; ++i)
+      values.push_back((2.0 + curve) * (10.0 + std::sin(i * 0.005) + 0.1 * std::sin(i + curve)));
+    graph.AddSpectrum(periodsOf(curve, kPeriods), values, {curve * 4111, 1});
+  }
+  QImage image(kSize, QImage::Format_RGB32);
+  for (auto _ : state) {
+    QPainter painter(&image);
+    graph.Draw(painter, QRectF(QPointF(0.0, 0.0), kSize));
+  }
+}
+
+std::vector<double> CandidatePeriods(int count, double longest) {
+  std::vector<double> periods;
+  for (int i = 1; i <= count; ++i) periods.push_back(longest / i);
+  return periods;
+}
+
+void PaintCandidatesOfOwnPeriods(benchmark::State& state) {
+  PaintCandidates(state, [](int curve, int count) { return CandidatePeriods(count, 163.84 + 1e-6 * curve); });
+}
+
+void PaintCandidatesOfEqualPeriods(benchmark::State& state) {
+  PaintCandidates(state, [](int, int count) { return CandidatePeriods(count, 163.84); });
+}
+
 // What one move of the mouse costs: the nearest of all points, and a repaint.
 void PointAtWave(benchmark::State& state) {
   CDrawTimeAccGal graph({});
@@ -107,6 +139,12 @@ BENCHMARK(PaintSpectrum)
     ->Args({2, 100})
     ->Args({5, 100})
     ->Args({2, 200})
+    ->Unit(benchmark::kMillisecond);
+// Number of curves; the baseline shares no periods, so that each curve takes its own logarithms.
+BENCHMARK(PaintCandidatesOfOwnPeriods)->Name("PaintCandidates/plain")->Arg(27)->Unit(benchmark::kMillisecond);
+BENCHMARK(PaintCandidatesOfEqualPeriods)
+    ->Name("PaintCandidates/shared")
+    ->Arg(27)
     ->Unit(benchmark::kMillisecond);
 BENCHMARK(PointAtWave)->Unit(benchmark::kMillisecond);
 

@@ -11,7 +11,7 @@ from desktop import Desktop, wait_until  # noqa: E402
 from driver import ROLE, STATE, Atspi, states  # noqa: E402
 from xserver import XServer  # noqa: E402
 import route  # noqa: E402
-from route import NEW, OPEN, SAVE_AS, UNSAVED, long_case, tools  # noqa: E402
+from route import CHANGE_ASKED, NEW, OPEN, SAVE_AS, UNSAVED, long_case, tools  # noqa: E402
 
 TOP = "指針に沿って解析波形を作成"
 FIELD, CHECK = "現場設定", "作業手順の確認"
@@ -26,16 +26,6 @@ A1, A2, A3 = (f"振幅特性　Q{number}" for number in range(1, 4))
 END = "フローチャートの確認"
 LEAVE = "作業手順の確認中ですがよろしいですか？"
 SECOND_GOES = "2つ目のYESのパスが消去されますがよろしいですか？"
-CHANGE_ASKED = """作業手順を変更しますか？
-以下のデータがクリアされます。
-・「現場近隣地震波形」
-・「距離減衰式(断層)」
-・「下限スペクトル」
-・「基準スペクトル設定」
-・「原種波形の振幅調整」
-・「可視化」
-・「断層APIパラメータ設定」
-・「振幅調整設定」"""
 YES, NO = "はい(Y)", "いいえ(N)"
 ABOUT, ONLINE = "バージョン情報(A)...", "オンライン"
 CURRENT, TAKEN, NOT_TAKEN = "現在の質問", "採用中", "未採用"

@@ -4,6 +4,7 @@
 import pathlib
 import resource
 import signal
+import struct
 import subprocess
 import sys
 
@@ -11,7 +12,7 @@ sys.dont_write_bytecode = True
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent))
 
 from desktop import Desktop, wait_until  # noqa: E402
-from driver import ROLE, STATE, states  # noqa: E402
+from driver import ROLE, STATE, Atspi, states  # noqa: E402
 import route  # noqa: E402
 from route import NEW, OPEN, ROOT, SAVE_AS, UNSAVED, tools  # noqa: E402
 
@@ -278,6 +279,37 @@ class ResponseRoute(route.Route):
         program.point_at("グラフ")
         program.until(lambda: "gal" in program.status(), "values in the status bar")
         program.screenshot("pointed")
+        self.close(program, "いいえ(N)")
+
+    def open_graph_menu(self, program, *how):
+        before = program.windows()
+        program.xdotool(*how)
+        program.until(lambda: program.windows() - before, "menu of the graph")
+
+    def test_the_graph_goes_to_files_by_pointer_and_keys(self):
+        program = self.start()
+        self.read_record(program)
+        curves, picture, page = (self.desktop.folder / f"graph.{ending}" for ending in ("csv", "png", "pdf"))
+        graph = program.find("グラフ")
+        self.open_graph_menu(program, "mousemove", *program.point(graph), "click", 3)
+        program.screenshot("graph_menu")
+        program.keys("Down", "Return")
+        program.choose_file("画像をファイルに保存", picture)
+        wait_until(picture.exists, "the picture")
+        seen = Atspi.Component.get_extents(graph, Atspi.CoordType.SCREEN)
+        self.assertEqual(struct.unpack(">II", picture.read_bytes()[16:24]), (2 * (seen.width - 4), 2 * (seen.height - 8)))
+        program.focus("グラフ")
+        self.open_graph_menu(program, "key", "Menu")
+        program.keys("Down", "Down", "Return")
+        program.choose_file("データをCSVで保存", curves)
+        wait_until(curves.exists, "the curves")
+        told, kept = (path.read_text("cp932").splitlines()[1:] for path in (curves, RECORD))
+        self.assertEqual([float(line.split(",")[1]) for line in told], [float(line.split(",")[1]) for line in kept])
+        self.open_graph_menu(program, "key", "shift+F10")
+        program.keys("Down", "Return")
+        program.choose_file("画像をファイルに保存", page)
+        wait_until(page.exists, "the page")
+        self.assertTrue(page.read_bytes().startswith(b"%PDF"))
         self.close(program, "いいえ(N)")
 
     def graph_settings_keep_their_size(self, scale):

@@ -16,6 +16,16 @@ from driver import ROLE, STATE, Program, states
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 UNSAVED = "「{}」は変更されています。保存しますか？"
+CHANGE_ASKED = """作業手順を変更しますか？
+以下のデータがクリアされます。
+・「現場近隣地震波形」
+・「距離減衰式(断層)」
+・「下限スペクトル」
+・「基準スペクトル設定」
+・「原種波形の振幅調整」
+・「可視化」
+・「断層APIパラメータ設定」
+・「振幅調整設定」"""
 NEW, OPEN, SAVE_AS = "新規作成(N)", "開く(O)...", "名前を付けて保存(A)..."
 tools = argparse.Namespace()  # the words of the command line
 

@@ -12,7 +12,7 @@ from driver import ROLE  # noqa: E402
 from xserver import XServer  # noqa: E402
 import project_file  # noqa: E402
 import route  # noqa: E402
-from route import NEW, long_case  # noqa: E402
+from route import CHANGE_ASKED, NEW, long_case  # noqa: E402
 from source_steps import (  # noqa: E402
     ACQUIRE, ADJUST, BASE, CANDIDATES, DAM_PERIOD, FAULTS, FIELD, LIMIT, METHOD, NEIGHBOURS, NO, NO_WAVES,
     OK, PARAMETERS, PLANE_GRID, REFER, RUNNING, SECOND, SHOW_ALL, SHOW_NONE, USE_ALL, USE_NONE, WAVES,
@@ -298,19 +298,9 @@ class SpectraRoute(SourceSteps):
         self.plant(all_of_it, faults=True, waves=2)
         program = self.start("作業手順の確認")
         program.find("作業手順の変更")
-        question = """作業手順を変更しますか？
-以下のデータがクリアされます。
-・「現場近隣地震波形」
-・「距離減衰式(断層)」
-・「下限スペクトル」
-・「基準スペクトル設定」
-・「原種波形の振幅調整」
-・「可視化」
-・「断層APIパラメータ設定」
-・「振幅調整設定」"""
-        self.expect_declined(program, lambda: program.press("作業手順の変更"), question)
+        self.expect_declined(program, lambda: program.press("作業手順の変更"), CHANGE_ASKED)
         program.press("作業手順の変更")
-        program.answer(question, YES)
+        program.answer(CHANGE_ASKED, YES)
         program.find("マウスクリックで確認")
         stored = self.saved_project(program)
         self.expect_no_base(stored)

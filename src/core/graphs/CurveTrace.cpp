@@ -72,26 +72,19 @@ class ColumnWriter {
   bool m_solid = false;         ///< the column has to be drawn itself: no line ends in it
 };
 
-/// A point on its way to pixels. Outside the x limits its position goes on beyond the frame, and the column
-/// is the frame's edge on that side.
-struct Place {
-  int column = 0, row = 0;
-  bool inside = false;
-  double position = 0.0;
+/// A point on its way to pixels.
+struct Place : CurveTracer::XPlace {
+  int row = 0;
 };
 
-class Tracer {
+/// Walks along one curve.
+class Walk {
  public:
-  Tracer(const GraphAxis& xAxis, const GraphAxis& yAxis, std::vector<TracePiece>& pieces)
-      : m_xAxis(xAxis), m_yAxis(yAxis), m_writer(pieces) {}
+  explicit Walk(std::vector<TracePiece>& pieces) : m_writer(pieces) {}
 
-  void Add(double x, double y) {
-    const std::optional<int> column = m_xAxis.Pixel(x);
-    const std::optional<int> row = m_yAxis.Pixel(y);
-    if (!column || !row) return;
-    const bool inside = m_xAxis.Contains(x);
-    const Place place{*column, *row, inside, inside ? *column : m_xAxis.Position(x)};
-    inside ? Enter(place) : Leave(place);
+  void Add(const CurveTracer::XPlace& x, int row) {
+    const Place place{x, row};
+    place.inside ? Enter(place) : Leave(place);
     m_previous = place;
   }
 
@@ -129,22 +122,36 @@ class Tracer {
     return static_cast<int>(std::lround(row));
   }
 
-  const GraphAxis& m_xAxis;
-  const GraphAxis& m_yAxis;
   ColumnWriter m_writer;
   std::optional<Place> m_previous;
 };
 
 }  // namespace
 
-std::vector<TracePiece> TraceCurve(const std::vector<double>& x, const std::vector<double>& y,
-                                   const GraphAxis& xAxis, const GraphAxis& yAxis) {
+std::vector<TracePiece> CurveTracer::Trace(const std::vector<double>& x, const std::vector<double>& y) {
   std::vector<TracePiece> pieces;
-  if (!xAxis.IsUsable() || !yAxis.IsUsable()) return pieces;
-  Tracer tracer(xAxis, yAxis, pieces);
+  if (!m_xAxis.IsUsable() || !m_yAxis.IsUsable()) return pieces;
+  const std::vector<XPlace>& places = PlacesOf(x);
+  Walk walk(pieces);
   const std::size_t count = std::min(x.size(), y.size());
-  for (std::size_t i = 0; i < count; ++i) tracer.Add(x[i], y[i]);
+  for (std::size_t i = 0; i < count; ++i) {
+    if (!places[i].exists) continue;
+    if (const std::optional<int> row = m_yAxis.Pixel(y[i])) walk.Add(places[i], *row);
+  }
   return pieces;
+}
+
+const std::vector<CurveTracer::XPlace>& CurveTracer::PlacesOf(const std::vector<double>& x) {
+  if (x == m_x) return m_xPlaces;
+  m_x = x;
+  m_xPlaces.assign(x.size(), {});
+  for (std::size_t i = 0; i < x.size(); ++i) {
+    const std::optional<int> column = m_xAxis.Pixel(x[i]);
+    if (!column) continue;
+    const bool inside = m_xAxis.Contains(x[i]);
+    m_xPlaces[i] = {*column, true, inside, inside ? *column : m_xAxis.Position(x[i])};
+  }
+  return m_xPlaces;
 }
 
 }  // namespace tremlo

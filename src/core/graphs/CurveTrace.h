@@ -12,9 +12,9 @@ struct TracePiece {
   bool operator==(const TracePiece&) const = default;
 };
 
-/// The polyline through the points, in order, as what is left of it on pixels: points that share a column
-/// become one piece from their highest to their lowest pixel, so that no peak is lost and 65,536 points give
-/// no more pieces than the frame has columns.
+/// Traces a curve: the polyline through its points, in order, as what is left of it on pixels: points that
+/// share a column become one piece from their highest to their lowest pixel, so that no peak is lost and
+/// 65,536 points give no more pieces than the frame has columns.
 ///
 /// A value beyond the y limits runs along the frame's edge. A point beyond the x limits is not drawn, but
 /// what lies inside the frame of the lines to it and from it is: a curve comes in from the frame's edge
@@ -22,7 +22,30 @@ struct TracePiece {
 /// this lies between two neighbouring points, so that a spectrum is not broken off where only the view ends.
 /// A point that holds something that is not a number is passed over. Axes without usable limits give no
 /// pieces.
-std::vector<TracePiece> TraceCurve(const std::vector<double>& x, const std::vector<double>& y,
-                                   const GraphAxis& xAxis, const GraphAxis& yAxis);
+///
+/// A tracer is made for the curves of one drawing: many of them have the periods of the curve before, whose
+/// columns, a logarithm a point, it keeps.
+class CurveTracer {
+ public:
+  CurveTracer(const GraphAxis& xAxis, const GraphAxis& yAxis) : m_xAxis(xAxis), m_yAxis(yAxis) {}
+
+  std::vector<TracePiece> Trace(const std::vector<double>& x, const std::vector<double>& y);
+
+  /// What a point's x makes of it. Outside the limits its position goes on beyond the frame, and the column
+  /// is the frame's edge on that side.
+  struct XPlace {
+    int column = 0;
+    bool exists = false;  ///< false for what has no place on the axis
+    bool inside = false;
+    double position = 0.0;
+  };
+
+ private:
+  const std::vector<XPlace>& PlacesOf(const std::vector<double>& x);
+
+  GraphAxis m_xAxis, m_yAxis;
+  std::vector<double> m_x;        ///< of the last curve
+  std::vector<XPlace> m_xPlaces;  ///< theirs
+};
 
 }  // namespace tremlo

@@ -16,21 +16,21 @@ QString Limits(const QString& title, double min, double max) {
 
 const GraphTexts& TextsOf(GraphKind kind) {
   static const QString seconds = QStringLiteral("sec");
-  static const GraphTexts time = {QStringLiteral("グラフ (時間－加速度)"),
+  static const GraphTexts time = {QStringLiteral("時間－加速度"),
                                   QStringLiteral("時間"),
                                   seconds,
                                   QStringLiteral("加速度"),
                                   QStringLiteral("gal"),
                                   {},
                                   0};
-  static const GraphTexts spectrum = {QStringLiteral("グラフ (周期－加速度応答スペクトル)"),
+  static const GraphTexts spectrum = {QStringLiteral("周期－加速度応答スペクトル"),
                                       QStringLiteral("周期T"),
                                       seconds,
                                       QStringLiteral("加速度応答スペクトルS"),
                                       QStringLiteral("gal"),
                                       QStringLiteral("減衰定数 h=5%"),
                                       1};
-  static const GraphTexts fourier = {QStringLiteral("グラフ (フーリエスペクトル)"),
+  static const GraphTexts fourier = {QStringLiteral("フーリエスペクトル"),
                                      QStringLiteral("周期T"),
                                      seconds,
                                      QStringLiteral("フーリエスペクトル"),

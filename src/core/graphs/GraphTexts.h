@@ -11,11 +11,12 @@ namespace tremlo {
 
 /// The words of one graph. `xLabelDecimals` are the places of the labels along a linear x axis.
 struct GraphTexts {
-  QString caption;
+  QString name;
   QString xName, xUnit, yName, yUnit;
   QString note;  ///< stands inside the frame; empty for none
   int xLabelDecimals = 0;
 
+  QString Caption() const { return QStringLiteral("グラフ (") + name + u')'; }
   QString XTitle() const { return xName + QStringLiteral(" (") + xUnit + u')'; }
   QString YTitle() const { return yName + QStringLiteral(" (") + yUnit + u')'; }
 };

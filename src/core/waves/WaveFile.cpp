@@ -2,6 +2,7 @@
 
 #include "core/files/Cp932Text.h"
 #include "core/files/CsvText.h"
+#include "core/files/FileName.h"
 #include "core/files/TextScan.h"
 #include "core/files/WholeFile.h"
 #include "numeric/waves/FourierSpectrum.h"
@@ -16,8 +17,6 @@
 namespace tremlo {
 
 namespace {
-
-constexpr qsizetype kLongestFileName = 200;  // in bytes; file systems take 255, endings included
 
 QString CannotOpen(const QString& path) {
   return path + QStringLiteral("を開けません。（読み取りオープン）");
@@ -104,12 +103,7 @@ SavePath SplitSavePath(const QString& path) {
 }
 
 QString FileNameOfWave(const QString& waveName, const QString& ending) {
-  QString name = waveName.trimmed();
-  for (QChar& unit : name)
-    if (unit < u' ' || unit == QChar(0x7F) || QStringView(u"/\\:*?\"<>|").contains(unit)) unit = u'_';
-  if (name.startsWith(u'.')) name[0] = u'_';  // it would be hidden
-  while (name.toUtf8().size() > kLongestFileName || (!name.isEmpty() && name.back().isHighSurrogate()))
-    name.chop(1);
+  const QString name = PlainFileName(waveName);
   return name.isEmpty() ? QString() : name + ending + QStringLiteral(".csv");
 }
 

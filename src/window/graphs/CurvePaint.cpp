@@ -5,6 +5,7 @@
 
 #include <QLineF>
 #include <QList>
+#include <QPainterPath>
 
 #include <algorithm>
 #include <cmath>
@@ -75,6 +76,21 @@ QRect DotRect(const QLineF& dot, int width) {
   return {qRound(dot.center().x() - width / 2.0), top, width, length};
 }
 
+/// Pixels are filled one rectangle and one line at a time. A file would hold each of these apart: there one
+/// path has all rectangles, another the lines, joined where they meet.
+void PaintAsPaths(QPainter& painter, const QList<QRect>& columns, const QList<QLineF>& lines,
+                  const QPen& pen) {
+  QPainterPath area, stroke;
+  area.setFillRule(Qt::WindingFill);
+  for (const QRect& column : columns) area.addRect(column);
+  for (const QLineF& line : lines) {
+    if (stroke.isEmpty() || stroke.currentPosition() != line.p1()) stroke.moveTo(line.p1());
+    stroke.lineTo(line.p2());
+  }
+  painter.fillPath(area, pen.color());
+  painter.strokePath(stroke, pen);
+}
+
 }  // namespace
 
 void PaintTrace(const GraphSurface& surface, const std::vector<TracePiece>& trace, const CurvePen& pen) {
@@ -102,13 +118,15 @@ void PaintTrace(const GraphSurface& surface, const std::vector<TracePiece>& trac
   }
 
   QPainter& painter = surface.Painter();
+  const QPen linePen(ColorFromBgr(pen.color), width, Qt::SolidLine,
+                     pen.line == CurveLine::Solid ? Qt::SquareCap : Qt::FlatCap, Qt::RoundJoin);
+  if (surface.IsVector()) return PaintAsPaths(painter, columns, lines, linePen);
   painter.setRenderHint(QPainter::Antialiasing, false);
   painter.setPen(Qt::NoPen);
   painter.setBrush(ColorFromBgr(pen.color));
   painter.drawRects(columns);
   painter.setRenderHint(QPainter::Antialiasing, true);
-  painter.setPen(QPen(ColorFromBgr(pen.color), width, Qt::SolidLine,
-                      pen.line == CurveLine::Solid ? Qt::SquareCap : Qt::FlatCap));
+  painter.setPen(linePen);
   painter.drawLines(lines);
 }
 

@@ -36,9 +36,11 @@ void CDrawGraph::Draw(QPainter& painter, const QRectF& area) {
   painter.fillRect(area, Qt::white);
   ComputeRange();
   const GraphSurface surface(painter, area);
-  if (FrameIn(surface.Area(), surface.Scale()).IsEmpty()) return;
+  const PlotFrame frame = FrameIn(surface.Area(), surface.Scale());
+  if (frame.IsEmpty()) return;
   DrawFrame(surface);
-  for (const GraphSeries& series : m_series) DrawSeries(surface, series);
+  CurveTracer tracer(XAxis(frame), YAxis(frame));
+  for (const GraphSeries& series : m_series) DrawSeries(surface, tracer, series);
   DrawLegend(surface);
   DrawBox(surface);
 }
@@ -52,9 +54,10 @@ void CDrawGraph::DrawFrame(const GraphSurface& surface) const {
   DrawTitles(surface, frame);
 }
 
-void CDrawGraph::DrawSeries(const GraphSurface& surface, const GraphSeries& series) const {
+void CDrawGraph::DrawSeries(const GraphSurface& surface, CurveTracer& tracer,
+                            const GraphSeries& series) const {
   const PlotFrame frame = FrameIn(surface.Area(), surface.Scale());
-  const std::vector<TracePiece> trace = TraceCurve(series.x, series.y, XAxis(frame), YAxis(frame));
+  const std::vector<TracePiece> trace = tracer.Trace(series.x, series.y);
   QPainter& painter = surface.Painter();
   painter.save();
   painter.setClipRect(PenRect(frame.plotLeft, frame.plotTop, frame.plotRight, frame.plotBottom, 1),

@@ -15,6 +15,7 @@ class QPainter;
 
 namespace tremlo {
 
+class CurveTracer;
 class GraphSurface;
 
 /// The rectangle of a graph's box, in pixels of the surface, its edges included.
@@ -41,7 +42,8 @@ class CDrawGraph {
   virtual void ComputeRange() = 0;
   /// Grid, zero lines, labels, titles.
   virtual void DrawFrame(const GraphSurface& surface) const;
-  virtual void DrawSeries(const GraphSurface& surface, const GraphSeries& series) const;
+  /// The tracer has the axes of this drawing.
+  virtual void DrawSeries(const GraphSurface& surface, CurveTracer& tracer, const GraphSeries& series) const;
 
   /// The whole graph: range, frame, every curve, the legend of several, box.
   void Draw(QPainter& painter, const QRectF& area);

@@ -2,6 +2,8 @@
 
 #include "window/graphs/JapaneseFont.h"
 
+#include <QPaintEngine>
+
 namespace tremlo {
 
 GraphSurface::GraphSurface(QPainter& painter, const QRectF& area) : m_painter(painter) {
@@ -17,6 +19,11 @@ GraphSurface::GraphSurface(QPainter& painter, const QRectF& area) : m_painter(pa
 
 GraphSurface::~GraphSurface() {
   m_painter.restore();
+}
+
+bool GraphSurface::IsVector() const {
+  const QPaintEngine::Type type = m_painter.paintEngine()->type();
+  return type == QPaintEngine::SVG || type == QPaintEngine::Pdf;
 }
 
 QFont GraphSurface::Font(double factor) const {

@@ -20,6 +20,8 @@ class GraphSurface {
   QPainter& Painter() const { return m_painter; }
   const QRect& Area() const { return m_area; }
   double Scale() const { return m_scale; }
+  /// Whether the device keeps lines and texts as such, and no pixels of them.
+  bool IsVector() const;
 
   /// A width or distance that is stated for a screen at 100 %; a line is never thinner than one pixel.
   int Pixels(double length) const { return qRound(length * m_scale); }

@@ -1,10 +1,12 @@
 #include "window/graphs/GraphView.h"
 
 #include "core/graphs/GraphTexts.h"
+#include "window/graphs/GraphPicture.h"
 #include "window/graphs/GraphSurface.h"
 
 #include <QAccessibleWidget>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -13,12 +15,26 @@
 namespace tremlo {
 namespace {
 
-constexpr QColor kEmptyArea(0xD4, 0xD0, 0xC8);
 constexpr int kMarkRadius = 4;
+
+/// A chart with a context menu.
+class GraphAccess : public QAccessibleWidget {
+ public:
+  explicit GraphAccess(GraphView* graph) : QAccessibleWidget(graph, QAccessible::Chart), m_graph(graph) {}
+
+  QStringList actionNames() const override { return QAccessibleWidget::actionNames() << showMenuAction(); }
+  void doAction(const QString& action) override {
+    if (action != showMenuAction()) return QAccessibleWidget::doAction(action);
+    if (m_graph->isEnabled()) m_graph->AskForMenu();
+  }
+
+ private:
+  GraphView* m_graph;
+};
 
 QAccessibleInterface* MakeAccessibleGraph(const QString& className, QObject* object) {
   if (className != QLatin1String("tremlo::GraphView")) return nullptr;
-  return new QAccessibleWidget(qobject_cast<QWidget*>(object), QAccessible::Chart);
+  return new GraphAccess(qobject_cast<GraphView*>(object));
 }
 
 QString Described(const CDrawGraph& graph) {
@@ -75,27 +91,17 @@ void GraphView::MakeGraph() {
   setAccessibleDescription(m_graph ? Described(*m_graph) : QString());
 }
 
+std::shared_ptr<CDrawGraph> GraphView::Graph() {
+  MakeGraph();
+  return m_graph;
+}
+
 QImage GraphView::Picture(double devicePixelRatio) {
-  const auto pixels = [devicePixelRatio](int length) { return qRound(length * devicePixelRatio); };
-  return PaintedGraph({pixels(width()), pixels(height())}, devicePixelRatio)
-      .copy(pixels(2), pixels(4), pixels(width() - 4), pixels(height() - 8));
+  return GraphPicture(Graph().get(), size(), devicePixelRatio);
 }
 
 void GraphView::CopyPicture() {
   QGuiApplication::clipboard()->setImage(Picture(devicePixelRatioF()));
-}
-
-QImage GraphView::PaintedGraph(const QSize& pixels, double devicePixelRatio) {
-  MakeGraph();
-  QImage image(pixels, QImage::Format_RGB32);
-  image.fill(m_graph ? QColor(Qt::white) : kEmptyArea);
-  if (!m_graph || image.isNull()) return image;
-  image.setDevicePixelRatio(devicePixelRatio);
-  QPainter painter(&image);
-  m_graph->Draw(painter, QRectF(QPointF(0.0, 0.0), QSizeF(pixels) / devicePixelRatio));
-  painter.end();
-  image.setDevicePixelRatio(1.0);
-  return image;
 }
 
 void GraphView::PaintOn(QPainter& painter) {
@@ -103,7 +109,7 @@ void GraphView::PaintOn(QPainter& painter) {
   const QSize pixels = surface.Area().size();
   MakeGraph();
   if (m_painted.size() != pixels || m_paintedRatio != surface.Scale()) {
-    m_painted = PaintedGraph(pixels, surface.Scale());
+    m_painted = PaintedGraph(m_graph.get(), pixels, surface.Scale());
     m_paintedRatio = surface.Scale();
   }
   painter.drawImage(surface.Area().topLeft(), m_painted);
@@ -152,7 +158,16 @@ void GraphView::leaveEvent(QEvent*) {
   PointNowhere();
 }
 
+void GraphView::contextMenuEvent(QContextMenuEvent* event) {
+  event->reason() == QContextMenuEvent::Keyboard ? AskForMenu() : Q_EMIT MenuAsked(event->globalPos());
+}
+
+void GraphView::AskForMenu() {
+  Q_EMIT MenuAsked(mapToGlobal(rect().center()));
+}
+
 void GraphView::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) return AskForMenu();
   const PlotFrame frame = FrameIn(rect(), 1.0);
   const int step = event->modifiers().testFlag(Qt::ShiftModifier) ? 10 : 1;
   QPoint target = m_pointer;

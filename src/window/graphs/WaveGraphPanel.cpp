@@ -23,20 +23,14 @@ const char* ButtonName(GraphKind kind) {
   return kind == GraphKind::Spectrum ? "specButton" : "fourierButton";
 }
 
-QString ButtonText(GraphKind kind) {
-  if (kind == GraphKind::Time) return QStringLiteral("時間－加速度");
-  return kind == GraphKind::Spectrum ? QStringLiteral("周期－加速度応答スペクトル")
-                                     : QStringLiteral("フーリエスペクトル");
-}
-
 }  // namespace
 
 WaveGraphPanel::WaveGraphPanel(const std::vector<GraphKind>& kinds, Source source, Settings settings,
-                               CommandGate& gate, QWidget* parent)
+                               const GraphDoors& doors, QWidget* parent)
     : QWidget(parent),
       m_source(std::move(source)),
       m_settings(std::move(settings)),
-      m_gate(gate),
+      m_gate(doors.gate),
       m_kind(kinds.front()),
       m_kindButtons(new QButtonGroup(this)) {
   auto* const layout = new QVBoxLayout(this);
@@ -53,6 +47,7 @@ WaveGraphPanel::WaveGraphPanel(const std::vector<GraphKind>& kinds, Source sourc
     QStatusTipEvent tip(values);
     QCoreApplication::sendEvent(this, &tip);
   });
+  new GraphMenu(*m_graph, doors);
   layout->addWidget(m_graph, 1);
 
   auto* const row = new QHBoxLayout;
@@ -73,7 +68,7 @@ WaveGraphPanel::WaveGraphPanel(const std::vector<GraphKind>& kinds, Source sourc
 void WaveGraphPanel::AddKindButtons(const std::vector<GraphKind>& kinds) {
   auto* const row = new QHBoxLayout;
   for (const GraphKind kind : kinds) {
-    auto* const button = NamedButton<QPushButton>(ButtonName(kind), ButtonText(kind), this);
+    auto* const button = NamedButton<QPushButton>(ButtonName(kind), TextsOf(kind).name, this);
     button->setCheckable(true);
     button->setChecked(kind == m_kind);
     m_kindButtons->addButton(button, static_cast<int>(kind));
@@ -110,7 +105,7 @@ void WaveGraphPanel::Offer(const Offers& offers) {
 }
 
 void WaveGraphPanel::Refresh() {
-  m_caption->setText(TextsOf(m_kind).caption);
+  m_caption->setText(TextsOf(m_kind).Caption());
   m_graph->Refresh();
 }
 
@@ -133,7 +128,7 @@ std::unique_ptr<CDrawGraph> WaveGraphPanel::MakeGraph() {
     return m_source(m_kind);
   } catch (const std::bad_alloc&) {
     m_lacksMemory = true;
-    m_caption->setText(TextsOf(m_kind).caption +
+    m_caption->setText(TextsOf(m_kind).Caption() +
                        QStringLiteral("　メモリが不足しているため表示できません。"));
     return nullptr;
   }

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "window/graphs/CommandGate.h"
 #include "window/graphs/DrawGraph.h"
+#include "window/graphs/GraphMenu.h"
 
 #include <QWidget>
 
@@ -18,8 +18,8 @@ namespace tremlo {
 class GraphEditDialog;
 class GraphView;
 
-/// The graph of a screen with its caption, the buttons that choose its kind, and those for its picture and
-/// its settings. The values under the pointer go to the status bar.
+/// The graph of a screen with its caption, its context menu, the buttons that choose its kind, and those for
+/// its picture and its settings. The values under the pointer go to the status bar.
 class WaveGraphPanel : public QWidget {
   Q_OBJECT
 
@@ -41,8 +41,8 @@ class WaveGraphPanel : public QWidget {
   };
 
   /// Shows the first kind at first. There are no buttons for a single kind.
-  WaveGraphPanel(const std::vector<GraphKind>& kinds, Source source, Settings settings, CommandGate& gate,
-                 QWidget* parent);
+  WaveGraphPanel(const std::vector<GraphKind>& kinds, Source source, Settings settings,
+                 const GraphDoors& doors, QWidget* parent);
 
   GraphKind Kind() const { return m_kind; }
   void ShowKind(GraphKind kind);

@@ -23,6 +23,16 @@ void ShowAllFiles(QFileDialog& dialog) {
   });
 }
 
+/// A name without an ending gets that of the kind of file that is chosen. One that has an ending Qt itself
+/// gives another when another kind is chosen.
+void FollowKind(QFileDialog& dialog) {
+  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString& filter) {
+    static const QRegularExpression kOnePattern(QStringLiteral("\\(\\*\\.([A-Za-z0-9]+)\\)$"));
+    const QRegularExpressionMatch match = kOnePattern.match(filter);
+    if (match.hasMatch()) dialog.setDefaultSuffix(match.captured(1));
+  });
+}
+
 /// Qt adds its suffix to a name without a point alone, but "0.02s" is part of a name.
 class SaveDialog : public QFileDialog {
  public:
@@ -57,6 +67,7 @@ QString FileDialogBoxes::AskSavePath(const FileQuestion& question) {
   SaveDialog dialog(FrontWindow());
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
+  FollowKind(dialog);
   return Ask(dialog, question);
 }
 

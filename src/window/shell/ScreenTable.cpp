@@ -1,7 +1,6 @@
 #include "window/shell/ScreenTable.h"
 
 #include "core/location/TileDownload.h"
-#include "core/project/LastAcquisition.h"
 #include "core/sources/DamSpectra.h"
 #include "window/graphs/FrontWindow.h"
 #include "window/location/FrmField.h"
@@ -78,7 +77,7 @@ void AddResponseRoute(ScreenTable& table) {
     return new CFrmRespAdjustSpectrum(parts.doc, parts.prompt, parts.files, parts.gate);
   };
   table.screens[ScreenId::RespVisualization] = [visualization](const ScreenParts& parts) {
-    *visualization = new CFrmRespVisualization(parts.doc, parts.files, parts.gate);
+    *visualization = new CFrmRespVisualization(parts.doc, parts.prompt, parts.files, parts.gate);
     return visualization->data();
   };
   table.runs.runRespAdjustment = [visualization](const ScreenParts& parts) {
@@ -93,11 +92,11 @@ void AddResponseRoute(ScreenTable& table) {
 void AddAdjustment(ScreenTable& table) {
   table.screens[ScreenId::AdjustSeismicWave] = [](const ScreenParts& parts) {
     return new CFrmAdjustSeismicWave(
-        parts.doc, parts.prompt, parts.rules, parts.gate,
+        parts.doc, parts.prompt, parts.files, parts.rules, parts.gate,
         [](const AdjustInput& input) { return AdjustBehindDialog(input, FrontWindow()); });
   };
   table.screens[ScreenId::Visualization] = [](const ScreenParts& parts) {
-    return new CFrmVisualization(parts.doc, parts.files, parts.gate);
+    return new CFrmVisualization(parts.doc, parts.prompt, parts.files, parts.gate);
   };
 }
 
@@ -139,27 +138,25 @@ void AddWaveRegistration(ScreenTable& table) {
 /// The waves near the site, and the choice of the base spectrum among all candidates.
 void AddBaseSpectrum(ScreenTable& table) {
   table.screens[ScreenId::DamsiteWave] = [](const ScreenParts& parts) {
-    return new CFrmDamsiteWave(parts.doc, parts.prompt, parts.rules, parts.gate);
+    return new CFrmDamsiteWave(parts.doc, parts.prompt, parts.files, parts.rules, parts.gate);
   };
   table.screens[ScreenId::BaseSpectrum] = [](const ScreenParts& parts) {
-    return new CFrmBaseSpectrum(parts.doc, parts.prompt, parts.rules, parts.gate);
+    return new CFrmBaseSpectrum(parts.doc, parts.prompt, parts.files, parts.rules, parts.gate);
   };
 }
 
 /// The spectra of the acquired faults.
 void AddFaultSpectra(ScreenTable& table) {
   table.screens[ScreenId::MakeSeismicWave2] = [](const ScreenParts& parts) {
-    return new CFrmMakeSeismicWave2(
-        parts.doc, parts.prompt, parts.procedure, parts.rules, parts.gate,
-        {.calculate = parts.calculateFaultSpectra,
-         .follow = parts.follow,
-         .acquisitionText = [&doc = parts.doc] { return LastAcquisitionLine(doc); }});
+    return new CFrmMakeSeismicWave2(parts.doc, parts.prompt, parts.files, parts.procedure, parts.rules,
+                                    parts.gate,
+                                    {.calculate = parts.calculateFaultSpectra, .follow = parts.follow});
   };
 }
 
 void AddLowerLimit(ScreenTable& table) {
   table.screens[ScreenId::LowerSpectrum] = [](const ScreenParts& parts) {
-    return new CFrmLowerSpectrum(parts.doc, parts.prompt, parts.rules, parts.gate);
+    return new CFrmLowerSpectrum(parts.doc, parts.prompt, parts.files, parts.rules, parts.gate);
   };
 }
 

@@ -3,12 +3,12 @@
 #include "core/project/BaseCandidateRows.h"
 #include "core/project/CandidateFigures.h"
 #include "core/project/SpectrumCurves.h"
-#include "window/graphs/DlgGraphEditBaseSpec.h"
 #include "window/graphs/DrawFreqAccSpec.h"
 #include "window/graphs/ExpEdit.h"
 #include "window/graphs/GridSize.h"
 #include "window/graphs/NamedControl.h"
 #include "window/graphs/RefuseEmpty.h"
+#include "window/graphs/SpectrumSettings.h"
 #include "window/graphs/Spread7.h"
 #include "window/graphs/WaveGraphPanel.h"
 
@@ -33,8 +33,8 @@ constexpr int kTextLength = 62;  // in full-width characters
 
 }  // namespace
 
-CFrmBaseSpectrum::CFrmBaseSpectrum(CMorvaneDoc& doc, Prompt& prompt, ChangeRules& rules, CommandGate& gate,
-                                   QWidget* parent)
+CFrmBaseSpectrum::CFrmBaseSpectrum(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files, ChangeRules& rules,
+                                   CommandGate& gate, QWidget* parent)
     : Screen(parent),
       m_doc(doc),
       m_gate(gate),
@@ -43,7 +43,7 @@ CFrmBaseSpectrum::CFrmBaseSpectrum(CMorvaneDoc& doc, Prompt& prompt, ChangeRules
   setAccessibleName(QStringLiteral("基準スペクトル設定"));
   MakeGrid(prompt);
   MakeControls(prompt);
-  MakeGraphPanel();
+  MakeGraphPanel({gate, files, prompt});
   LayOut();
   Refresh();
 }
@@ -111,15 +111,12 @@ void CFrmBaseSpectrum::MakeControls(Prompt& prompt) {
   m_candidateText->setAccessibleDescription(m_candidateText->toolTip());
 }
 
-void CFrmBaseSpectrum::MakeGraphPanel() {
-  WaveGraphPanel::Settings settings;
-  settings.make = [this](QWidget* parent) {
-    return std::make_unique<CDlgGraphEditBaseSpec>(m_doc.graphBase.origGraph, parent);
+void CFrmBaseSpectrum::MakeGraphPanel(const GraphDoors& doors) {
+  const auto graph = [this](GraphKind) {
+    return std::make_unique<CDrawFreqAccSpec>(m_doc.graphBase.origGraph, CandidateCurves(m_doc));
   };
-  settings.changed = [this] { m_doc.SetModified(true); };
-  settings.resetRange = [this] { m_doc.graphBase = CSeismicWave(); };
-  m_graphPanel = new WaveGraphPanel(
-      {GraphKind::Spectrum}, [this](GraphKind) { return MakeGraph(); }, settings, m_gate, this);
+  m_graphPanel = new WaveGraphPanel({GraphKind::Spectrum}, graph,
+                                    SpectrumSettings(m_doc, &CMorvaneDoc::graphBase), doors, this);
 }
 
 void CFrmBaseSpectrum::LayOut() {
@@ -190,13 +187,6 @@ void CFrmBaseSpectrum::ShowCandidateText() {
   m_candidateText->setText(row >= 1 && row <= candidates.size()
                                ? CandidateText(m_doc, candidates[row - 1].item, m_damPeriod)
                                : QString());
-}
-
-std::unique_ptr<CDrawGraph> CFrmBaseSpectrum::MakeGraph() {
-  auto graph = std::make_unique<CDrawFreqAccSpec>(m_doc.graphBase.origGraph);
-  for (const GraphSeries& curve : CandidateCurves(m_doc))
-    graph->AddSpectrum(curve.x, curve.y, curve.pen, curve.name);
-  return graph;
 }
 
 }  // namespace tremlo

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/ask/FileDialogs.h"
 #include "core/ask/Prompt.h"
 #include "core/project/ChangeRules.h"
 #include "window/graphs/CommandGate.h"
@@ -15,10 +16,10 @@ class QLabel;
 namespace tremlo {
 
 class BaseCandidateRows;
-class CDrawGraph;
 class CExpEdit;
 class CSpread7;
 class WaveGraphPanel;
+struct GraphDoors;
 
 /// "基準スペクトル設定": all candidates of the base spectrum in one list and one graph, from which the user
 /// chooses one. A text under the list helps to choose: it tells of the active row the response at the dam's
@@ -27,8 +28,8 @@ class WaveGraphPanel;
 class CFrmBaseSpectrum : public Screen {
   Q_OBJECT
  public:
-  CFrmBaseSpectrum(CMorvaneDoc& doc, Prompt& prompt, ChangeRules& rules, CommandGate& gate,
-                   QWidget* parent = nullptr);
+  CFrmBaseSpectrum(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files, ChangeRules& rules,
+                   CommandGate& gate, QWidget* parent = nullptr);
 
   /// Keeps the areas of the candidates with their records.
   void Prepare() override;
@@ -37,14 +38,13 @@ class CFrmBaseSpectrum : public Screen {
  private:
   void MakeGrid(Prompt& prompt);
   void MakeControls(Prompt& prompt);
-  void MakeGraphPanel();
+  void MakeGraphPanel(const GraphDoors& doors);
   void LayOut();
   void ForgetOtherProject();
   void ShowAll(bool shown);
   void TakeDamPeriod();
   void ShowDamPeriod();
   void ShowCandidateText();
-  std::unique_ptr<CDrawGraph> MakeGraph();
 
   CMorvaneDoc& m_doc;
   CommandGate& m_gate;

@@ -2,11 +2,11 @@
 
 #include "core/project/NeighbourRows.h"
 #include "core/project/SpectrumCurves.h"
-#include "window/graphs/DlgGraphEditAccSpec.h"
 #include "window/graphs/DrawFreqAccSpec.h"
 #include "window/graphs/InfoButton.h"
 #include "window/graphs/NamedControl.h"
 #include "window/graphs/RefuseEmpty.h"
+#include "window/graphs/SpectrumSettings.h"
 #include "window/graphs/Spread7.h"
 #include "window/graphs/WaveGraphPanel.h"
 
@@ -25,12 +25,12 @@ constexpr int kGridWidth = 440;
 
 }  // namespace
 
-CFrmDamsiteWave::CFrmDamsiteWave(CMorvaneDoc& doc, Prompt& prompt, ChangeRules& rules, CommandGate& gate,
-                                 QWidget* parent)
+CFrmDamsiteWave::CFrmDamsiteWave(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files, ChangeRules& rules,
+                                 CommandGate& gate, QWidget* parent)
     : Screen(parent), m_doc(doc), m_gate(gate), m_rows(std::make_shared<NeighbourRows>(doc, rules)) {
   setAccessibleName(QStringLiteral("現場近隣地震波形"));
   MakeGrid(prompt);
-  MakeGraphPanel();
+  MakeGraphPanel({gate, files, prompt});
   LayOut(prompt);
   Refresh();
 }
@@ -49,19 +49,14 @@ void CFrmDamsiteWave::MakeGrid(Prompt& prompt) {
   connect(m_grid, &CSpread7::Changed, this, &CFrmDamsiteWave::Refresh);
 }
 
-void CFrmDamsiteWave::MakeGraphPanel() {
-  WaveGraphPanel::Settings settings;
-  settings.make = [this](QWidget* parent) {
-    return std::make_unique<CDlgGraphEditAccSpec>(m_doc.graphDamsite.origGraph, m_rows->Colors(), parent);
+void CFrmDamsiteWave::MakeGraphPanel(const GraphDoors& doors) {
+  const auto graph = [this](GraphKind) {
+    return std::make_unique<CDrawFreqAccSpec>(m_doc.graphDamsite.origGraph, NeighbourCurves(m_doc));
   };
-  settings.changed = [this] {
-    m_doc.SetModified(true);
-    m_grid->Refresh();
-  };
-  settings.resetRange = [this] { m_doc.graphDamsite = CSeismicWave(); };
-  settings.resetColors = [this] { m_rows->ResetColors(); };
-  m_graphPanel = new WaveGraphPanel(
-      {GraphKind::Spectrum}, [this](GraphKind) { return MakeGraph(); }, settings, m_gate, this);
+  const ColorSettings colors{[this] { return m_rows->Colors(); }, [this] { m_rows->ResetColors(); },
+                             [this] { m_grid->Refresh(); }};
+  m_graphPanel = new WaveGraphPanel({GraphKind::Spectrum}, graph,
+                                    SpectrumSettings(m_doc, &CMorvaneDoc::graphDamsite, colors), doors, this);
 }
 
 QWidget* CFrmDamsiteWave::MakeRowsButton(const char* name, const QString& text, std::function<void()> act) {
@@ -106,13 +101,6 @@ void CFrmDamsiteWave::LayOut(Prompt& prompt) {
 void CFrmDamsiteWave::Refresh() {
   m_grid->Refresh();
   m_graphPanel->Refresh();
-}
-
-std::unique_ptr<CDrawGraph> CFrmDamsiteWave::MakeGraph() {
-  auto graph = std::make_unique<CDrawFreqAccSpec>(m_doc.graphDamsite.origGraph);
-  for (const GraphSeries& curve : NeighbourCurves(m_doc))
-    graph->AddSpectrum(curve.x, curve.y, curve.pen, curve.name);
-  return graph;
 }
 
 }  // namespace tremlo

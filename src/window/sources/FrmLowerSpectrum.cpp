@@ -32,15 +32,15 @@ const QString kInformation = QStringLiteral(
 
 }  // namespace
 
-CFrmLowerSpectrum::CFrmLowerSpectrum(CMorvaneDoc& doc, Prompt& prompt, ChangeRules& rules, CommandGate& gate,
-                                     QWidget* parent)
+CFrmLowerSpectrum::CFrmLowerSpectrum(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files, ChangeRules& rules,
+                                     CommandGate& gate, QWidget* parent)
     : Screen(parent),
       m_doc(doc),
       m_infoButton(new InfoButton("infoButton", QStringLiteral("下限スペクトルについて"), kInformation,
                                   prompt, gate, this)) {
   setAccessibleName(QStringLiteral("下限スペクトル"));
   MakeGrid(prompt, rules, gate);
-  MakeGraphPanel(gate);
+  MakeGraphPanel({gate, files, prompt});
   LayOut();
   Refresh();
 }
@@ -58,7 +58,7 @@ void CFrmLowerSpectrum::MakeGrid(Prompt& prompt, ChangeRules& rules, CommandGate
   connect(m_limitGrid, &CSpread7::Changed, this, &CFrmLowerSpectrum::Refresh);
 }
 
-void CFrmLowerSpectrum::MakeGraphPanel(CommandGate& gate) {
+void CFrmLowerSpectrum::MakeGraphPanel(const GraphDoors& doors) {
   WaveGraphPanel::Settings settings;
   settings.make = [this](QWidget* parent) -> std::unique_ptr<GraphEditDialog> {
     CSeismicWave* const limit = m_doc.lowerSpectra.Selected();
@@ -73,8 +73,12 @@ void CFrmLowerSpectrum::MakeGraphPanel(CommandGate& gate) {
   settings.resetColors = [this] {
     if (CSeismicWave* const limit = m_doc.lowerSpectra.Selected()) ResetColors(limit->lowerGraph);
   };
-  m_graphPanel = new WaveGraphPanel(
-      {GraphKind::Spectrum}, [this](GraphKind) { return MakeGraph(); }, settings, gate, this);
+  const auto graph = [this](GraphKind) {
+    const CSeismicWave* const limit = m_doc.lowerSpectra.Selected();
+    return std::make_unique<CDrawFreqAccSpec>(limit ? limit->lowerGraph : DefaultLowerGraph(),
+                                              LowerLimitCurve(m_doc));
+  };
+  m_graphPanel = new WaveGraphPanel({GraphKind::Spectrum}, graph, settings, doors, this);
 }
 
 void CFrmLowerSpectrum::LayOut() {
@@ -98,14 +102,6 @@ void CFrmLowerSpectrum::Refresh() {
   m_limitGrid->setFixedHeight(HeightOf(*m_limitGrid, std::clamp(m_limitGrid->RowCount(), 1, kMostRows)));
   m_graphPanel->Offer({.settings = m_doc.lowerSpectra.Selected() != nullptr});
   m_graphPanel->Refresh();
-}
-
-std::unique_ptr<CDrawGraph> CFrmLowerSpectrum::MakeGraph() const {
-  const CSeismicWave* const limit = m_doc.lowerSpectra.Selected();
-  auto graph = std::make_unique<CDrawFreqAccSpec>(limit ? limit->lowerGraph : DefaultLowerGraph());
-  for (const GraphSeries& curve : LowerLimitCurve(m_doc))
-    graph->AddSpectrum(curve.x, curve.y, curve.pen, curve.name);
-  return graph;
 }
 
 }  // namespace tremlo

@@ -1,34 +1,32 @@
 #pragma once
 
+#include "core/ask/FileDialogs.h"
 #include "core/project/ChangeRules.h"
 #include "window/graphs/CommandGate.h"
 #include "window/graphs/Screen.h"
 
-#include <memory>
-
 namespace tremlo {
 
-class CDrawGraph;
 class CSpread7;
 class InfoButton;
 class WaveGraphPanel;
+struct GraphDoors;
 
 /// "下限スペクトル": the lower limits, of which one is selected and drawn. While a lower limit is the base
 /// spectrum the choice of another one asks first.
 class CFrmLowerSpectrum : public Screen {
   Q_OBJECT
  public:
-  CFrmLowerSpectrum(CMorvaneDoc& doc, Prompt& prompt, ChangeRules& rules, CommandGate& gate,
-                    QWidget* parent = nullptr);
+  CFrmLowerSpectrum(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files, ChangeRules& rules,
+                    CommandGate& gate, QWidget* parent = nullptr);
 
   void Entered() override { Refresh(); }
   void Refresh() override;
 
  private:
   void MakeGrid(Prompt& prompt, ChangeRules& rules, CommandGate& gate);
-  void MakeGraphPanel(CommandGate& gate);
+  void MakeGraphPanel(const GraphDoors& doors);
   void LayOut();
-  std::unique_ptr<CDrawGraph> MakeGraph() const;
 
   CMorvaneDoc& m_doc;
   InfoButton* m_infoButton;

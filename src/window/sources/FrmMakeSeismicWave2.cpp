@@ -1,13 +1,14 @@
 #include "window/sources/FrmMakeSeismicWave2.h"
 
 #include "core/project/AttenuationRows.h"
+#include "core/project/LastAcquisition.h"
 #include "core/project/RelationRows.h"
 #include "core/project/SpectrumCurves.h"
-#include "window/graphs/DlgGraphEditAccSpec.h"
 #include "window/graphs/DrawFreqAccSpec.h"
 #include "window/graphs/GridSize.h"
 #include "window/graphs/NamedControl.h"
 #include "window/graphs/RefuseEmpty.h"
+#include "window/graphs/SpectrumSettings.h"
 #include "window/graphs/Spread7.h"
 #include "window/graphs/WaveGraphPanel.h"
 #include "window/sources/FrmMakeSeismicWave2Refer.h"
@@ -35,9 +36,9 @@ constexpr std::pair<int, int> kPlaneDigits[] = {{1, 5}, {3, 6}, {4, 5}, {5, 5}, 
 
 }  // namespace
 
-CFrmMakeSeismicWave2::CFrmMakeSeismicWave2(CMorvaneDoc& doc, Prompt& prompt, WorkProcedure& procedure,
-                                           ChangeRules& rules, CommandGate& gate, Doors doors,
-                                           QWidget* parent)
+CFrmMakeSeismicWave2::CFrmMakeSeismicWave2(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files,
+                                           WorkProcedure& procedure, ChangeRules& rules, CommandGate& gate,
+                                           Doors doors, QWidget* parent)
     : Screen(parent),
       m_doc(doc),
       m_procedure(procedure),
@@ -50,7 +51,7 @@ CFrmMakeSeismicWave2::CFrmMakeSeismicWave2(CMorvaneDoc& doc, Prompt& prompt, Wor
   MakeRelationGrid(prompt, rules);
   MakePlaneGrid(prompt, rules);
   MakeButtons();
-  MakeGraphPanel();
+  MakeGraphPanel({gate, files, prompt});
   LayOut();
   Refresh();
 }
@@ -117,20 +118,15 @@ QAbstractButton* CFrmMakeSeismicWave2::MakeAllButton(const char* name, const QSt
   return button;
 }
 
-void CFrmMakeSeismicWave2::MakeGraphPanel() {
-  WaveGraphPanel::Settings settings;
-  settings.make = [this](QWidget* parent) {
-    return std::make_unique<CDlgGraphEditAccSpec>(m_doc.graphAttenuation.origGraph, m_planes->Colors(),
-                                                  parent);
+void CFrmMakeSeismicWave2::MakeGraphPanel(const GraphDoors& doors) {
+  const auto graph = [this](GraphKind) {
+    return std::make_unique<CDrawFreqAccSpec>(m_doc.graphAttenuation.origGraph, AttenuationCurves(m_doc));
   };
-  settings.changed = [this] {
-    m_doc.SetModified(true);
-    m_planeGrid->Refresh();
-  };
-  settings.resetRange = [this] { m_doc.graphAttenuation = CSeismicWave(); };
-  settings.resetColors = [this] { m_planes->ResetColors(); };
-  m_graphPanel = new WaveGraphPanel(
-      {GraphKind::Spectrum}, [this](GraphKind) { return MakeGraph(); }, settings, m_gate, this);
+  const ColorSettings colors{[this] { return m_planes->Colors(); }, [this] { m_planes->ResetColors(); },
+                             [this] { m_planeGrid->Refresh(); }};
+  m_graphPanel =
+      new WaveGraphPanel({GraphKind::Spectrum}, graph,
+                         SpectrumSettings(m_doc, &CMorvaneDoc::graphAttenuation, colors), doors, this);
 }
 
 void CFrmMakeSeismicWave2::LayOut() {
@@ -169,7 +165,7 @@ void CFrmMakeSeismicWave2::LayOut() {
 }
 
 void CFrmMakeSeismicWave2::Refresh() {
-  const QString acquisition = m_doors.acquisitionText ? m_doors.acquisitionText() : QString();
+  const QString acquisition = LastAcquisitionLine(m_doc);
   m_acquisitionLine->setText(acquisition);
   m_acquisitionLine->setVisible(!acquisition.isEmpty());
   ShowPlanes();
@@ -205,13 +201,6 @@ void CFrmMakeSeismicWave2::UseAll(bool use) {
 
 void CFrmMakeSeismicWave2::Calculate() {
   if (!m_doors.calculate()) m_doors.follow(SwitchOutcome::EndProgram);
-}
-
-std::unique_ptr<CDrawGraph> CFrmMakeSeismicWave2::MakeGraph() const {
-  auto graph = std::make_unique<CDrawFreqAccSpec>(m_doc.graphAttenuation.origGraph);
-  for (const GraphSeries& curve : AttenuationCurves(m_doc))
-    graph->AddSpectrum(curve.x, curve.y, curve.pen, curve.name);
-  return graph;
 }
 
 }  // namespace tremlo

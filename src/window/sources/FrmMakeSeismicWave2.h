@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/ask/FileDialogs.h"
 #include "core/project/ChangeRules.h"
 #include "window/graphs/CommandGate.h"
 #include "window/graphs/Screen.h"
@@ -13,9 +14,9 @@ class QLabel;
 namespace tremlo {
 
 class AttenuationRows;
-class CDrawGraph;
 class CSpread7;
 class WaveGraphPanel;
+struct GraphDoors;
 
 /// The spectra of the acquired faults by the attenuation relation: the relation, and for each plane its
 /// ground class, colour, whether it is drawn and whether it may become the base spectrum. What touches a
@@ -29,12 +30,10 @@ class CFrmMakeSeismicWave2 : public Screen {
     std::function<bool()> calculate;
     /// Told the outcome of each switch that the screen asks for, and the end of the program.
     std::function<void(SwitchOutcome)> follow;
-    /// What is to be told of the last acquisition; empty for nothing.
-    std::function<QString()> acquisitionText = {};
   };
 
-  CFrmMakeSeismicWave2(CMorvaneDoc& doc, Prompt& prompt, WorkProcedure& procedure, ChangeRules& rules,
-                       CommandGate& gate, Doors doors, QWidget* parent = nullptr);
+  CFrmMakeSeismicWave2(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files, WorkProcedure& procedure,
+                       ChangeRules& rules, CommandGate& gate, Doors doors, QWidget* parent = nullptr);
 
   void Refresh() override;
 
@@ -43,7 +42,7 @@ class CFrmMakeSeismicWave2 : public Screen {
   void MakeRelationGrid(Prompt& prompt, ChangeRules& rules);
   void MakePlaneGrid(Prompt& prompt, ChangeRules& rules);
   void MakeButtons();
-  void MakeGraphPanel();
+  void MakeGraphPanel(const GraphDoors& doors);
   void LayOut();
   QLabel* MakeText(const char* name, const QString& text);
   QAbstractButton* MakeAllButton(const char* name, const QString& text,
@@ -57,7 +56,6 @@ class CFrmMakeSeismicWave2 : public Screen {
 
   void Calculate();
   void ShowPlanes();
-  std::unique_ptr<CDrawGraph> MakeGraph() const;
 
   CMorvaneDoc& m_doc;
   WorkProcedure& m_procedure;

@@ -4,11 +4,11 @@
 #include "core/project/SpectrumCurves.h"
 #include "core/waves/AdoptedWave.h"
 #include "window/graphs/CommandGate.h"
-#include "window/graphs/DlgGraphEditBaseSpec.h"
 #include "window/graphs/DrawFreqAccSpec.h"
 #include "window/graphs/GridSize.h"
 #include "window/graphs/InfoButton.h"
 #include "window/graphs/NamedControl.h"
+#include "window/graphs/SpectrumSettings.h"
 #include "window/graphs/Spread7.h"
 #include "window/graphs/WaveGraphPanel.h"
 #include "window/waves/FiguresLabel.h"
@@ -45,8 +45,9 @@ struct ColumnWidths {
 
 }  // namespace
 
-CFrmAdjustSeismicWave::CFrmAdjustSeismicWave(CMorvaneDoc& doc, Prompt& prompt, ChangeRules& rules,
-                                             CommandGate& gate, AdjustRunner run, QWidget* parent)
+CFrmAdjustSeismicWave::CFrmAdjustSeismicWave(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files,
+                                             ChangeRules& rules, CommandGate& gate, AdjustRunner run,
+                                             QWidget* parent)
     : Screen(parent),
       m_doc(doc),
       m_gate(gate),
@@ -55,7 +56,7 @@ CFrmAdjustSeismicWave::CFrmAdjustSeismicWave(CMorvaneDoc& doc, Prompt& prompt, C
   setAccessibleName(QStringLiteral("原種波形の振幅調整"));
   MakeButtons(prompt);
   MakeGrids(rules, prompt, std::move(run));
-  MakeGraphPanel();
+  MakeGraphPanel({gate, files, prompt});
   LayOut();
   Refresh();
 }
@@ -102,15 +103,12 @@ void CFrmAdjustSeismicWave::MakeGrids(ChangeRules& rules, Prompt& prompt, Adjust
   FitRows(*m_baseGrid);
 }
 
-void CFrmAdjustSeismicWave::MakeGraphPanel() {
-  WaveGraphPanel::Settings settings;
-  settings.make = [this](QWidget* parent) {
-    return std::make_unique<CDlgGraphEditBaseSpec>(m_doc.graphAdjust.origGraph, parent);
+void CFrmAdjustSeismicWave::MakeGraphPanel(const GraphDoors& doors) {
+  const auto graph = [this](GraphKind) {
+    return std::make_unique<CDrawFreqAccSpec>(m_doc.graphAdjust.origGraph, AdjustCurves(m_doc));
   };
-  settings.changed = [this] { m_doc.SetModified(true); };
-  settings.resetRange = [this] { m_doc.graphAdjust = CSeismicWave(); };
-  m_graphPanel = new WaveGraphPanel(
-      {GraphKind::Spectrum}, [this](GraphKind) { return MakeGraph(); }, settings, m_gate, this);
+  m_graphPanel = new WaveGraphPanel({GraphKind::Spectrum}, graph,
+                                    SpectrumSettings(m_doc, &CMorvaneDoc::graphAdjust), doors, this);
 }
 
 void CFrmAdjustSeismicWave::LayOut() {
@@ -156,12 +154,6 @@ std::optional<std::int32_t> CFrmAdjustSeismicWave::ChooseColor(QWidget* parent, 
   const std::uint64_t generation = m_doc.Generation();
   const std::optional<std::int32_t> chosen = CSpread7::ChooseColorInDialog(parent, color);
   return m_doc.Generation() == generation ? chosen : std::nullopt;
-}
-
-std::unique_ptr<CDrawGraph> CFrmAdjustSeismicWave::MakeGraph() {
-  auto graph = std::make_unique<CDrawFreqAccSpec>(m_doc.graphAdjust.origGraph);
-  for (GraphSeries& curve : AdjustCurves(m_doc)) graph->AddCurve(std::move(curve));
-  return graph;
 }
 
 }  // namespace tremlo

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/ask/FileDialogs.h"
 #include "core/project/AdjustRows.h"
 #include "window/graphs/Screen.h"
 
@@ -7,30 +8,29 @@ class QAbstractButton;
 
 namespace tremlo {
 
-class CDrawGraph;
 class CommandGate;
 class CSpread7;
 class FiguresLabel;
 class NoteLabel;
 class WaveGraphPanel;
+struct GraphDoors;
 
 /// "原種波形の振幅調整": the seed waves against the base spectrum. One of them is adopted and adjusted to it.
 class CFrmAdjustSeismicWave : public Screen {
   Q_OBJECT
  public:
-  CFrmAdjustSeismicWave(CMorvaneDoc& doc, Prompt& prompt, ChangeRules& rules, CommandGate& gate,
-                        AdjustRunner run, QWidget* parent = nullptr);
+  CFrmAdjustSeismicWave(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files, ChangeRules& rules,
+                        CommandGate& gate, AdjustRunner run, QWidget* parent = nullptr);
 
   void Refresh() override;
 
  private:
   void MakeButtons(Prompt& prompt);
   void MakeGrids(ChangeRules& rules, Prompt& prompt, AdjustRunner run);
-  void MakeGraphPanel();
+  void MakeGraphPanel(const GraphDoors& doors);
   void LayOut();
   void ShowAll(bool shown);
   std::optional<std::int32_t> ChooseColor(QWidget* parent, std::int32_t color);
-  std::unique_ptr<CDrawGraph> MakeGraph();
 
   CMorvaneDoc& m_doc;
   CommandGate& m_gate;

@@ -4,10 +4,10 @@
 #include "core/project/ResponseRoute.h"
 #include "core/waves/WaveFile.h"
 #include "core/waves/WaveFileQuestion.h"
-#include "window/graphs/DlgGraphEditBaseSpec.h"
 #include "window/graphs/DrawFreqAccSpec.h"
 #include "window/graphs/NamedControl.h"
 #include "window/graphs/RefuseEmpty.h"
+#include "window/graphs/SpectrumSettings.h"
 #include "window/graphs/Spread7.h"
 #include "window/graphs/WaveGraphPanel.h"
 
@@ -70,14 +70,9 @@ void CFrmRespAdjustSpectrum::MakeControls() {
 }
 
 void CFrmRespAdjustSpectrum::MakeGraphPanel() {
-  WaveGraphPanel::Settings settings;
-  settings.make = [this](QWidget* parent) {
-    return std::make_unique<CDlgGraphEditBaseSpec>(m_doc.graphBase.origGraph, parent);
-  };
-  settings.changed = [this] { m_doc.SetModified(true); };
-  settings.resetRange = [this] { m_doc.graphBase = CSeismicWave(); };
   m_graphPanel = new WaveGraphPanel(
-      {GraphKind::Spectrum}, [this](GraphKind) { return MakeGraph(); }, settings, m_gate, this);
+      {GraphKind::Spectrum}, [this](GraphKind) { return MakeGraph(); },
+      SpectrumSettings(m_doc, &CMorvaneDoc::graphBase), GraphDoors{m_gate, m_files, m_prompt}, this);
 }
 
 void CFrmRespAdjustSpectrum::LayOut() {

@@ -11,9 +11,9 @@
 
 namespace tremlo {
 
-CFrmRespVisualization::CFrmRespVisualization(CMorvaneDoc& doc, FileDialogs& files, CommandGate& gate,
-                                             QWidget* parent)
-    : WaveVisualization(doc, files, gate,
+CFrmRespVisualization::CFrmRespVisualization(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files,
+                                             CommandGate& gate, QWidget* parent)
+    : WaveVisualization(doc, prompt, files, gate,
                         {QStringLiteral("原種波形の出力"), QStringLiteral("調整後波形の出力")}, parent),
       m_nameCombo(new QComboBox(this)),
       m_fitLabel(new NoteLabel("fitLabel", QStringLiteral("適合度"), this)) {

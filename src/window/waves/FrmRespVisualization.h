@@ -14,7 +14,8 @@ class NoteLabel;
 class CFrmRespVisualization : public WaveVisualization {
   Q_OBJECT
  public:
-  CFrmRespVisualization(CMorvaneDoc& doc, FileDialogs& files, CommandGate& gate, QWidget* parent = nullptr);
+  CFrmRespVisualization(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files, CommandGate& gate,
+                        QWidget* parent = nullptr);
 
   void Prepare() override;
   void Refresh() override;

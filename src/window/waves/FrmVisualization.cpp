@@ -19,8 +19,9 @@ void ExportAfresh(const SavePath& path, const CSeismicWave& wave, const std::vec
 
 }  // namespace
 
-CFrmVisualization::CFrmVisualization(CMorvaneDoc& doc, FileDialogs& files, CommandGate& gate, QWidget* parent)
-    : WaveVisualization(doc, files, gate,
+CFrmVisualization::CFrmVisualization(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files, CommandGate& gate,
+                                     QWidget* parent)
+    : WaveVisualization(doc, prompt, files, gate,
                         {QStringLiteral("原種波形のCSV出力"), QStringLiteral("調整後波形のCSV出力")}, parent),
       m_nameEdit(new CExpEdit(this)) {
   m_nameEdit->setObjectName(QStringLiteral("nameEdit"));

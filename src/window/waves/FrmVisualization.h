@@ -9,7 +9,8 @@ namespace tremlo {
 class CFrmVisualization : public WaveVisualization {
   Q_OBJECT
  public:
-  CFrmVisualization(CMorvaneDoc& doc, FileDialogs& files, CommandGate& gate, QWidget* parent = nullptr);
+  CFrmVisualization(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files, CommandGate& gate,
+                    QWidget* parent = nullptr);
 
   void Prepare() override;
   void Refresh() override;

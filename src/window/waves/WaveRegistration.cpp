@@ -165,7 +165,8 @@ void WaveRegistration::MakeGraphPanel() {
   settings.resetColors = [reset] { reset(&CSeismicWaveSet::ResetOrigColors); };
   m_graphPanel = new WaveGraphPanel(
       {GraphKind::Time, GraphKind::Spectrum, GraphKind::Fourier},
-      [this](GraphKind kind) { return MakeGraph(kind); }, settings, m_gate, this);
+      [this](GraphKind kind) { return MakeGraph(kind); }, settings, GraphDoors{m_gate, m_files, m_prompt},
+      this);
 }
 
 void WaveRegistration::BuildBody(QHBoxLayout* nameRow, std::vector<QWidget*> controls) {

@@ -57,7 +57,7 @@ CExpEdit* ReadOnlyEdit(const char* objectName, QWidget* parent) {
 
 }  // namespace
 
-WaveVisualization::WaveVisualization(CMorvaneDoc& doc, FileDialogs& files, CommandGate& gate,
+WaveVisualization::WaveVisualization(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files, CommandGate& gate,
                                      const Texts& texts, QWidget* parent)
     : Screen(parent),
       m_doc(doc),
@@ -68,7 +68,7 @@ WaveVisualization::WaveVisualization(CMorvaneDoc& doc, FileDialogs& files, Comma
   setAccessibleName(QStringLiteral("可視化"));
   MakeSwitches();
   MakeExportButtons(texts);
-  MakeGraphPanel();
+  MakeGraphPanel(prompt);
 }
 
 void WaveVisualization::MakeSwitches() {
@@ -102,7 +102,7 @@ void WaveVisualization::MakeExportButtons(const Texts& texts) {
                                 &WaveVisualization::ExportAdjusted);
 }
 
-void WaveVisualization::MakeGraphPanel() {
+void WaveVisualization::MakeGraphPanel(Prompt& prompt) {
   WaveGraphPanel::Settings settings;
   settings.make = [this](QWidget* parent) {
     const std::vector<CurveColor> colors{{SeedName(), &m_doc.visualColorOrig},
@@ -120,7 +120,8 @@ void WaveVisualization::MakeGraphPanel() {
   };
   m_graphPanel = new WaveGraphPanel(
       {GraphKind::Time, GraphKind::Spectrum, GraphKind::Fourier},
-      [this](GraphKind kind) { return MakeGraph(kind); }, settings, m_gate, this);
+      [this](GraphKind kind) { return MakeGraph(kind); }, settings, GraphDoors{m_gate, m_files, prompt},
+      this);
   connect(m_graphPanel, &WaveGraphPanel::KindShown, this, &WaveVisualization::ShowSwitches);
   m_figuresLabel = new FiguresLabel(this);
   m_missingLabel = new NoteLabel("missingLabel", QStringLiteral("注意"), this);

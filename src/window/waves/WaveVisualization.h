@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/ask/FileDialogs.h"
+#include "core/ask/Prompt.h"
 #include "core/graphs/GraphRange.h"
 #include "core/project/MorvaneDoc.h"
 #include "core/waves/WaveFile.h"
@@ -34,8 +35,8 @@ class WaveVisualization : public Screen {
   struct Texts {
     QString exportSeed, exportAdjusted;  ///< on the buttons
   };
-  WaveVisualization(CMorvaneDoc& doc, FileDialogs& files, CommandGate& gate, const Texts& texts,
-                    QWidget* parent);
+  WaveVisualization(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files, CommandGate& gate,
+                    const Texts& texts, QWidget* parent);
 
   virtual CSeismicWave* Wave() = 0;  ///< the seed wave on display; null when there is none
   /// Before the spectrum of the seed wave is drawn. One that is not valid then is not drawn.
@@ -58,7 +59,7 @@ class WaveVisualization : public Screen {
 
   void MakeSwitches();
   void MakeExportButtons(const Texts& texts);
-  void MakeGraphPanel();
+  void MakeGraphPanel(Prompt& prompt);
   void ShowSwitches();
   void SetSwitch(std::int32_t CMorvaneDoc::*field, bool on);
   /// `ending`: of the name that is proposed for the file.

@@ -16,8 +16,9 @@ constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 
 // A frame of 100 by 100 pixels over 0 to 100 on both axes: x is its own pixel, y is 100 less its pixel.
 std::vector<TracePiece> Trace(const std::vector<double>& x, const std::vector<double>& y) {
-  return TraceCurve(x, y, {{0, 100, 10}, GraphAxis::Scale::Linear, 0, 100},
-                    {{0, 100, 10}, GraphAxis::Scale::Linear, 100, 0});
+  return CurveTracer({{0, 100, 10}, GraphAxis::Scale::Linear, 0, 100},
+                     {{0, 100, 10}, GraphAxis::Scale::Linear, 100, 0})
+      .Trace(x, y);
 }
 
 std::string Listed(const std::vector<TracePiece>& pieces) {
@@ -109,15 +110,16 @@ TEST(CurveTrace, ANeighbourInfinitelyFarAwayGivesNoEntry) {
 TEST(CurveTrace, AxesWithoutLimitsGiveNothing) {
   const GraphAxis good({0, 100, 10}, GraphAxis::Scale::Linear, 0, 100);
   const GraphAxis bad({0, kNan, 10}, GraphAxis::Scale::Linear, 0, 100);
-  EXPECT_TRUE(TraceCurve({1, 2}, {1, 2}, good, bad).empty());
-  EXPECT_TRUE(TraceCurve({1, 2}, {1, 2}, bad, good).empty());
+  EXPECT_TRUE(CurveTracer(good, bad).Trace({1, 2}, {1, 2}).empty());
+  EXPECT_TRUE(CurveTracer(bad, good).Trace({1, 2}, {1, 2}).empty());
 }
 
 class LogarithmicTrace : public testing::Test {
  protected:
   static std::vector<TracePiece> Trace(const std::vector<double>& x, const std::vector<double>& y) {
-    return TraceCurve(x, y, {{0.01, 10, 1}, GraphAxis::Scale::Logarithmic, 0, 300},
-                      {{0, 100, 10}, GraphAxis::Scale::Linear, 100, 0});
+    return CurveTracer({{0.01, 10, 1}, GraphAxis::Scale::Logarithmic, 0, 300},
+                       {{0, 100, 10}, GraphAxis::Scale::Linear, 100, 0})
+        .Trace(x, y);
   }
 };
 
@@ -134,6 +136,26 @@ TEST_F(LogarithmicTrace, APeriodOfZeroOrBelowHasNoPlace) {
   EXPECT_EQ(Listed(Trace({-5, 0.1, 1}, {20, 60, 20})), "100,40-200,80");
 }
 
+TEST_F(LogarithmicTrace, BehindOtherCurvesACurveIsTracedAsAlone) {
+  const std::vector<double> periods{20, 3, 1, 0.11, 0.1, 0.02, 0.001};
+  std::vector<double> others = periods, broken = periods, fewer = periods;
+  others[3] = 0.5;
+  broken[2] = kNan;
+  fewer.pop_back();
+  const GraphAxis xAxis({0.01, 10, 1}, GraphAxis::Scale::Logarithmic, 0, 300);
+  const GraphAxis yAxis({0, 100, 10}, GraphAxis::Scale::Linear, 100, 0);
+  CurveTracer tracer(xAxis, yAxis);
+  double value = 5.0;
+  for (const std::vector<double>& x :
+       {periods, periods, others, periods, broken, broken, fewer, periods, {}, others}) {
+    std::vector<double> y;
+    for (std::size_t i = 0; i < x.size() + 1; ++i) y.push_back(value += 7.0 - static_cast<double>(i));
+    EXPECT_EQ(Listed(tracer.Trace(x, y)), Listed(CurveTracer(xAxis, yAxis).Trace(x, y)));
+    y.resize(y.size() / 2);
+    EXPECT_EQ(Listed(tracer.Trace(x, y)), Listed(CurveTracer(xAxis, yAxis).Trace(x, y)));
+  }
+}
+
 TEST(CurveTrace, SixtyFiveThousandPointsKeepEveryPeakInTwoPiecesAColumnAtMost) {
   constexpr int kPoints = 65536;
   constexpr int kColumns = 1000;
@@ -147,7 +169,7 @@ TEST(CurveTrace, SixtyFiveThousandPointsKeepEveryPeakInTwoPiecesAColumnAtMost) {
   y[31234] = 480.0;
   const GraphAxis xAxis({0, kColumns, 100}, GraphAxis::Scale::Linear, 0, kColumns);
   const GraphAxis yAxis({-500, 500, 100}, GraphAxis::Scale::Linear, 600, 0);
-  const std::vector<TracePiece> pieces = TraceCurve(x, y, xAxis, yAxis);
+  const std::vector<TracePiece> pieces = CurveTracer(xAxis, yAxis).Trace(x, y);
   EXPECT_LE(pieces.size(), 2u * (kColumns + 1));
 
   std::vector<int> top(kColumns + 1, 600), bottom(kColumns + 1, 0);

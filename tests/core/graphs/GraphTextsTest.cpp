@@ -6,7 +6,7 @@ namespace tremlo {
 namespace {
 
 void ExpectTexts(GraphKind kind, const char* caption, const char* x, const char* y, const char* note) {
-  EXPECT_EQ(TextsOf(kind).caption, caption);
+  EXPECT_EQ(TextsOf(kind).Caption(), caption);
   EXPECT_EQ(TextsOf(kind).XTitle(), x);
   EXPECT_EQ(TextsOf(kind).YTitle(), y);
   EXPECT_EQ(TextsOf(kind).note, note);

@@ -1,6 +1,7 @@
 #include "core/files/Cp932Text.h"
 #include "core/waves/WaveFile.h"
 #include "support/CommaLocale.h"
+#include "support/CurrentFolder.h"
 #include "support/TestFolder.h"
 
 #include <QDir>
@@ -207,10 +208,8 @@ TEST_F(WaveFileTest, AnExportWritesThreeFiles) {
 }
 
 TEST_F(WaveFileTest, ACancelledExportStillWritesTheTwoSpectraByTheirBareNames) {
-  const QString before = QDir::currentPath();
-  ASSERT_TRUE(QDir::setCurrent(m_folder.Path()));
+  const test::CurrentFolder here(m_folder.Path());
   ExportWave(SplitSavePath(""), "W", 0.01, {1.0, 2.0}, {0.02}, {5.0});
-  QDir::setCurrent(before);
   EXPECT_EQ(m_folder.Names(), (QStringList{"_AccSpec", "_FFT"}));
 }
 

@@ -361,6 +361,30 @@ TEST_F(DrawGraphTest, ADarkPaletteChangesNothing) {
   EXPECT_EQ(dark, light);
 }
 
+TEST_F(DrawGraphTest, CurvesOfEqualPeriodsAreDrawnAsIfEachHadItsOwn) {
+  for (const std::int32_t logarithmic : {0, 1}) {
+    WaveGraphSetting block = FixedBlock();
+    block.specLog = logarithmic;
+    CDrawFreqAccSpec shared(block), own(block);
+    for (int curve = 0; curve < 5; ++curve) {
+      std::vector<double> periods, values;
+      for (int i = 1; i <= 2000; ++i) {
+        periods.push_back((curve < 3 ? 40.0 : 25.0) / i);
+        values.push_back(60.0 * curve + 40.0 * std::sin(i * 0.02));
+      }
+      const CurvePen pen{curve * 0x203011, 1 + curve % 2};
+      shared.AddSpectrum(periods, values, pen);
+      // A point without a place on the axis is not drawn, but these periods are equal to none.
+      periods.push_back(kNan);
+      values.push_back(0.0);
+      own.AddSpectrum(periods, values, pen);
+    }
+    EXPECT_EQ(Drawn(shared), Drawn(own)) << logarithmic;
+    CDrawFreqAccSpec empty(block);
+    EXPECT_NE(Drawn(shared), Drawn(empty));
+  }
+}
+
 // Rows or columns outside the frame that hold something dark: what is written there.
 QRect Ink(const QImage& image, const QRect& area) {
   QRect ink;

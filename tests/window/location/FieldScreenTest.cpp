@@ -8,6 +8,7 @@
 #include "support/LocalService.h"
 #include "support/ProcedureParts.h"
 #include "support/ScreenDriver.h"
+#include "support/StatusTips.h"
 #include "support/TestFolder.h"
 #include "window/location/FrmField.h"
 #include "window/location/ZoneMapView.h"
@@ -24,7 +25,6 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMessageBox>
-#include <QStatusTipEvent>
 #include <QWheelEvent>
 
 #include <gmock/gmock.h>
@@ -41,18 +41,6 @@ using testing::IsEmpty;
 
 constexpr SitePosition kNewSite{38.0, 15.0, 20.66, 137.0, 46.0, 37.0};
 constexpr QSize kWindow{1000, 720};
-
-/// Hears what the screen tells the status bar of its window.
-class StatusEar : public QObject {
- public:
-  QStringList heard;
-
- protected:
-  bool eventFilter(QObject*, QEvent* event) override {
-    if (event->type() == QEvent::StatusTip) heard << static_cast<QStatusTipEvent*>(event)->tip();
-    return false;
-  }
-};
 
 /// Takes the pages that the program would open in a browser.
 class Browser : public QObject {
@@ -570,19 +558,18 @@ TEST_F(FieldScreenTest, OfflineThePictureIsShownAndADragStillMovesTheSite) {
 
 TEST_F(FieldScreenTest, ThePointerIsReadOutInTheStatusBar) {
   Open();
-  StatusEar ear;
-  screen->window()->installEventFilter(&ear);
+  const test::StatusTips tips(*screen->window());
   Move(Middle());
-  ASSERT_FALSE(ear.heard.isEmpty());
+  ASSERT_FALSE(tips.heard.isEmpty());
   const GeoPoint place = GeoAt(Map().Map().view, {Middle().x(), Middle().y()});
   EXPECT_NEAR(place.lat, PlaceOf(kNewSite).lat, 1e-6);
-  EXPECT_TRUE(ear.heard.back().startsWith(u"北緯 38°15′"));
-  EXPECT_TRUE(ear.heard.back().contains(u"東経 137°46′"));
+  EXPECT_TRUE(tips.heard.back().startsWith(u"北緯 38°15′"));
+  EXPECT_TRUE(tips.heard.back().contains(u"東経 137°46′"));
   EXPECT_EQ(Site(), kNewSite);
   EXPECT_FALSE(doc.IsModified());
   QEvent leave(QEvent::Leave);
   QCoreApplication::sendEvent(&Map(), &leave);
-  EXPECT_TRUE(ear.heard.back().isEmpty());
+  EXPECT_TRUE(tips.heard.back().isEmpty());
 }
 
 TEST_F(FieldScreenTest, ThePlaneCoordinatesFollowSiteAndZoneAndAFarZoneIsHintedAt) {
@@ -785,10 +772,9 @@ TEST_F(FieldTilesTest, AStalledServiceHoldsNothingAndIsBrokenOffAtOnce) {
   Open("tile=stall");
   ASSERT_TRUE(QTest::qWaitFor([&] { return !service.Requests().empty(); }));
   // The screen works on: the pointer is read, a cell typed, the site dragged.
-  StatusEar ear;
-  screen->window()->installEventFilter(&ear);
+  const test::StatusTips tips(*screen->window());
   Move(Middle() + QPoint(5, 5));
-  EXPECT_FALSE(ear.heard.isEmpty());
+  EXPECT_FALSE(tips.heard.isEmpty());
   driver->EnterCell("jobGrid", 1, 1, "Title");
   EXPECT_EQ(doc.site.title, u"Title");
   Press(Middle());

@@ -74,6 +74,32 @@ TEST_F(FileDialogBoxesTest, TheFileWithTheAddedExtensionIsTheOneThatIsNotOverwri
   EXPECT_TRUE(asked);
 }
 
+TEST_F(FileDialogBoxesTest, TheKindOfFileThatIsChosenGivesTheEnding) {
+  doc.SetPathName(folder.Path(QStringLiteral("a.trml")));
+  const FileQuestion picture{
+      .title = QStringLiteral("保存"),
+      .nameFilters = QStringLiteral("PNG画像 (*.png);;SVG画像 (*.svg);;PDF文書 (*.pdf)"),
+      .suffix = QStringLiteral("png"),
+      .proposedName = QStringLiteral("図.png")};
+  const auto saved = [&](int kind, const char* typed) {
+    WhenShown([kind, typed](QFileDialog* dialog) {
+      auto* const kinds = dialog->findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+      ASSERT_NE(kinds, nullptr);
+      kinds->setFocus();
+      for (int i = 0; i < kind; ++i) QTest::keyClick(kinds, Qt::Key_Down);
+      auto* const edit = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+      Type(dialog, typed ? QString::fromUtf8(typed) : edit->text());
+    });
+    return QFileInfo(boxes.AskSavePath(picture)).fileName();
+  };
+  EXPECT_EQ(saved(0, nullptr), QStringLiteral("図.png"));
+  EXPECT_EQ(saved(1, nullptr), QStringLiteral("図.svg"));
+  EXPECT_EQ(saved(2, nullptr), QStringLiteral("図.pdf"));
+  EXPECT_EQ(saved(1, "新"), QStringLiteral("新.svg"));
+  EXPECT_EQ(saved(2, "h 0.05"), QStringLiteral("h 0.05.pdf"));
+  EXPECT_EQ(saved(2, "b.svg"), QStringLiteral("b.svg")) << "an ending that is typed stays";
+}
+
 TEST_F(FileDialogBoxesTest, SaveProposesItsNameInTheProjectsFolder) {
   doc.SetPathName(folder.Path(QStringLiteral("a.trml")));
   WhenShown([&](QFileDialog* dialog) {

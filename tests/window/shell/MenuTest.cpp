@@ -1,6 +1,7 @@
 #include "core/location/OnlineMode.h"
 #include "core/project/ChangeQuestions.h"
 #include "core/shell/TitleText.h"
+#include "support/CurrentFolder.h"
 #include "support/LocalService.h"
 #include "support/UpdateChecker.h"
 #include "window/shell/AboutDlg.h"
@@ -236,12 +237,10 @@ TEST_F(MenuTest, UpdateCheckWithoutItsProgramIsSilent) {
 
 TEST_F(MenuTest, UpdateCheckTellsThatTheUserAsked) {
   StartNew(TopChoice::ResponseRoute);
-  const QString before = QDir::currentPath();
-  ASSERT_TRUE(QDir::setCurrent(folder.Path()));
+  const test::CurrentFolder here(folder.Path());
   test::WriteUpdateChecker(folder);
   Menu()->updateCheck->trigger();
   EXPECT_EQ(test::UpdateCheckerArguments(folder), "TRML|FromUser|");
-  QDir::setCurrent(before);
 }
 
 TEST_F(MenuTest, AboutBoxTellsVersionLegalLineAndSampleTables) {

@@ -1,4 +1,5 @@
 #include "core/project/ProjectFile.h"
+#include "support/CurrentFolder.h"
 #include "support/LocalService.h"
 #include "support/UpdateChecker.h"
 #include "window/shell/ShellParts.h"
@@ -126,8 +127,7 @@ TEST_F(StartTest, FolderThatCannotBeFoundEndsTheStartBehindTheProbes) {
 }
 
 TEST_F(StartTest, ServicesThatAnswerAreNotCalledOfflineForLackOfAFolder) {
-  const QString before = QDir::currentPath();
-  ASSERT_TRUE(QDir::setCurrent(folder.Path()));
+  const test::CurrentFolder here(folder.Path());
   const QStringList names = folder.Names();
   const LocalService service;
   ASSERT_TRUE(service.IsReady());
@@ -138,7 +138,6 @@ TEST_F(StartTest, ServicesThatAnswerAreNotCalledOfflineForLackOfAFolder) {
   EXPECT_EQ(Start(), 0);
   EXPECT_EQ(service.Paths().size(), 4);
   EXPECT_EQ(folder.Names(), names) << "and nothing is left where the program was started";
-  QDir::setCurrent(before);
 }
 
 TEST_F(StartTest, DialogsOfQtKeepNothing) {
@@ -211,12 +210,10 @@ TEST_F(StartTest, FileOnTheCommandLineIsOpenedWithoutTheTopScreen) {
 
 TEST_F(StartTest, RelativePathIsMeantFromTheWorkingFolder) {
   const QString path = SavedProject(QStringLiteral("a.trml"), false);
-  const QString before = QDir::currentPath();
-  ASSERT_TRUE(QDir::setCurrent(folder.Path()));
+  const test::CurrentFolder here(folder.Path());
   Make();
   ExpectOffline();
   EXPECT_EQ(Start({QStringLiteral("a.trml")}), std::nullopt);
-  QDir::setCurrent(before);
   EXPECT_EQ(Doc().PathName(), path);
 }
 
@@ -291,12 +288,10 @@ TEST_F(StartTest, TextsOfQtAreJapanese) {
 }
 
 TEST_F(StartTest, UpdateCheckerOfTheWorkingFolderIsStarted) {
-  const QString before = QDir::currentPath();
-  ASSERT_TRUE(QDir::setCurrent(folder.Path()));
+  const test::CurrentFolder here(folder.Path());
   test::WriteUpdateChecker(folder);
   StartNew(TopChoice::ResponseRoute);
   EXPECT_EQ(test::UpdateCheckerArguments(folder), "TRML|");
-  QDir::setCurrent(before);
 }
 
 TEST_F(StartTest, FurtherArgumentsAreLeftAlone) {

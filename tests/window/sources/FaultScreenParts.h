@@ -5,13 +5,13 @@
 #include "core/project/ChangeQuestions.h"
 #include "support/DocumentState.h"
 #include "support/LocalService.h"
-#include "support/ProcedureParts.h"
 #include "support/RecordedMessages.h"
 #include "support/ScreenDriver.h"
 #include "support/TestFolder.h"
 #include "window/sources/DlgFaultExploration.h"
 #include "window/sources/DlgNowGetFault.h"
 #include "window/sources/FrmMakeSeismicWave1.h"
+#include "window/sources/OneScreenHost.h"
 
 #include <QLabel>
 #include <QProgressBar>
@@ -20,17 +20,6 @@
 #include <memory>
 
 namespace tremlo::test {
-
-/// Passes what the procedure asks for on to the one screen that is there.
-class OneScreenHost : public RecordingHost {
- public:
-  using RecordingHost::RecordingHost;
-  void Refresh(ScreenId id) override {
-    RecordingHost::Refresh(id);
-    if (screen && id == ScreenId::MakeSeismicWave1) screen->Refresh();
-  }
-  Screen* screen = nullptr;
-};
 
 /// The site of the answers of the local service.
 inline void SetSite(CMorvaneDoc& doc) {
@@ -86,7 +75,7 @@ class FaultTest : public testing::Test {
   CMorvaneDoc doc{folder.Path()};
   QStringList log;
   ScriptedPrompt prompt;
-  OneScreenHost host{doc, log};
+  OneScreenHost host{doc, log, ScreenId::MakeSeismicWave1};
   RecordingPane pane{log};
   WorkProcedure procedure{doc, prompt, host, pane};
   ChangeRules rules{doc, prompt, procedure};

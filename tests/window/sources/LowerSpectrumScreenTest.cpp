@@ -1,11 +1,11 @@
 #include "core/project/BaseSpectrum.h"
 #include "core/project/ProjectFile.h"
+#include "support/StatusTips.h"
 #include "window/sources/SourceScreenTest.h"
 
 #include <QClipboard>
 #include <QFile>
 #include <QHeaderView>
-#include <QStatusTipEvent>
 
 namespace tremlo::test {
 namespace {
@@ -199,23 +199,13 @@ TEST_F(LowerSpectrumScreen, TheGraphReadsOutThePointsOfTheFile) {
                   .arg(fields[0].toDouble(), 0, 'g', 6)
                   .arg(fields[1].toDouble(), 0, 'g', 6);
   }
-  class Ear : public QObject {
-   public:
-    QStringList heard;
-
-   protected:
-    bool eventFilter(QObject*, QEvent* event) override {
-      if (event->type() == QEvent::StatusTip) heard << static_cast<QStatusTipEvent*>(event)->tip();
-      return false;
-    }
-  } ear;
-  screen->installEventFilter(&ear);
+  StatusTips tips(*screen);
   driver->Find<QWidget>("graph").setFocus();
   driver->Key(Qt::Key_Home);
   for (int i = 0; i < 60; ++i) driver->Key(Qt::Key_Right, Qt::ShiftModifier);
-  ear.heard.removeAll(QString());
-  EXPECT_GT(ear.heard.size(), 20);
-  for (const QString& heard : ear.heard) EXPECT_TRUE(points.contains(heard)) << heard.toStdString();
+  tips.heard.removeAll(QString());
+  EXPECT_GT(tips.heard.size(), 20);
+  for (const QString& heard : tips.heard) EXPECT_TRUE(points.contains(heard)) << heard.toStdString();
 }
 
 TEST_F(LowerSpectrumScreen, TheSettingsDialogWorksOnTheBlockOfTheSelectedOne) {

@@ -3,10 +3,10 @@
 #include "core/location/SitePosition.h"
 #include "core/project/ProjectFile.h"
 #include "support/OfferedAction.h"
+#include "support/StatusTips.h"
 
 #include <QClipboard>
 #include <QRadioButton>
-#include <QStatusTipEvent>
 #include <QWheelEvent>
 
 namespace tremlo {
@@ -464,22 +464,13 @@ TEST_F(MakeSeismicWave1ScreenTest, TheWheelStoresTheZoomWithinItsLimits) {
 }
 
 TEST_F(MakeSeismicWave1ScreenTest, ThePlaceUnderThePointerStandsInTheStatusBar) {
-  class Ear : public QObject {
-   public:
-    QStringList heard;
-    bool eventFilter(QObject*, QEvent* event) override {
-      if (event->type() == QEvent::StatusTip) heard << static_cast<QStatusTipEvent*>(event)->tip();
-      return false;
-    }
-  } ear;
   Open();
-  screen->installEventFilter(&ear);
+  const test::StatusTips tips(*screen);
   QTest::mouseMove(&Map(), {60, 60});
   Settle();
-  ASSERT_FALSE(ear.heard.isEmpty());
-  EXPECT_THAT(ear.heard.last().toStdString(), HasSubstr("北緯"));
+  EXPECT_THAT(tips.Last().toStdString(), HasSubstr("北緯"));
   screen->CommandBegins();
-  EXPECT_EQ(ear.heard.last(), QString());
+  EXPECT_EQ(tips.Last(), QString());
   screen->CommandEnded();
 }
 

@@ -3,6 +3,7 @@
 #include "core/project/ProjectFile.h"
 #include "support/OfferedAction.h"
 #include "support/PaletteChange.h"
+#include "support/StatusTips.h"
 #include "window/sources/FaultProject.h"
 #include "window/sources/FrmMakeSeismicWave2.h"
 #include "window/sources/SourceScreenTest.h"
@@ -14,7 +15,6 @@
 #include <QLabel>
 #include <QScrollBar>
 #include <QSignalSpy>
-#include <QStatusTipEvent>
 #include <QWindow>
 
 #include <cmath>
@@ -42,18 +42,6 @@ enum Columns {
 constexpr PromptAnswer kYes = PromptAnswer::Yes;
 constexpr int kDoubleClickMs = 400;
 const QString kSecondPlane = QStringLiteral("(等価震源距離)(2)北");  // row 3
-
-/// Hears what the screen tells the status bar of its window.
-class StatusEar : public QObject {
- public:
-  QString heard;
-
- protected:
-  bool eventFilter(QObject*, QEvent* event) override {
-    if (event->type() == QEvent::StatusTip) heard = static_cast<QStatusTipEvent*>(event)->tip();
-    return false;
-  }
-};
 
 /// The faults "南" (row 1) and "北" (rows 2 and 3).
 class FaultSpectraScreen : public SourceScreenTest {
@@ -129,19 +117,19 @@ TEST_F(FaultSpectraScreen, StatesTheSourceAndTheKindsOfLines) {
 }
 
 TEST_F(FaultSpectraScreen, ALineTellsOfTheLastAcquisition) {
-  QString text = QStringLiteral("2021年版 <b>");
-  CFrmMakeSeismicWave2 own(doc, prompt, *procedure, *rules, *gate,
-                           {.calculate = [] { return true; },
-                            .follow = [](SwitchOutcome) {},
-                            .acquisitionText = [&] { return text; }});
-  ScreenDriver ownDriver(own);
-  auto& line = ownDriver.Find<QLabel>("acquisitionLine");
+  AcquisitionReport report;
+  report.activityVersion = 15;
+  report.unread = {QStringLiteral("<b>南</b>")};
+  doc.lastAcquisition = report;
+  Open();
+  auto& line = driver->Find<QLabel>("acquisitionLine");
   EXPECT_TRUE(line.isVisible());
-  EXPECT_EQ(line.text(), text);
+  EXPECT_TRUE(line.text().contains(u"2021年版"));
+  EXPECT_TRUE(line.text().endsWith(u"<b>南</b>")) << line.text().toStdString();
   EXPECT_EQ(line.textFormat(), Qt::PlainText);
-  EXPECT_GT(line.y(), ownDriver.Find<QLabel>("sourceLabel").y());
-  text.clear();
-  own.Refresh();
+  EXPECT_GT(line.y(), driver->Find<QLabel>("sourceLabel").y());
+  doc.lastAcquisition.reset();
+  screen->Refresh();
   EXPECT_FALSE(line.isVisible());
 }
 
@@ -271,13 +259,12 @@ TEST_F(FaultSpectraNumbers, EntryClassAndRelationComputeTheFormula) {
 TEST_F(FaultSpectraNumbers, TheGraphReadsOutWhatTheFormulaGives) {
   doc.faults.pop_back();
   Open();
-  StatusEar ear;
-  screen->installEventFilter(&ear);
+  const StatusTips tips(*screen);
   auto& graph = driver->Find<QWidget>("graph");
   graph.setFocus();
   driver->Key(Qt::Key_Home);
   driver->Key(Qt::Key_End);  // the frame ends behind the longest period
-  for (int i = 0; i < 400 && ear.heard.isEmpty(); ++i) driver->Key(Qt::Key_Left);
+  for (int i = 0; i < 400 && tips.Last().isEmpty(); ++i) driver->Key(Qt::Key_Left);
   const Relation shortest(folder.Path("DamCoef/H20_MinDis_H.csv"), true);
   const Relation equivalent(folder.Path("DamCoef/H20_Ehd_H.csv"), false);
   const FaultInfo& fault = doc.faults[0];
@@ -292,8 +279,8 @@ TEST_F(FaultSpectraNumbers, TheGraphReadsOutWhatTheFormulaGives) {
                       .arg(relation.Period(j), 0, 'g', 6)
                       .arg(value, 0, 'g', 6);
     }
-  EXPECT_TRUE(expected.contains(ear.heard)) << ear.heard.toStdString() << "\n"
-                                            << expected.first().toStdString();
+  EXPECT_TRUE(expected.contains(tips.Last())) << tips.Last().toStdString() << "\n"
+                                              << expected.first().toStdString();
 }
 
 TEST_F(FaultSpectraNumbers, DistancesStandWithFourDecimals) {

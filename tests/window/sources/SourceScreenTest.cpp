@@ -1,28 +1,19 @@
 #include "window/sources/SourceScreenTest.h"
 
+#include "window/sources/OneScreenHost.h"
+
 #include <QAccessible>
 
 namespace tremlo::test {
 
-/// The holder of the one screen: it prepares and enters that one, and computes as the program does.
-class SourceScreenTest::Host : public RecordingHost {
+/// Computes as the program does.
+class SourceScreenTest::Host : public OneScreenHost {
  public:
-  explicit Host(SourceScreenTest& test) : RecordingHost(test.doc, test.log), m_test(test) {}
+  Host(SourceScreenTest& test, ScreenId id) : OneScreenHost(test.doc, test.log, id), m_test(test) {}
 
-  void Prepare(ScreenId id) override {
-    if (IsOwn(id)) m_test.screen->Prepare();
-  }
-  void Entered(ScreenId id) override {
-    if (IsOwn(id)) m_test.screen->Entered();
-  }
-  void Refresh(ScreenId id) override {
-    if (IsOwn(id)) m_test.screen->Refresh();
-  }
   bool CalculateFaultSpectra() override { return m_test.table.runs.calculateFaultSpectra(*m_test.parts); }
 
  private:
-  bool IsOwn(ScreenId id) const { return m_test.screen && id == m_test.m_id; }
-
   SourceScreenTest& m_test;
 };
 
@@ -31,7 +22,7 @@ SourceScreenTest::SourceScreenTest(ScreenId id) : m_id(id) {
   CopyTables(folder);
   EXPECT_EQ(doc.ResetDocument(), std::nullopt);
   doc.guidelineRoute = doc.flowFixed = doc.flowFaultSource = true;
-  host = std::make_unique<Host>(*this);
+  host = std::make_unique<Host>(*this, id);
   procedure = std::make_unique<WorkProcedure>(doc, prompt, *host, pane);
   rules = std::make_unique<ChangeRules>(doc, prompt, *procedure);
   gate = std::make_unique<CommandGate>(prompt);
@@ -54,7 +45,7 @@ SourceScreenTest::~SourceScreenTest() {
 }
 
 void SourceScreenTest::Open(QSize window) {
-  screen = table.screens.at(m_id)(*parts);
+  host->screen = screen = table.screens.at(m_id)(*parts);
   driver = std::make_unique<ScreenDriver>(*screen, window);
   EXPECT_EQ(procedure->SwitchScreen(m_id), SwitchOutcome::Open);
   Settle();

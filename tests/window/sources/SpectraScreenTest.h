@@ -6,13 +6,13 @@
 #include "support/DocumentState.h"
 #include "support/NoThreads.h"
 #include "support/OfferedAction.h"
-#include "support/ProcedureParts.h"
 #include "support/ScreenDriver.h"
+#include "support/ScriptedFiles.h"
 #include "support/TestFolder.h"
 #include "support/Waves.h"
 #include "window/graphs/CommandGate.h"
 #include "window/graphs/RunDialog.h"
-#include "window/graphs/Screen.h"
+#include "window/sources/OneScreenHost.h"
 #include "window/waves/WaveRuns.h"
 
 #include <QAccessible>
@@ -41,23 +41,11 @@ class RunDialogLog : public QObject {
   QStringList m_names;
 };
 
-/// Holds one screen and runs what the gates have to compute as the program does.
-class OneScreenHost : public ScreenHost {
+/// Runs what the gates have to compute as the program does.
+class ComputingHost : public OneScreenHost {
  public:
-  OneScreenHost(CMorvaneDoc& doc, ScreenId id) : m_doc(doc), m_id(id) {}
+  ComputingHost(CMorvaneDoc& doc, QStringList& log, ScreenId id) : OneScreenHost(doc, log, id), m_doc(doc) {}
 
-  void SetScreen(Screen* screen) { m_screen = screen; }
-  bool Has(ScreenId id) const override { return id == m_id; }
-  void Prepare(ScreenId) override {
-    log << QStringLiteral("prepare");
-    m_screen->Prepare();
-  }
-  void Show(ScreenId) override { log << QStringLiteral("show"); }
-  void Entered(ScreenId) override { m_screen->Entered(); }
-  void Left(ScreenId) override { m_screen->Left(); }
-  void Refresh(ScreenId id) override {
-    if (id == m_id) m_screen->Refresh();
-  }
   bool ComputeMissingSpectra() override {
     return tremlo::ComputeMissingSpectra(m_doc, nullptr, std::chrono::milliseconds(0));
   }
@@ -66,14 +54,9 @@ class OneScreenHost : public ScreenHost {
     m_doc.SetModified(true);
     return works;
   }
-  AdjustResult RunRespAdjustment() override { return {}; }
-
-  QStringList log;
 
  private:
   CMorvaneDoc& m_doc;
-  ScreenId m_id;
-  Screen* m_screen = nullptr;
 };
 
 /// A project with the tables that the program ships and a screen of the spectra, which is entered through its
@@ -82,7 +65,7 @@ class SpectraScreenTest : public testing::Test {
  protected:
   static constexpr double kTimeStep = 0.01;
 
-  explicit SpectraScreenTest(ScreenId tested) : id(tested), host(doc, tested) {
+  explicit SpectraScreenTest(ScreenId tested) : id(tested), host(doc, log, tested) {
     EXPECT_EQ(doc.ResetDocument(), std::nullopt);
     doc.guidelineRoute = doc.flowFixed = doc.flowNeighbourWave = doc.flowFaultSource = true;
   }
@@ -135,8 +118,8 @@ class SpectraScreenTest : public testing::Test {
 
   template <class MadeScreen>
   void Make() {
-    screen = std::make_unique<MadeScreen>(doc, prompt, rules, gate);
-    host.SetScreen(screen.get());
+    screen = std::make_unique<MadeScreen>(doc, prompt, files, rules, gate);
+    host.screen = screen.get();
     driver = std::make_unique<ScreenDriver>(*screen, QSize(1000, 700));
   }
   /// Presses its step; after that the project counts as not modified.
@@ -153,6 +136,9 @@ class SpectraScreenTest : public testing::Test {
     EXPECT_TRUE(gate.Run([&] { outcome = procedure.SwitchScreen(id); }));
     return outcome;
   }
+
+  /// Whether the procedure has put the screen on display.
+  bool HasOpened() const { return log.contains(QStringLiteral("show %1").arg(static_cast<int>(id))); }
 
   /// Nothing of the document may change, and the screen shows it so.
   template <class Action>
@@ -227,7 +213,8 @@ class SpectraScreenTest : public testing::Test {
   CMorvaneDoc doc{SourcePath(QStringLiteral("data"))};
   QStringList log;
   ScriptedPrompt prompt;
-  OneScreenHost host;
+  ScriptedFiles files;
+  ComputingHost host;
   RecordingPane pane{log};
   WorkProcedure procedure{doc, prompt, host, pane};
   ChangeRules rules{doc, prompt, procedure};

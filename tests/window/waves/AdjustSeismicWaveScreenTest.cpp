@@ -10,6 +10,7 @@
 #include "support/ProcedureParts.h"
 #include "support/ScreenDriver.h"
 #include "support/ScriptedFiles.h"
+#include "support/StatusTips.h"
 #include "support/TestFolder.h"
 #include "support/Waves.h"
 #include "window/graphs/DlgGraphEditBaseSpec.h"
@@ -20,7 +21,6 @@
 #include <QAccessible>
 #include <QColorDialog>
 #include <QLabel>
-#include <QStatusTipEvent>
 
 namespace tremlo::test {
 namespace {
@@ -116,6 +116,7 @@ class AdjustSeismicWaveScreen : public testing::Test {
   QStringList log;
   CMorvaneDoc doc{QString()};
   ScriptedPrompt prompt{&log};
+  ScriptedFiles files;
   ScreenHolder host{doc, log};
   RecordingPane pane{log};
   WorkProcedure procedure{doc, prompt, host, pane};
@@ -123,7 +124,7 @@ class AdjustSeismicWaveScreen : public testing::Test {
   CommandGate gate{prompt};
   std::vector<AdjustInput> runs;
   std::function<AdjustResult(const AdjustInput&)> run = [](const AdjustInput&) { return Converged(); };
-  CFrmAdjustSeismicWave screen{doc, prompt, rules, gate, [this](const AdjustInput& input) {
+  CFrmAdjustSeismicWave screen{doc, prompt, files, rules, gate, [this](const AdjustInput& input) {
                                  runs.push_back(input);
                                  return run(input);
                                }};
@@ -612,17 +613,6 @@ TEST_F(AdjustSeismicWaveScreen, TheSettingsDialogWorksOnTheBlockOfTheAdjustment)
   EXPECT_EQ(doc.graphAdjust, CSeismicWave());
 }
 
-/// Notes what a window is told for its status bar.
-class StatusTips : public QObject {
- public:
-  explicit StatusTips(QWidget& window) { window.installEventFilter(this); }
-  bool eventFilter(QObject*, QEvent* event) override {
-    if (event->type() == QEvent::StatusTip) last = static_cast<QStatusTipEvent*>(event)->tip().toStdString();
-    return false;
-  }
-  std::string last;
-};
-
 TEST_F(AdjustSeismicWaveScreen, ACurveBearsTheNameOfItsWave) {
   doc.graphAdjust.origGraph.specLog = 0;
   for (const std::size_t hidden : {std::size_t{0}, std::size_t{2}}) Wave(hidden).adjustShow = false;
@@ -631,7 +621,7 @@ TEST_F(AdjustSeismicWaveScreen, ACurveBearsTheNameOfItsWave) {
   const StatusTips tips(*screen.window());
   driver.Find<QWidget>("graph").setFocus();
   driver.Key(Qt::Key_Home);
-  EXPECT_THAT(tips.last, HasSubstr("B"));
+  EXPECT_THAT(tips.Last().toStdString(), HasSubstr("B"));
 }
 
 TEST_F(AdjustSeismicWaveScreen, TheTabKeyFollowsTheReadingOrder) {
@@ -730,8 +720,7 @@ TEST_F(AdjustSeismicWaveScreen, WhatTheRoadExportsIsWhatTheCommandLineWrites) {
   Click(4, kAdjusted);
   ASSERT_TRUE(Wave(3).adjusted);
 
-  ScriptedFiles files;
-  CFrmVisualization visualization(doc, files, gate);
+  CFrmVisualization visualization(doc, prompt, files, gate);
   ScreenDriver result(visualization);
   const DocumentState before(doc);
   files.Choose(folder.Path("window.csv"));

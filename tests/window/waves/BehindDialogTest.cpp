@@ -95,7 +95,7 @@ TEST_F(BehindDialog, TheTargetStays) {
 }
 
 TEST_F(BehindDialog, TheResultStays) {
-  CFrmRespVisualization screen(doc, files, gate);
+  CFrmRespVisualization screen(doc, prompt, files, gate);
   ExpectDeaf(screen,
              {"seedCheck", "adjustedCheck", "exportSeedButton", "exportAdjustedButton", "specButton",
               "settingsButton"},
@@ -104,7 +104,7 @@ TEST_F(BehindDialog, TheResultStays) {
 
 TEST_F(BehindDialog, TheAdoptedWaveStays) {
   doc.seedWaves.At(0).adopted = true;
-  CFrmVisualization screen(doc, files, gate);
+  CFrmVisualization screen(doc, prompt, files, gate);
   ExpectDeaf(screen,
              {"seedCheck", "adjustedCheck", "targetCheck", "exportSeedButton", "exportAdjustedButton",
               "specButton", "settingsButton"},
@@ -112,7 +112,7 @@ TEST_F(BehindDialog, TheAdoptedWaveStays) {
 }
 
 TEST_F(BehindDialog, TheWavesThatAreAdjustedStay) {
-  CFrmAdjustSeismicWave screen(doc, prompt, parts.rules, gate, [](const AdjustInput&) {
+  CFrmAdjustSeismicWave screen(doc, prompt, files, parts.rules, gate, [](const AdjustInput&) {
     ADD_FAILURE() << "a run";
     return AdjustResult();
   });
@@ -153,7 +153,7 @@ TEST_F(BehindDialog, AnExportOfAnotherProjectWritesNothing) {
   };
   const TestFolder folder;
   NextProject next(doc, folder);
-  CFrmRespVisualization screen(doc, next, gate);
+  CFrmRespVisualization screen(doc, prompt, next, gate);
   ScreenDriver driver(screen);
   driver.Press("exportSeedButton");
   EXPECT_THAT(folder.Names(), IsEmpty());
@@ -194,7 +194,7 @@ TEST_F(BehindDialog, AnExportWhoseWaveIsGoneWritesNothing) {
    private:
     CMorvaneDoc& m_doc;
   } gone(doc);
-  CFrmRespVisualization screen(doc, gone, gate);
+  CFrmRespVisualization screen(doc, prompt, gone, gate);
   ScreenDriver driver(screen);
   driver.Press("exportSeedButton");
   EXPECT_TRUE(doc.seedWaves.IsEmpty());
@@ -228,7 +228,7 @@ TEST_F(BehindDialog, AGraphThatNoMemoryHoldsSaysSoInItsPlace) {
         if (!enough) throw std::bad_alloc();
         return nullptr;
       },
-      {[](QWidget*) { return nullptr; }, [] {}, [] {}, nullptr}, gate, &window);
+      {[](QWidget*) { return nullptr; }, [] {}, [] {}, nullptr}, GraphDoors{gate, files, prompt}, &window);
   const auto caption = [&] { return panel.findChild<QLabel*>("caption")->text(); };
   panel.Refresh();
   window.grab();

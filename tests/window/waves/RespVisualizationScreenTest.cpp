@@ -2,12 +2,14 @@
 #include "core/waves/FiguresText.h"
 #include "numeric/waves/FourierSpectrum.h"
 #include "numeric/waves/ResponseSpectrum.h"
+#include "support/CurrentFolder.h"
 #include "support/DocumentState.h"
 #include "support/OfferedAction.h"
 #include "support/PaletteChange.h"
 #include "support/ProcedureParts.h"
 #include "support/ScreenDriver.h"
 #include "support/ScriptedFiles.h"
+#include "support/StatusTips.h"
 #include "support/TestFolder.h"
 #include "support/Waves.h"
 #include "window/graphs/DlgGraphEditVisual.h"
@@ -18,9 +20,7 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
-#include <QDir>
 #include <QLabel>
-#include <QStatusTipEvent>
 
 namespace tremlo::test {
 namespace {
@@ -31,18 +31,6 @@ using testing::IsEmpty;
 constexpr QRgb kSeedRgb = 0xFF3232FF;      // 0xFF3232 as blue, green, red
 constexpr QRgb kAdjustedRgb = 0xFFFF0000;  // 0x0000FF
 constexpr QRgb kTargetRgb = 0xFF008000;
-
-/// Works in a folder of its own: an export whose dialog was cancelled writes into the current one.
-class CurrentFolder {
- public:
-  explicit CurrentFolder(const QString& path) : m_before(QDir::currentPath()) { QDir::setCurrent(path); }
-  ~CurrentFolder() { QDir::setCurrent(m_before); }
-  CurrentFolder(const CurrentFolder&) = delete;
-  CurrentFolder& operator=(const CurrentFolder&) = delete;
-
- private:
-  QString m_before;
-};
 
 class RespVisualizationScreen : public testing::Test {
  protected:
@@ -87,7 +75,7 @@ class RespVisualizationScreen : public testing::Test {
   ScriptedFiles files;
   ScriptedPrompt prompt;
   CommandGate gate{prompt};
-  CFrmRespVisualization screen{doc, files, gate};
+  CFrmRespVisualization screen{doc, prompt, files, gate};
   ScreenDriver driver{screen};
   TestFolder folder;
 };
@@ -426,7 +414,7 @@ TEST_F(RespVisualizationScreen, TheScreenFollowsThePalette) {
   palette.Back();
   EXPECT_EQ(driver.Picture(), light);
   palette.ToDark();
-  CFrmRespVisualization fresh(doc, files, gate);
+  CFrmRespVisualization fresh(doc, prompt, files, gate);
   fresh.Prepare();
   fresh.Entered();
   ScreenDriver another(fresh);
@@ -458,23 +446,12 @@ TEST_F(RespVisualizationScreen, TheSettingsDialogWorksOnTheBlockAndTheTwoColours
   EXPECT_TRUE(doc.IsModified());
 }
 
-/// Notes what a window is told for its status bar.
-class StatusTips : public QObject {
- public:
-  explicit StatusTips(QWidget& window) { window.installEventFilter(this); }
-  bool eventFilter(QObject*, QEvent* event) override {
-    if (event->type() == QEvent::StatusTip) last = static_cast<QStatusTipEvent*>(event)->tip().toStdString();
-    return false;
-  }
-  std::string last;
-};
-
 TEST_F(RespVisualizationScreen, TheValuesUnderThePointerGoToTheStatusBar) {
-  StatusTips tips(*screen.window());
+  const StatusTips tips(*screen.window());
   auto& graph = driver.Find<QWidget>("graph");
   graph.setFocus();
   driver.Key(Qt::Key_Home);
-  EXPECT_THAT(tips.last, testing::HasSubstr("波形：時間 0."));
+  EXPECT_THAT(tips.Last().toStdString(), testing::HasSubstr("波形：時間 0."));
 }
 
 TEST_F(RespVisualizationScreen, TheTabKeyFollowsTheReadingOrder) {
@@ -522,7 +499,7 @@ class RespVisualizationGate : public testing::Test {
   WorkProcedure procedure{doc, prompt, host, pane};
   ScriptedFiles files;
   CommandGate gate{prompt};
-  CFrmRespVisualization screen{doc, files, gate};
+  CFrmRespVisualization screen{doc, prompt, files, gate};
 };
 
 TEST_F(RespVisualizationGate, AMissingWaveIsTold) {

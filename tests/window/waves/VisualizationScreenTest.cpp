@@ -1,6 +1,7 @@
 #include "core/waves/FiguresText.h"
 #include "numeric/waves/FourierSpectrum.h"
 #include "numeric/waves/ResponseSpectrum.h"
+#include "support/CurrentFolder.h"
 #include "support/DocumentState.h"
 #include "support/OfferedAction.h"
 #include "support/PaletteChange.h"
@@ -13,7 +14,6 @@
 #include "window/waves/FrmVisualization.h"
 
 #include <QCheckBox>
-#include <QDir>
 #include <QLabel>
 
 namespace tremlo::test {
@@ -25,18 +25,6 @@ using testing::IsEmpty;
 constexpr QRgb kSeedRgb = 0xFF3232FF;      // 0xFF3232 as blue, green, red
 constexpr QRgb kAdjustedRgb = 0xFFFF0000;  // 0x0000FF
 constexpr QRgb kTargetRgb = 0xFF008000;
-
-/// Works in a folder of its own: an export whose dialog was cancelled writes into the current one.
-class CurrentFolder {
- public:
-  explicit CurrentFolder(const QString& path) : m_before(QDir::currentPath()) { QDir::setCurrent(path); }
-  ~CurrentFolder() { QDir::setCurrent(m_before); }
-  CurrentFolder(const CurrentFolder&) = delete;
-  CurrentFolder& operator=(const CurrentFolder&) = delete;
-
- private:
-  QString m_before;
-};
 
 /// The waves "A", "B" and "C", of which "B" is adopted, adjusted and has valid spectra, against a lower
 /// limit.
@@ -100,7 +88,7 @@ class VisualizationScreen : public testing::Test {
   ChangeRules rules{doc, prompt, procedure};
   ScriptedFiles files;
   CommandGate gate{prompt};
-  CFrmVisualization screen{doc, files, gate};
+  CFrmVisualization screen{doc, prompt, files, gate};
   ScreenDriver driver{screen, {960, 700}};
   TestFolder folder;
 };
