@@ -1,25 +1,14 @@
+#include "AdjustJob.h"
 #include "Arguments.h"
 #include "Command.h"
 #include "Output.h"
 #include "RecordInput.h"
-#include "WaveInput.h"
-#include "core/waves/AdjustRun.h"
 #include "core/waves/WaveFile.h"
 #include "numeric/waves/ResponseSpectrum.h"
-
-#include <cmath>
-#include <limits>
 
 namespace tremlo::cli {
 
 namespace {
-
-struct Adjustment {
-  bool converged = false;
-  int passes = 0;  ///< sweeps made
-  FitFigures fit;  ///< of the last sweep
-  std::vector<double> acc, periods, spectrum;
-};
 
 QList<QCommandLineOption> Options() {
   return RecordOptions::All() +
@@ -34,23 +23,6 @@ QList<QCommandLineOption> Options() {
              {QStringLiteral("out"),
               QStringLiteral("調整後の波形を書く CSV ファイル（_AccSpec, _FFT も書く）"),
               QStringLiteral("BASE.csv")}};
-}
-
-/// Reads the target and puts it longest period first.
-bool ReadTarget(const QString& path, std::vector<double>& periods, std::vector<double>& target,
-                QString& error) {
-  QString name;
-  std::size_t pairs = 0;
-  if (const auto failure = ReadSpectrumFile(path, name, periods, target, &pairs)) {
-    error = *failure;
-    return false;
-  }
-  if (pairs == 0) {
-    error = path + QStringLiteral(": スペクトルのデータがありません。");
-    return false;
-  }
-  PutLongestFirst(periods, target);
-  return true;
 }
 
 void PrintObject(const WaveInput& seed, const Adjustment& result) {
@@ -84,36 +56,25 @@ void PrintSummary(const WaveInput& seed, const Adjustment& result, double tolera
 }
 
 int Run(const Arguments& arguments) {
-  std::int32_t iterations = 100;
-  double tolerance = 0.05;
-  if (!arguments.IsSet("seed") || !arguments.IsSet("target"))
-    return FailUsage(QStringLiteral("--seed と --target を指定してください。"));
-  if (!arguments.Whole("iterations", iterations) || iterations < 0)
-    return FailUsage(QStringLiteral("--iterations は 0 以上の整数です：") + arguments.Text("iterations"));
-  if (!arguments.Number("tolerance", tolerance) || std::isnan(tolerance))
-    return FailUsage(QStringLiteral("--tolerance は数値です：") + arguments.Text("tolerance"));
-
-  WaveInput seed;
+  AdjustJob job;
   QString error;
-  if (const int status = seed.Read(arguments.Text("seed"), arguments); status != kDone) return status;
-  std::vector<double> targetPeriods;
-  std::vector<double> target;
-  if (!ReadTarget(arguments.Text("target"), targetPeriods, target, error)) return Fail(kBadFile, error);
+  QStringList warnings;
+  const int status = job.Read(arguments, error, warnings);
+  if (status != kDone) return status == kBadCommandLine ? FailUsage(error) : Fail(status, error);
+  for (const QString& warning : warnings)
+    Fail(kDone, arguments.Text("seed") + QStringLiteral(": 警告：") + warning);
 
+  const WaveInput& seed = job.seed;
   Adjustment result;
-  result.fit.deviation = std::numeric_limits<double>::quiet_NaN();
   {
     ProgressLine line;
-    result.converged = AdjustAmplitude(iterations, seed.acc, targetPeriods, target, result.acc, tolerance,
-                                       seed.timeStep, [&](const FitFigures& fit) {
-                                         result.fit = fit;
-                                         result.passes = fit.pass + 1;
-                                         if (line.IsShown())
-                                           line.Show(QStringLiteral("%1 / 最大 %2 回　偏差 %3 %")
-                                                         .arg(result.passes)
-                                                         .arg(iterations)
-                                                         .arg(fit.deviation * 100.0, 0, 'f', 2));
-                                       });
+    result = job.Run([&](const FitFigures& fit) {
+      if (line.IsShown())
+        line.Show(QStringLiteral("%1 / 最大 %2 回　偏差 %3 %")
+                      .arg(fit.pass + 1)
+                      .arg(job.iterations)
+                      .arg(fit.deviation * 100.0, 0, 'f', 2));
+    });
   }
   ComputeResponseSpectrum(result.acc, result.periods, result.spectrum, seed.timeStep);
 
@@ -127,7 +88,7 @@ int Run(const Arguments& arguments) {
   if (arguments.WantsJson()) {
     PrintObject(seed, result);
   } else {
-    PrintSummary(seed, result, tolerance);
+    PrintSummary(seed, result, job.tolerance);
   }
   return result.converged ? kDone : kGoalMissed;
 }
