@@ -466,6 +466,21 @@ INSTANTIATE_TEST_SUITE_P(Signals, CliBatchSignal, testing::Values(SIGKILL, SIGIN
                                                            : "Terminate";
                          });
 
+TEST(CliBatch, ALineThatWouldTakeForEverIsBrokenOff) {
+  const Jobs jobs;
+  const QString table = jobs.Table("seed,target,tolerance,iterations\na.csv,ta.csv,0,2147483647\n");
+  QProcess process;
+  process.start(QStringLiteral(TREMLO_PROGRAM_DIR "/tremlo-cli"),
+                {"batch", table, "--out", jobs.Path("out")});
+  while (!QFileInfo::exists(jobs.Path("out/summary.csv"))) ASSERT_FALSE(process.waitForFinished(1));
+  process.terminate();
+  EXPECT_TRUE(process.waitForFinished(30000));
+  EXPECT_EQ(process.exitStatus(), QProcess::CrashExit);
+  EXPECT_EQ(process.exitCode(), SIGTERM);
+  EXPECT_EQ(jobs.Names(), QStringList{"summary.csv"});
+  EXPECT_EQ(jobs.Rows().size(), 0U);
+}
+
 TEST(CliBatch, ATerminalIsToldHowFarItIs) {
   const Jobs jobs;
   const CliResult result =
