@@ -5,10 +5,10 @@
 namespace tremlo::cli {
 
 std::span<const Command> AllCommands() {
-  static const std::array commands = {ResponseCommand(),    FourierCommand(),     AdjustCommand(),
-                                      InspectCommand(),     TablesCommand(),      AttenuateCommand(),
-                                      DistancesCommand(),   FaultsCommand(),      ProjectNewCommand(),
-                                      ProjectShowCommand(), ProjectCopyCommand(), ProjectVerifyCommand()};
+  static const std::array commands = {
+      ResponseCommand(),    FourierCommand(),     AdjustCommand(),       BatchCommand(),  InspectCommand(),
+      TablesCommand(),      AttenuateCommand(),   DistancesCommand(),    FaultsCommand(), ProjectNewCommand(),
+      ProjectShowCommand(), ProjectCopyCommand(), ProjectVerifyCommand()};
   return commands;
 }
 

@@ -37,6 +37,7 @@ std::span<const Command> AllCommands();
 Command ResponseCommand();
 Command FourierCommand();
 Command AdjustCommand();
+Command BatchCommand();
 Command InspectCommand();
 Command TablesCommand();
 Command AttenuateCommand();

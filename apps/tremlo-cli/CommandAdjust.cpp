@@ -1,27 +1,19 @@
+#include "AdjustJob.h"
 #include "Arguments.h"
 #include "Command.h"
 #include "FiguresJson.h"
 #include "Output.h"
 #include "RecordInput.h"
-#include "WaveInput.h"
-#include "core/waves/AdjustRun.h"
 #include "core/waves/FiguresText.h"
 #include "core/waves/WaveFile.h"
 #include "numeric/waves/ResponseSpectrum.h"
-
-#include <cmath>
-#include <limits>
 
 namespace tremlo::cli {
 
 namespace {
 
-struct Adjustment {
-  bool converged = false;
-  int passes = 0;  ///< sweeps made
-  FitFigures fit;  ///< of the last sweep
-  std::vector<double> acc, periods, spectrum;
-  WaveFigures seedFigures, adjustedFigures;
+struct Figures {
+  WaveFigures seed, adjusted;
 };
 
 QList<QCommandLineOption> Options() {
@@ -39,24 +31,7 @@ QList<QCommandLineOption> Options() {
               QStringLiteral("BASE.csv")}};
 }
 
-/// Reads the target and puts it longest period first.
-bool ReadTarget(const QString& path, std::vector<double>& periods, std::vector<double>& target,
-                QString& error) {
-  QString name;
-  std::size_t pairs = 0;
-  if (const auto failure = ReadSpectrumFile(path, name, periods, target, &pairs)) {
-    error = *failure;
-    return false;
-  }
-  if (pairs == 0) {
-    error = path + QStringLiteral(": スペクトルのデータがありません。");
-    return false;
-  }
-  PutLongestFirst(periods, target);
-  return true;
-}
-
-void PrintObject(const WaveInput& seed, const Adjustment& result) {
+void PrintObject(const WaveInput& seed, const Adjustment& result, const Figures& figures) {
   JsonWriter json;
   json.BeginObject();
   json.Member("name", seed.name);
@@ -67,13 +42,14 @@ void PrintObject(const WaveInput& seed, const Adjustment& result) {
   json.Member("adjustedAcc", result.acc);
   json.Member("adjustedPeriods", result.periods);
   json.Member("adjustedSpec", result.spectrum);
-  WriteFigures(json, "seedFigures", result.seedFigures);
-  WriteFigures(json, "adjustedFigures", result.adjustedFigures);
+  WriteFigures(json, "seedFigures", figures.seed);
+  WriteFigures(json, "adjustedFigures", figures.adjusted);
   json.EndObject();
   PrintJson(json);
 }
 
-void PrintSummary(const WaveInput& seed, const Adjustment& result, double tolerance) {
+void PrintSummary(const WaveInput& seed, const Adjustment& result, const Figures& figures,
+                  double tolerance) {
   const auto percent = [](double fraction) { return QString::number(fraction * 100.0, 'f', 2); };
   PrintWaveLine(seed);
   PrintLine(QStringLiteral("調整後：%1 点").arg(result.acc.size()));
@@ -86,45 +62,34 @@ void PrintSummary(const WaveInput& seed, const Adjustment& result, double tolera
   if (result.fit.undershootPeriod > 0.0)
     PrintLine(QStringLiteral("目標を下回る最大：%1 %（周期 %2 秒）")
                   .arg(percent(result.fit.undershoot), NumberText(result.fit.undershootPeriod)));
-  PrintLine(MakeFiguresLine(QStringLiteral("原種波形"), result.seedFigures).Text());
-  PrintLine(MakeFiguresLine(QStringLiteral("調整後波形"), result.adjustedFigures).Text());
+  PrintLine(MakeFiguresLine(QStringLiteral("原種波形"), figures.seed).Text());
+  PrintLine(MakeFiguresLine(QStringLiteral("調整後波形"), figures.adjusted).Text());
 }
 
 int Run(const Arguments& arguments) {
-  std::int32_t iterations = 100;
-  double tolerance = 0.05;
-  if (!arguments.IsSet("seed") || !arguments.IsSet("target"))
-    return FailUsage(QStringLiteral("--seed と --target を指定してください。"));
-  if (!arguments.Whole("iterations", iterations) || iterations < 0)
-    return FailUsage(QStringLiteral("--iterations は 0 以上の整数です：") + arguments.Text("iterations"));
-  if (!arguments.Number("tolerance", tolerance) || std::isnan(tolerance))
-    return FailUsage(QStringLiteral("--tolerance は数値です：") + arguments.Text("tolerance"));
-
-  WaveInput seed;
+  AdjustJob job;
   QString error;
-  if (const int status = seed.Read(arguments.Text("seed"), arguments); status != kDone) return status;
-  std::vector<double> targetPeriods;
-  std::vector<double> target;
-  if (!ReadTarget(arguments.Text("target"), targetPeriods, target, error)) return Fail(kBadFile, error);
+  QStringList warnings;
+  const int status = job.Read(arguments, error, warnings);
+  if (status != kDone) return status == kBadCommandLine ? FailUsage(error) : Fail(status, error);
+  for (const QString& warning : warnings)
+    Fail(kDone, arguments.Text("seed") + QStringLiteral(": 警告：") + warning);
 
+  const WaveInput& seed = job.seed;
   Adjustment result;
-  result.fit.deviation = std::numeric_limits<double>::quiet_NaN();
   {
     ProgressLine line;
-    result.converged = AdjustAmplitude(iterations, seed.acc, targetPeriods, target, result.acc, tolerance,
-                                       seed.timeStep, [&](const FitFigures& fit) {
-                                         result.fit = fit;
-                                         result.passes = fit.pass + 1;
-                                         if (line.IsShown())
-                                           line.Show(QStringLiteral("%1 / 最大 %2 回　偏差 %3 %")
-                                                         .arg(result.passes)
-                                                         .arg(iterations)
-                                                         .arg(fit.deviation * 100.0, 0, 'f', 2));
-                                       });
+    result = job.Run([&](const FitFigures& fit) {
+      if (line.IsShown())
+        line.Show(QStringLiteral("%1 / 最大 %2 回　偏差 %3 %")
+                      .arg(fit.pass + 1)
+                      .arg(job.iterations)
+                      .arg(fit.deviation * 100.0, 0, 'f', 2));
+    });
   }
   ComputeResponseSpectrum(result.acc, result.periods, result.spectrum, seed.timeStep);
-  result.seedFigures = ComputeWaveFigures(seed.acc, seed.timeStep);
-  result.adjustedFigures = ComputeWaveFigures(result.acc, seed.timeStep);
+  const Figures figures{ComputeWaveFigures(seed.acc, seed.timeStep),
+                        ComputeWaveFigures(result.acc, seed.timeStep)};
 
   if (result.converged && arguments.IsSet("out")) {
     const std::vector<FileContent> files =
@@ -134,9 +99,9 @@ int Run(const Arguments& arguments) {
       return Fail(kBadFile, *failed + QStringLiteral(": ファイルを保存できませんでした。"));
   }
   if (arguments.WantsJson()) {
-    PrintObject(seed, result);
+    PrintObject(seed, result, figures);
   } else {
-    PrintSummary(seed, result, tolerance);
+    PrintSummary(seed, result, figures, job.tolerance);
   }
   return result.converged ? kDone : kGoalMissed;
 }

@@ -47,15 +47,21 @@ bool WaveInput::ReadOwn(const QString& path, QString& error) {
 }
 
 int WaveInput::Read(const QString& path, const Arguments& arguments) {
-  RecordOptions options;
   QString error;
-  if (!options.Parse(arguments, error)) return FailUsage(error);
-  if (options.IsEmpty() && !IsForeignRecord(path))
-    return ReadOwn(path, error) ? kDone : Fail(kBadFile, error);
+  QStringList warnings;
+  const int status = Read(path, arguments, error, warnings);
+  if (status != kDone) return status == kBadCommandLine ? FailUsage(error) : Fail(status, error);
+  for (const QString& warning : warnings) Fail(kDone, path + QStringLiteral(": 警告：") + warning);
+  return kDone;
+}
+
+int WaveInput::Read(const QString& path, const Arguments& arguments, QString& error, QStringList& warnings) {
+  RecordOptions options;
+  if (!options.Parse(arguments, error)) return kBadCommandLine;
+  if (options.IsEmpty() && !IsForeignRecord(path)) return ReadOwn(path, error) ? kDone : kBadFile;
   RecordInput record;
-  if (const int status = record.Read(path, options, error); status != kDone)
-    return status == kBadCommandLine ? FailUsage(error) : Fail(status, error);
-  for (const QString& warning : record.warnings) Fail(kDone, path + QStringLiteral(": 警告：") + warning);
+  if (const int status = record.Read(path, options, error); status != kDone) return status;
+  warnings += QStringList(record.warnings.begin(), record.warnings.end());
   name = record.name;
   timeStep = record.timeStep;
   acc = WithoutBlanks(record.acc);

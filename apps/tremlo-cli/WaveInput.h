@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <vector>
 
@@ -19,6 +20,8 @@ struct WaveInput {
   /// line choose; what is doubtful about it goes to standard error. Returns the exit status, and says on
   /// standard error what is wrong.
   int Read(const QString& path, const Arguments& arguments);
+  /// The same without a word: what is wrong, or what is doubtful, goes to the arguments.
+  int Read(const QString& path, const Arguments& arguments, QString& error, QStringList& warnings);
 
  private:
   /// A wave file of ours. False, with the line for standard error in `error`, when it is not sound.

@@ -89,6 +89,8 @@ TEST(CliVerify, AProjectWithoutResultsEndsWithZero) {
   const CliResult result = RunCli({"project", "verify", path, "--json"});
   EXPECT_EQ(result.status, 0);
   EXPECT_EQ(Object(result)["outcome"].toString(), QString("equal"));
+  for (const QJsonValue& item : Object(result)["items"].toArray())
+    EXPECT_EQ(item["outcome"].toString(), QString("equal")) << item["item"].toString().toStdString();
 }
 
 TEST(CliVerify, WhatCannotBeCheckedChangesNoStatus) {

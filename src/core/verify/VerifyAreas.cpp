@@ -33,18 +33,19 @@ QString WhyUnchecked(const KeptArea& area) {
   return {};
 }
 
-/// Whether there is an area to speak of.
-bool IsKept(const KeptArea& area) {
-  return area.candidate || area.stored != 0.0;
+/// Whether there is an area to speak of: until the list of candidates is built for the first time all are 0.
+bool IsKept(const KeptArea& area, bool baseChosen) {
+  return area.stored != 0.0 || (area.candidate && baseChosen);
 }
 
 /// Takes one area into the item of all that are checked, or into that of those that are not.
 class AreaItems {
  public:
-  explicit AreaItems(const VerifyItem& item) : m_checked(item), m_unchecked(item) {}
+  AreaItems(const CMorvaneDoc& doc, const VerifyItem& item)
+      : m_baseChosen(!doc.baseSpectrumName.isEmpty()), m_checked(item), m_unchecked(item) {}
 
   void Take(const KeptArea& area, const QString& at, const QString& place) {
-    if (!IsKept(area)) return;
+    if (!IsKept(area, m_baseChosen)) return;
     if (const QString reason = WhyUnchecked(area); !reason.isEmpty()) {
       if (m_uncheckedCount++ == 0) {
         m_unchecked = UncheckedItem(m_unchecked.key, m_unchecked.name, reason);
@@ -78,6 +79,7 @@ class AreaItems {
   }
 
  private:
+  bool m_baseChosen;
   VerifyItem m_checked;
   VerifyItem m_unchecked;
   int m_checkedCount = 0;
@@ -107,8 +109,8 @@ void VerifyWaveAreas(const CMorvaneDoc& doc, const Candidates& candidates, std::
   for (std::size_t i = 0; i < doc.seedWaves.Count(); ++i) {
     const CSeismicWave& wave = doc.seedWaves.At(i);
     const bool candidate = candidates.Has({BaseSource::Wave, i, 0});
-    AreaItems area(RecordItem(ResultKind::WaveArea, i, wave.name));
     const VerifyItem item = RecordItem(ResultKind::WaveArea, i, wave.name);
+    AreaItems area(doc, item);
     area.Take({wave.spectrumArea, SpectrumArea(wave.periods, wave.accSpec), candidate, wave.spectrumValid},
               item.key, QString());
     area.Put(items);
@@ -117,7 +119,7 @@ void VerifyWaveAreas(const CMorvaneDoc& doc, const Candidates& candidates, std::
 
 void VerifyPlaneAreas(const CMorvaneDoc& doc, const Candidates& candidates, BaseSource source,
                       ResultKind kind, std::vector<VerifyItem>& items) {
-  AreaItems areas(PlanesItem(kind));
+  AreaItems areas(doc, PlanesItem(kind));
   for (std::size_t i = 0; i < doc.faults.size(); ++i) {
     const std::vector<double>& stored =
         source == BaseSource::ShortestPlane ? doc.faults[i].shortArea : doc.faults[i].equivArea;
@@ -141,7 +143,7 @@ void VerifyLowerAreas(const CMorvaneDoc& doc, const Candidates& candidates, std:
     const VerifyItem item = RecordItem(ResultKind::LowerArea, i, limit.name);
     const double anew = limit.lowerSelected ? AreaOf(SpectrumOf(doc, BaseItem{}))
                                             : SpectrumArea(limit.periods, limit.accSpec);
-    AreaItems area(item);
+    AreaItems area(doc, item);
     area.Take({limit.spectrumArea, anew, candidate && limit.lowerSelected, true}, item.key, QString());
     area.Put(items);
   }

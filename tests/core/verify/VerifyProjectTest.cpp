@@ -233,6 +233,14 @@ TEST(VerifyProject, AnAreaThatWasNeverComputedIsUnchecked) {
   EXPECT_EQ(report.outcome, VerifyOutcome::Equal);
 }
 
+TEST(VerifyProject, BeforeABaseIsChosenThereNeedBeNoAreas) {
+  CMorvaneDoc doc(test::SourcePath("data"));
+  ASSERT_FALSE(doc.ResetDocument());
+  EXPECT_EQ(VerifyProject(doc).items.size(), 6U);
+  doc.lowerSpectra.At(0).spectrumArea = 1.0;
+  EXPECT_EQ(VerifyProject(doc).outcome, VerifyOutcome::Differs);
+}
+
 TEST(VerifyProject, AnAreaLeftFromAnEarlierListIsUnchecked) {
   CMorvaneDoc doc = Sound();
   doc.faults[1].attenUse[0] = false;
