@@ -13,17 +13,6 @@ constexpr std::size_t kFieldWidth = 15;
 constexpr std::size_t kMostFilling = 4;  // numbers that fill the last row of five
 constexpr auto kNone = std::string_view::npos;
 
-/// The number behind a word, over blanks and one "=" or ":".
-std::optional<double> NumberBehind(std::string_view line, std::string_view word) {
-  const std::size_t at = FindWord(line, word);
-  if (at == kNone) return std::nullopt;
-  std::string_view rest = Trimmed(line.substr(at + word.size()));
-  if (!rest.empty() && (rest.front() == '=' || rest.front() == ':')) rest.remove_prefix(1);
-  double value = 0.0;
-  if (!LeadingNumber(rest, value)) return std::nullopt;
-  return value;
-}
-
 /// The line with count and step, in the words of either order: "NPTS= 300, DT= .01" and "300 0.01 NPTS, DT".
 void ReadCountAndStep(std::string_view line, std::optional<double>& count, std::optional<double>& step) {
   count = NumberBehind(line, "NPTS");
@@ -153,12 +142,14 @@ void ReadAt2(const RecordText& text, const RecordAnswers& answers, RecordReading
              std::all_of(component.acc.begin() + static_cast<std::ptrdiff_t>(count), component.acc.end(),
                          [](double a) { return a == 0.0; });
     };
-    if (found < count || (found > count && !filling()))
-      reading.warnings.push_back(CountsDiffer(count, found));
-    if (found > count) component.acc.resize(count);
+    const bool differs = found < count || (found > count && !filling());
+    if (differs) reading.Warn(CountsDiffer(count, found));
+    if (found > count && !(differs && answers.allSamples)) {
+      component.acc.resize(count);
+      if (differs) reading.leftOut = found - count;
+    }
   } else {
-    reading.warnings.push_back(
-        QStringLiteral("点数：NPTS の数値がありません。%1 点を読みました。").arg(found));
+    reading.Warn(QStringLiteral("点数：NPTS の数値がありません。%1 点を読みました。").arg(found));
   }
   if (const auto step = ChooseTimeStep(stated, answers, reading)) component.timeStep = *step;
   ToGal(component, ChooseUnit(statedUnit, answers, reading));
