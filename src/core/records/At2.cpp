@@ -1,3 +1,4 @@
+#include "core/records/EvenTimes.h"
 #include "core/records/RecordReaders.h"
 #include "core/records/RecordUnit.h"
 
@@ -58,6 +59,16 @@ bool ReadLine(std::string_view line, std::vector<double>& values, std::string_vi
     if (!line.empty() && line.front() == ',') line.remove_prefix(1);
   }
   return true;
+}
+
+/// Whether the numbers, two a line, are times of the stated step and values.
+bool AreTimesAndValues(const std::vector<double>& numbers, std::size_t lines,
+                       const std::optional<double>& step) {
+  if (!step || lines < 3 || numbers.size() != 2 * lines) return false;
+  std::vector<double> times;
+  for (std::size_t i = 0; i < numbers.size(); i += 2) times.push_back(numbers[i]);
+  const EvenTimes even = FindEvenTimes(times, *step);
+  return even.kind == EvenTimes::Even && std::fabs(even.timeStep - *step) <= 0.01 * *step;
 }
 
 }  // namespace
@@ -122,14 +133,22 @@ void ReadAt2(const RecordText& text, const RecordAnswers& answers, RecordReading
 
   RecordComponent component;
   component.name = name;
+  std::size_t linesOfData = 0;
   for (std::size_t line = countLine + 1; line < text.Size(); ++line) {
     std::string_view bad;
+    if (!Trimmed(text.Line(line)).empty()) ++linesOfData;
     if (ReadLine(text.Line(line), component.acc, bad)) continue;
     reading.error = text.Refusal(
         line, QStringLiteral("%1番目の値が数値ではありません").arg(component.acc.size() + 1), bad);
     return;
   }
   const std::size_t found = component.acc.size();
+  if (AreTimesAndValues(component.acc, linesOfData, stated)) {
+    reading.error =
+        text.Refusal(countLine + 1, QStringLiteral("時刻と値が並んでいます。AT2 としては読めません"),
+                     Trimmed(text.Line(countLine + 1)));
+    return;
+  }
   if (found == 0) {
     reading.error = text.Refusal(countLine, QStringLiteral("この後に加速度のデータがありません"),
                                  Trimmed(text.Line(countLine)));

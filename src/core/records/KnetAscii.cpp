@@ -66,8 +66,8 @@ bool ReadScale(std::string_view value, double& numerator, double& denominator) {
 
 /// The samples as whole numbers; false with the refusal set at what is none.
 bool ReadCounts(const RecordText& text, std::size_t first, std::vector<double>& counts, QString& error) {
-  constexpr std::size_t kNumbersOfLine = 8;
-  counts.reserve((text.Size() - first) * kNumbersOfLine);
+  constexpr std::size_t kColumnsOfNumber = 9;
+  counts.reserve(static_cast<std::size_t>(text.Content().size()) / kColumnsOfNumber);
   for (std::size_t line = first; line < text.Size(); ++line) {
     const std::string_view bytes = text.Line(line);
     const char* at = bytes.data();

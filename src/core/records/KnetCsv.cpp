@@ -90,6 +90,8 @@ void ReadKnetCsv(const RecordText& text, const RecordAnswers& answers, RecordRea
   }
   const std::optional<double> step = ChooseTimeStep(header.timeStep, answers, reading);
 
+  // An answer against the file is told, and the times are those of the file.
+  const std::optional<double> even = header.timeStep ? header.timeStep : step;
   double firstTime = 0.0;
   std::size_t end = text.Size();
   while (end > header.size && Trimmed(text.Line(end - 1)).empty()) --end;
@@ -111,8 +113,7 @@ void ReadKnetCsv(const RecordText& text, const RecordAnswers& answers, RecordRea
       reading.start = text.Decode(cells[0]) + QStringLiteral(" JST");
     }
     // The times are printed with two decimals at every rate.
-    if (header.timeStep &&
-        std::fabs(time - firstTime - static_cast<double>(index) * *header.timeStep) > 0.0101) {
+    if (even && std::fabs(time - firstTime - static_cast<double>(index) * *even) > 0.0101) {
       reading.error = text.Refusal(line, QStringLiteral("時刻が等間隔ではありません"), cells[1]);
       return;
     }

@@ -74,10 +74,7 @@ void RefuseTooLarge(const RecordText& text, RecordReading& reading) {
 
 QString NameInMessages(const QString& file, const QString& member) {
   if (member.isEmpty()) return file;
-  QString shown = member;
-  for (QChar& unit : shown)
-    if (unit < u' ') unit = u'_';
-  return file + QStringLiteral("（%1）").arg(shown);
+  return file + QStringLiteral("（%1）").arg(WithoutControls(member));
 }
 
 }  // namespace
@@ -89,10 +86,12 @@ RecordReading ReadRecord(const QByteArray& content, const QString& file, const Q
   reading.member = member;
   const RecordText text(content, NameInMessages(file, member));
   if (text.IsTooLong()) {
-    reading.error = text.Refusal(QStringLiteral("大きすぎます（%1 バイト、上限 %2 バイト・%3 行）")
-                                     .arg(content.size())
-                                     .arg(RecordText::kMostBytes)
-                                     .arg(RecordText::kMostLines));
+    reading.error =
+        text.Refusal(QStringLiteral("大きすぎます（%1 バイト、上限 %2 バイト・%3 行・1行 %4 バイト）")
+                         .arg(content.size())
+                         .arg(RecordText::kMostBytes)
+                         .arg(RecordText::kMostLines)
+                         .arg(RecordText::kLongestLine));
     return reading;
   }
   if (IsBlank(text)) {

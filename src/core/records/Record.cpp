@@ -78,6 +78,12 @@ QString ProposedName(const RecordReading& reading, const RecordComponent& compon
   return name;
 }
 
+QString WithoutControls(QString text) {
+  for (QChar& unit : text)
+    if (unit.category() == QChar::Other_Control) unit = unit == u'\t' ? u' ' : u'_';
+  return text;
+}
+
 QString CountsDiffer(std::size_t announced, std::size_t found, const QString& component) {
   const QString which = component.isEmpty() ? QString() : component + QStringLiteral("：");
   return which + QStringLiteral("点数：ファイルの記載は %1 点、実際は %2 点です。").arg(announced).arg(found);

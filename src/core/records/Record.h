@@ -102,6 +102,9 @@ RecordPeak PeakOf(const std::vector<double>& acc);
 /// A name for the wave: station and component, or the file's own name where the record has neither.
 QString ProposedName(const RecordReading& reading, const RecordComponent& component);
 
+/// Text from a file as it may be shown: control characters become "_", a tab a blank.
+QString WithoutControls(QString text);
+
 /// Samples, announced and found, as every format tells that they differ; with the component where a file has
 /// several.
 QString CountsDiffer(std::size_t announced, std::size_t found, const QString& component = {});

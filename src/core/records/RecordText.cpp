@@ -99,13 +99,14 @@ void RecordText::FindLines() {
   std::size_t carriage = m_bytes.find('\r');
   m_lines.reserve(std::min(kMostLines, m_bytes.size() / 64));
   for (std::size_t from = 0; from < m_bytes.size();) {
-    if (m_lines.size() == kMostLines) {
+    const std::size_t end = std::min(feed, carriage);
+    const std::string_view line = m_bytes.substr(from, end - from);
+    if (m_lines.size() == kMostLines || line.size() > kLongestLine) {
       m_tooLong = true;
       m_lines.clear();
       return;
     }
-    const std::size_t end = std::min(feed, carriage);
-    m_lines.push_back(m_bytes.substr(from, end - from));
+    m_lines.push_back(line);
     if (end == std::string_view::npos) return;
     const bool pair = carriage < feed && feed == carriage + 1;
     from = end + (pair ? 2 : 1);
@@ -162,9 +163,8 @@ std::string RecordText::PlainLine(std::size_t index) const {
 QString RecordText::Refusal(std::size_t line, const QString& reason, std::string_view value) const {
   QString shown = Decode(value.substr(0, static_cast<std::size_t>(kLongestValue) * 4));
   if (shown.size() > kLongestValue) shown = shown.left(kLongestValue) + u'…';
-  for (QChar& unit : shown)
-    if (unit < u' ') unit = u' ';
-  return QStringLiteral("%1: %2行目：%3（「%4」）。").arg(m_name, QString::number(line + 1), reason, shown);
+  return QStringLiteral("%1: %2行目：%3（「%4」）。")
+      .arg(m_name, QString::number(line + 1), reason, WithoutControls(shown));
 }
 
 QString RecordText::Refusal(const QString& reason) const {

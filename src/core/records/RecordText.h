@@ -17,9 +17,10 @@ namespace tremlo {
 /// outlive it.
 class RecordText {
  public:
-  /// Larger files and more lines are refused: no record comes near them.
+  /// Larger files, more and longer lines are refused: no record comes near them.
   static constexpr qsizetype kMostBytes = 64 * 1024 * 1024;
   static constexpr std::size_t kMostLines = 4'000'000;
+  static constexpr std::size_t kLongestLine = 1024 * 1024;
 
   /// `name` is the file in messages.
   RecordText(const QByteArray& content, QString name);

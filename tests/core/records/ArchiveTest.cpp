@@ -177,6 +177,13 @@ TEST(RecordArchive, TheirNumberIsBoundedOverAllLevels) {
   EXPECT_EQ(found.error, QStringLiteral("ファイルが 5 個を超えています。"));
 }
 
+TEST(RecordArchive, TwentyThousandMembersAreEnough) {
+  std::vector<Entry> entries(20001, Entry{"a", ""});
+  const Found found = WalkOver(Packed(Pack::Tar, entries));
+  EXPECT_EQ(found.members.size(), 20000);
+  EXPECT_EQ(found.error, QStringLiteral("ファイルが 20000 個を超えています。"));
+}
+
 TEST(RecordArchive, ArchivesInArchivesAreBounded) {
   QByteArray bytes = Packed(Pack::Gz, {{"x", "text\n"}});
   for (int level = 0; level < 5; ++level) bytes = Packed(Pack::TarGz, {{"x", bytes}});

@@ -137,6 +137,15 @@ TEST(KnetCsv, ProvenanceAndAMissingRate) {
                       QStringLiteral("記載は 400 点、実際は 300 点")));
 }
 
+TEST(KnetCsv, TheTimesCheckAnAnsweredRateToo) {
+  const QByteArray content = Changed(kKnetCsv, "#SamplingFrequency(Hz)\n#100\n", "");
+  RecordAnswers answers;
+  answers.timeStep = 0.01;
+  EXPECT_EQ(ReadText(content, answers).error, QString());
+  answers.timeStep = 0.02;
+  EXPECT_TRUE(ReadText(content, answers).error.contains(QStringLiteral("時刻が等間隔ではありません")));
+}
+
 // JMA
 
 TEST(JmaCsv, ColumnsGoByTheirNames) {
@@ -272,6 +281,14 @@ TEST(At2, AllSamplesBehindTheCountAreReadOnConsent) {
   EXPECT_EQ(
       ReadText(Fixture(QStringLiteral("peer/SAMPLE_RSN0_360.AT2")), answers).components.front().acc.size(),
       299U);
+}
+
+TEST(At2, TimesAndValuesAreRefusedNotReadAcross) {
+  QByteArray rows;
+  for (int i = 0; i < 20; ++i)
+    rows += QByteArray::number(0.01 * i, 'f', 2) + " " + QByteArray::number(i % 3 - 1) + ".5\n";
+  EXPECT_EQ(ReadText(At2(kInG, "NPTS= 20, DT= .01", rows)).error,
+            QStringLiteral("x: 5行目：時刻と値が並んでいます。AT2 としては読めません（「0.00 -1.5」）。"));
 }
 
 TEST(At2, TouchingColumnsAndFortranExponents) {
@@ -491,7 +508,14 @@ TEST(OwnWave, NoAnswerChangesIt) {
 TEST(RecordFormats, BytesThatAreNoTextAreRefusedByName) {
   ExpectRefusal(ReadText(QByteArray("ab\nc\0d\n", 7)),
                 QStringLiteral("x: 2行目：テキストのファイルではありません（WIN、ANS などの形式は読めません）"
-                               "（「c d」）。"));
+                               "（「c_d」）。"));
+}
+
+TEST(RecordFormats, ALineWithoutEndIsRefused) {
+  EXPECT_EQ(ReadText(QByteArray("1 ").repeated(600000)).error,
+            QStringLiteral(
+                "x: 大きすぎます（1200000 バイト、上限 67108864 バイト・4000000 行・1行 1048576 バイト）。"));
+  EXPECT_FALSE(ReadText(QByteArray("1 ").repeated(500000)).error.contains(QStringLiteral("大きすぎます")));
 }
 
 TEST(RecordFormats, BlankLinesAreNoRecordOfAnyFormat) {
