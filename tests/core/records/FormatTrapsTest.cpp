@@ -159,6 +159,8 @@ TEST(JmaCsv, YearsOfTwoDigitsAndTheRateOfTheFile) {
   const RecordReading old = ReadText(Fixture(QStringLiteral("jma/SAMPLE_old50Hz.csv")));
   EXPECT_EQ(old.start, QStringLiteral("1995-01-01 00:00:10 JST"));
   EXPECT_EQ(old.components.front().timeStep, 0.02);
+  EXPECT_EQ(ReadText(Changed(kJma, "2000 01 01", "05 01 01")).start,
+            QStringLiteral("2005-01-01 00:00:10 JST"));
   EXPECT_EQ(ReadText(Fixture(kJma)).start, QStringLiteral("2000-01-01 00:00:10 JST"));
 }
 
@@ -516,6 +518,11 @@ TEST(RecordFormats, ALineWithoutEndIsRefused) {
             QStringLiteral(
                 "x: 大きすぎます（1200000 バイト、上限 67108864 バイト・4000000 行・1行 1048576 バイト）。"));
   EXPECT_FALSE(ReadText(QByteArray("1 ").repeated(500000)).error.contains(QStringLiteral("大きすぎます")));
+}
+
+TEST(RecordFormats, TheNumberOfLinesIsBounded) {
+  EXPECT_FALSE(ReadText(QByteArray(4000000, '\n')).error.contains(QStringLiteral("大きすぎます")));
+  EXPECT_TRUE(ReadText(QByteArray(4000001, '\n')).error.contains(QStringLiteral("大きすぎます")));
 }
 
 TEST(RecordFormats, BlankLinesAreNoRecordOfAnyFormat) {

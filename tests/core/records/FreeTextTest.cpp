@@ -188,6 +188,16 @@ TEST(FreeText, MarkersAreAskedAndFilled) {
   EXPECT_DOUBLE_EQ(filled.components.front().acc[121], (-23.893 + 25.613) / 2.0);
 }
 
+TEST(FreeText, NineHundredAndNinetyNineIsAMarkerWhenRepeated) {
+  QByteArray once = "gal\n" + TimeAndValue();
+  once.replace("\n0.10 " + Number(Value(10)).toUtf8() + '\n', "\n0.10 -999\n");
+  const RecordReading reading = ReadText(once);
+  EXPECT_TRUE(reading.questions.empty());
+  EXPECT_EQ(reading.components.front().acc[10], -999.0);
+  once.replace("\n0.20 " + Number(Value(20)).toUtf8() + '\n', "\n0.20 -999.0\n");
+  EXPECT_TRUE(ReadText(once).Asks(RecordAsk::Missing));
+}
+
 TEST(FreeText, RoundedTimesWithoutAStepAreAsked) {
   QByteArray content = test::Fixture(QStringLiteral("text/SAMPLE_time_rounded.txt"));
   content.replace("DT=0.005 s", "");
@@ -257,9 +267,9 @@ TEST(FreeText, VelocityAndDisplacementAreNoAcceleration) {
     return Number(0.01 * i, 2) + u',' + Number(Value(i)) + u',' + Number(0.1 * Value(i)) + u',' +
            Number(0.01 * Value(i));
   });
-  for (const char* titles :
-       {"Time(s),Acc(gal),Vel(cm/s),Dis(cm)", "Time (s), Acc (gal), Vel (kine), Disp (mm)",
-        "# time gal velocity displacement", "時刻,加速度(gal),速度(cm/s),変位(cm)"}) {
+  for (const char* titles : {"Time(s),Acc(gal),Vel(cm/s),Dis(cm)",
+                             "Time (s), Acc (gal), Vel (kine), Disp (mm)", "# time gal velocity displacement",
+                             "時刻,加速度(gal),速度(cm/s),変位(cm)", "gal\n時刻,加速度,速度,変位"}) {
     const RecordReading reading = ReadText(QByteArray(titles) + '\n' + rows);
     EXPECT_EQ(reading.error, QString()) << titles;
     ASSERT_EQ(reading.components.size(), 1U) << titles;
