@@ -1,65 +1,40 @@
 #include "core/records/ReadRecord.h"
 #include "fuzz/FuzzTargets.h"
+#include "fuzz/PlainRecords.h"
 #include "fuzz/Rules.h"
 
-#include <QList>
+#include <QRegularExpression>
 
-#include <algorithm>
 #include <cmath>
-#include <cstdlib>
 
 namespace tremlo::fuzz {
 
 namespace {
 
-/// The factor of a K-NET header, taken apart by the C library; false where it is not plainly there.
-bool PlainScale(const QList<QByteArray>& lines, double& numerator, double& denominator) {
-  for (const QByteArray& line : lines) {
-    if (!line.startsWith("Scale Factor")) continue;
-    const QByteArray value = line.mid(18).trimmed();
-    const qsizetype mark = value.indexOf("(gal)/");
-    if (mark < 0) return false;
-    numerator = std::strtod(value.left(mark).constData(), nullptr);
-    denominator = std::strtod(value.mid(mark + 6).constData(), nullptr);
-    return true;
+/// Counts, units and scale of the second reading are those of the first.
+void CheckPlainly(const QByteArray& content, const RecordReading& reading) {
+  if (reading.IsRefused() || !reading.questions.empty()) return;
+  const auto plain = ReadPlainly(content, reading.format);
+  if (!plain) return;
+  Require(plain->size() == reading.components.size(), "two readings have as many components");
+  for (std::size_t i = 0; i < plain->size(); ++i) {
+    const PlainComponent& second = (*plain)[i];
+    const RecordComponent& component = reading.components[i];
+    Require(component.acc.size() == second.values.size(), "two readings have as many samples");
+    Require(SameNumber(component.factor, second.numerator / second.denominator),
+            "two readings have the same factor");
+    for (std::size_t k = 0; k < second.values.size(); ++k)
+      Require(component.acc[k] == second.values[k] * second.numerator / second.denominator,
+              "two readings have the same samples in gal");
   }
-  return false;
 }
 
-/// The whole numbers behind the line "Memo.", which must be there.
-std::vector<double> PlainCounts(const QList<QByteArray>& lines) {
-  std::vector<double> counts;
-  bool data = false;
-  for (const QByteArray& line : lines) {
-    if (data)
-      for (const QByteArray& word : line.simplified().split(' '))
-        if (!word.isEmpty())
-          counts.push_back(static_cast<double>(std::strtoll(word.constData(), nullptr, 10)));
-    data = data || line.startsWith("Memo");
-  }
-  return counts;
-}
-
-/// A second, plain reading of a K-NET file with the usual order of its header.
-void CheckKnet(const QByteArray& content, const RecordReading& reading) {
-  QByteArray text = content;
-  text.replace("\r\n", "\n").replace('\r', '\n');
-  const QList<QByteArray> lines = text.split('\n');
-  double numerator = 0.0;
-  double denominator = 0.0;
-  const auto isMemo = [](const QByteArray& line) { return line.startsWith("Memo"); };
-  if (std::none_of(lines.begin(), lines.begin() + std::min<qsizetype>(lines.size(), 17), isMemo)) return;
-  if (!PlainScale(lines, numerator, denominator)) return;
-  const std::vector<double> counts = PlainCounts(lines);
-  const RecordComponent& component = reading.components.front();
-  if (reading.components.size() != 1 || component.acc.size() != counts.size()) {
-    // A line of numbers above the last one of the header begins the data early.
-    return Require(component.acc.size() > counts.size(), "a K-NET file has as many samples as numbers");
-  }
-  Require(SameNumber(component.factor, numerator / denominator), "the factor is numerator by denominator");
-  for (std::size_t i = 0; i < counts.size(); ++i)
-    Require(SameNumber(component.acc[i], counts[i] * numerator / denominator),
-            "gal are counts times the factor");
+/// A wave file of ours means what the C library's scan makes of it.
+void CheckOwnWave(const QByteArray& content, const RecordReading& reading) {
+  const std::vector<std::vector<double>> columns = ScanColumns(content, 1, 2);
+  Require(reading.components.size() == 1, "a wave file has one component");
+  Require(SameNumbers(reading.components.front().acc, columns[1]), "a wave file reads as everywhere");
+  Require(reading.components.front().factor == 1.0, "a wave file is in gal");
 }
 
 void CheckReading(const RecordReading& reading) {
@@ -84,15 +59,28 @@ void CheckReading(const RecordReading& reading) {
   }
 }
 
+/// The line that the question about the rows names first.
+std::size_t FirstLineNamed(const RecordReading& reading) {
+  static const QRegularExpression named(QStringLiteral("（(\\d+)行目から"));
+  for (const RecordQuestion& question : reading.questions)
+    if (question.ask == RecordAsk::Lines) return named.match(question.text).captured(1).toULongLong();
+  return 0;
+}
+
 }  // namespace
 
 void FuzzRecord(const std::uint8_t* data, std::size_t size) {
   const QByteArray content = Bytes(data, size);
   const RecordReading reading = ReadRecord(content, QStringLiteral("x"), {});
   CheckReading(reading);
-  if (!reading.IsRefused() &&
-      (reading.format == RecordFormat::KnetAscii || reading.format == RecordFormat::KikNetAscii))
-    CheckKnet(content, reading);
+  CheckPlainly(content, reading);
+  if (!reading.IsRefused() && reading.format == RecordFormat::OwnWave) CheckOwnWave(content, reading);
+  // No format that the user names by hand brings a reader down.
+  for (const RecordFormat format : {RecordFormat::KnetAscii, RecordFormat::KnetCsv, RecordFormat::JmaCsv,
+                                    RecordFormat::Cosmos, RecordFormat::Csmip, RecordFormat::GeoNet,
+                                    RecordFormat::At2, RecordFormat::OwnWave, RecordFormat::FreeText})
+    if (format != reading.format)
+      CheckReading(ReadRecord(content, QStringLiteral("x"), {}, RecordAnswers{}, format));
 
   RecordAnswers answers;
   if (reading.Asks(RecordAsk::Unit)) answers.unit = RecordUnit{QStringLiteral("m/s2"), 100.0};
@@ -100,6 +88,7 @@ void FuzzRecord(const std::uint8_t* data, std::size_t size) {
   if (reading.Asks(RecordAsk::Layout)) answers.layout = RecordLayout::Across;
   if (reading.Asks(RecordAsk::DecimalComma)) answers.decimalComma = true;
   answers.fillMissing = reading.Asks(RecordAsk::Missing);
+  if (reading.Asks(RecordAsk::Lines)) answers.firstLine = FirstLineNamed(reading);
   const RecordReading answered = ReadRecord(content, QStringLiteral("x"), {}, answers);
   CheckReading(answered);
   for (const RecordQuestion& question : reading.questions)

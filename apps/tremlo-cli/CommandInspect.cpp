@@ -47,6 +47,11 @@ void WriteReading(JsonWriter& json, const RecordReading& reading) {
   json.EndObject();
 }
 
+/// Nothing that a file holds steers the terminal.
+void Say(const QString& line) {
+  PrintLine(WithoutControls(line));
+}
+
 QString OrUnknown(const QString& text) {
   return text.isEmpty() ? QStringLiteral("不明") : text;
 }
@@ -64,21 +69,19 @@ void PrintComponent(const RecordComponent& component) {
                 .arg(component.factorText.isEmpty() ? NumberText(component.factor) : component.factorText,
                      NumberText(peak.mean), NumberText(peak.pga));
   }
-  PrintLine(line);
+  Say(line);
 }
 
 void PrintReading(const RecordReading& reading) {
-  PrintLine(reading.member.isEmpty() ? reading.file
-                                     : reading.file + QStringLiteral("（%1）").arg(reading.member));
+  Say(reading.member.isEmpty() ? reading.file : reading.file + QStringLiteral("（%1）").arg(reading.member));
   QString head = QStringLiteral("  形式：%1（%2）").arg(FormatName(reading.format), reading.sign);
   if (!reading.station.isEmpty()) head += QStringLiteral("、観測点：") + reading.station;
   if (!reading.start.isEmpty()) head += QStringLiteral("、開始：") + reading.start;
-  PrintLine(head);
+  Say(head);
   for (const RecordComponent& component : reading.components) PrintComponent(component);
-  for (const QString& warning : reading.warnings) PrintLine(QStringLiteral("  警告：") + warning);
-  for (const QString& note : reading.notes) PrintLine(QStringLiteral("  参考：") + note);
-  for (const RecordQuestion& question : reading.questions)
-    PrintLine(QStringLiteral("  要確認：") + question.text);
+  for (const QString& warning : reading.warnings) Say(QStringLiteral("  警告：") + warning);
+  for (const QString& note : reading.notes) Say(QStringLiteral("  参考：") + note);
+  for (const RecordQuestion& question : reading.questions) Say(QStringLiteral("  要確認：") + question.text);
 }
 
 int Run(const Arguments& arguments) {

@@ -25,9 +25,11 @@ QString OptionOf(RecordAsk ask) {
     case RecordAsk::Missing:
       return QStringLiteral("--missing");
     case RecordAsk::DecimalComma:
+      return QStringLiteral("--decimal");
+    case RecordAsk::Lines:
       break;
   }
-  return QStringLiteral("--decimal");
+  return QStringLiteral("--lines");
 }
 
 QString Listed(const QStringList& names) {
@@ -46,6 +48,17 @@ bool ParseOffset(const QString& text, OffsetRule& rule) {
     return ParseNumber(text, rule.seconds) && std::isfinite(rule.seconds) && rule.seconds > 0.0;
   }
   return true;
+}
+
+/// "5-204", or "5-" to the end.
+bool ParseLines(const QString& text, RecordAnswers& answers) {
+  const qsizetype dash = text.indexOf(u'-');
+  bool sound = false;
+  answers.firstLine = text.left(dash).toULongLong(&sound);
+  if (dash < 0 || !sound || *answers.firstLine == 0) return false;
+  if (dash + 1 == text.size()) return true;
+  answers.lastLine = text.mid(dash + 1).toULongLong(&sound);
+  return sound && *answers.lastLine >= *answers.firstLine;
 }
 
 /// One of two words; false for any other.
@@ -71,7 +84,12 @@ QList<QCommandLineOption> RecordOptions::All() {
        QStringLiteral("columns|across")},
       {QStringLiteral("missing"), QStringLiteral("欠測の扱い：fill（直線で補う）"), QStringLiteral("fill")},
       {QStringLiteral("decimal"), QStringLiteral("数字の間のコンマ：comma（小数点）、point（区切り）"),
-       QStringLiteral("comma|point")}};
+       QStringLiteral("comma|point")},
+      {QStringLiteral("lines"), QStringLiteral("テキストのデータの最初と最後の行（最後は省略可）"),
+       QStringLiteral("FIRST-[LAST]")},
+      {QStringLiteral("samples"),
+       QStringLiteral("記載の点数より多い AT2 の値：announced（記載まで）、all（すべて）"),
+       QStringLiteral("announced|all")}};
 }
 
 bool RecordOptions::Parse(const Arguments& arguments, QString& error) {
@@ -112,37 +130,48 @@ bool RecordOptions::Parse(const Arguments& arguments, QString& error) {
       return fail("decimal", QStringLiteral(" comma か point "));
     answers.decimalComma = first;
   }
+  if (arguments.IsSet("lines") && !ParseLines(arguments.Text("lines"), answers))
+    return fail("lines", QStringLiteral("最初の行-最後の行（5-204、5- など）"));
+  if (arguments.IsSet("samples") &&
+      !ParseWord(arguments.Text("samples"), "all", "announced", answers.allSamples))
+    return fail("samples", QStringLiteral(" announced か all "));
   return true;
 }
 
 bool RecordOptions::IsEmpty() const {
   return !answers.unit && !answers.timeStep && !answers.layout && !answers.fillMissing &&
-         !answers.decimalComma && !offset && component.isEmpty() && member.isEmpty();
+         !answers.decimalComma && !answers.firstLine && !answers.allSamples && !offset &&
+         component.isEmpty() && member.isEmpty();
 }
 
 int RecordInput::Read(const QString& path, const RecordOptions& options, QString& error) {
   std::optional<RecordReading> reading;
-  std::optional<RecordReading> refused;  // the archive itself
+  std::optional<RecordReading> refused;  // the file itself, be it an archive or not
   QStringList members;
-  WalkRecords(path, options.answers, [&](RecordReading&& one) {
-    if (one.IsRefused() && one.member.isEmpty() && !members.isEmpty()) {
+  const auto take = [&](RecordReading&& one) {
+    if (one.IsRefused() && one.member.isEmpty()) {
       refused = std::move(one);
-      return;
+    } else if (!reading) {
+      reading = std::move(one);
     }
-    members << one.member;
-    if (!reading && (options.member.isEmpty() || one.member == options.member)) reading = std::move(one);
+  };
+  WalkRecords(path, options.answers, take, [&](const QString& member) {
+    members << member;
+    return options.member.isEmpty() ? members.size() == 1 : member == options.member;
   });
   const auto missing = [&](const QString& text) {
     error = path + QStringLiteral(": ") + text;
     return kBadCommandLine;
   };
-  if (!options.member.isEmpty() && !reading)
-    return missing(QStringLiteral("--member の名前がありません。次のどれかです：") + Listed(members));
-  if (options.member.isEmpty() && refused) {
-    // What else it held nobody knows: there is no choice to make.
+  // What else it held nobody knows: without a name there is no choice to make.
+  if (refused && (!reading || options.member.isEmpty())) {
     error = refused->error;
     return kBadFile;
   }
+  if (members.isEmpty() && !options.member.isEmpty())
+    return missing(QStringLiteral("書庫ではありません。--member は指定できません。"));
+  if (!reading)
+    return missing(QStringLiteral("--member の名前がありません。次のどれかです：") + Listed(members));
   if (options.member.isEmpty() && members.size() > 1)
     return missing(
         QStringLiteral("ファイルが %1 個あります。--member で指定してください：").arg(members.size()) +
@@ -153,7 +182,9 @@ int RecordInput::Read(const QString& path, const RecordOptions& options, QString
   }
   if (!reading->questions.empty()) {
     const RecordQuestion& question = reading->questions.front();
-    return missing(question.text + QStringLiteral("%1 で指定してください。").arg(OptionOf(question.ask)));
+    missing(question.text + QStringLiteral("%1 で指定してください。").arg(OptionOf(question.ask)));
+    // Without ten lines of numbers it may be a record, but is first of all no wave.
+    return question.ask == RecordAsk::Lines ? kBadFile : kBadCommandLine;
   }
   QStringList names;
   const RecordComponent* chosen = nullptr;
@@ -172,8 +203,9 @@ int RecordInput::Read(const QString& path, const RecordOptions& options, QString
   timeStep = chosen->timeStep;
   acc = chosen->acc;
   const double offset = OffsetOf(acc, timeStep, options.offset.value_or(UsualOffset(*reading)));
-  for (double& a : acc) a -= offset;
   warnings = reading->warnings;
+  if (const QString doubt = DoubtOfOffset(acc, offset); !doubt.isEmpty()) warnings.push_back(doubt);
+  for (double& a : acc) a -= offset;
   if (refused) warnings.push_back(refused->error);
   return kDone;
 }

@@ -114,6 +114,15 @@ TEST(InspectCommand, TextForPeople) {
   EXPECT_TRUE(asked.out.contains("要確認：時間間隔がファイルに書かれていません。"));
 }
 
+TEST(InspectCommand, NothingInAFileSteersTheTerminal) {
+  const test::TestFolder folder;
+  QByteArray content = test::ReadAll(Record("knet/SMP0010001010000.EW"));
+  content.replace("SMP001", "SM\x1B[1m");
+  const CliResult result = RunCli({"inspect", folder.Write("x", content)});
+  EXPECT_EQ(result.status, 0);
+  EXPECT_TRUE(result.out.contains("観測点：SM_[1m")) << result.out.toStdString();
+}
+
 TEST(InspectCommand, WhatIsNoFileIsRefused) {
   const test::TestFolder folder;
   const CliResult missing = RunCli({"inspect", folder.Path("none"), "--json"});

@@ -86,10 +86,46 @@ TEST(RecordInput, EachQuestionNamesTheOptionThatAnswersIt) {
   EXPECT_EQ(Response({wide, "--layout", "columns", "--component", "2"})["samples"].toInt(), 200);
 }
 
+TEST(RecordInput, FirstAndLastLineAndTheCountOfSamples) {
+  const test::TestFolder folder;
+  QByteArray rows = "gal dt 0.01\n";
+  for (int i = 0; i < 8; ++i) rows += QByteArray::number(i % 3 - 1) + ".5\n";
+  const QString few = folder.Write("few.txt", rows);
+  // Hardly a record: the file is not what it should be.
+  const CliResult asked = RunCli({"response", few});
+  EXPECT_EQ(asked.status, 2);
+  EXPECT_TRUE(asked.err.endsWith("--lines で指定してください。\n")) << asked.err.toStdString();
+  EXPECT_EQ(Response({few, "--lines", "2-"})["samples"].toInt(), 8);
+  EXPECT_EQ(Response({few, "--lines", "3-7"})["samples"].toInt(), 5);
+  const QString more = Record("broken/npts_too_small.AT2");
+  EXPECT_EQ(Response({more})["samples"].toInt(), 200);
+  EXPECT_EQ(Response({more, "--samples", "announced"})["samples"].toInt(), 200);
+  EXPECT_EQ(Response({more, "--samples", "all"})["samples"].toInt(), 300);
+}
+
+TEST(RecordInput, AMeanThatIsKeptIsTold) {
+  const QString path = Record("warn/SMP0030001010000.UD1");
+  EXPECT_FALSE(RunCli({"response", path}).err.contains("が残ります。"));
+  EXPECT_TRUE(RunCli({"response", path, "--offset", "none"}).err.contains("が残ります。"));
+}
+
+TEST(RecordInput, WhatIsNoArchiveHasNoMember) {
+  const CliResult none = RunCli({"response", "/no such folder/x", "--member", "a"});
+  EXPECT_EQ(none.status, 2) << none.err.toStdString();
+  const CliResult plain = RunCli({"response", Record("knet/SMP0010001010000.EW"), "--member", "a"});
+  EXPECT_EQ(plain.status, 1);
+  EXPECT_TRUE(plain.err.contains("書庫ではありません。")) << plain.err.toStdString();
+  const CliResult cut = RunCli({"response", Record("broken/cut.knt.tar.gz"), "--member", "a"});
+  EXPECT_EQ(cut.status, 2);
+  EXPECT_TRUE(cut.err.contains("途中で切れています")) << cut.err.toStdString();
+}
+
 TEST(RecordInput, AnswersThatAreNone) {
   const QString path = Record("warn/SAMPLE_no_unit.txt");
-  const QStringList bad[] = {{"--unit", "cm/s"}, {"--step", "0"},   {"--step", "x"},    {"--offset", "all"},
-                             {"--offset", "-1"}, {"--layout", "x"}, {"--missing", "0"}, {"--decimal", ";"}};
+  const QStringList bad[] = {{"--unit", "cm/s"},  {"--step", "0"},    {"--step", "x"},    {"--offset", "all"},
+                             {"--offset", "-1"},  {"--layout", "x"},  {"--missing", "0"}, {"--decimal", ";"},
+                             {"--lines", "x"},    {"--lines", "0-5"}, {"--lines", "7"},   {"--lines", "7-3"},
+                             {"--samples", "300"}};
   for (const QStringList& option : bad) {
     const CliResult result = RunCli(QStringList{"response", path} + option);
     EXPECT_EQ(result.status, 1) << option.join(u' ').toStdString();

@@ -1,3 +1,4 @@
+#include "core/records/EvenTimes.h"
 #include "core/records/RecordReaders.h"
 #include "core/records/RecordUnit.h"
 
@@ -12,17 +13,6 @@ constexpr std::size_t kHeadLines = 8;
 constexpr std::size_t kFieldWidth = 15;
 constexpr std::size_t kMostFilling = 4;  // numbers that fill the last row of five
 constexpr auto kNone = std::string_view::npos;
-
-/// The number behind a word, over blanks and one "=" or ":".
-std::optional<double> NumberBehind(std::string_view line, std::string_view word) {
-  const std::size_t at = FindWord(line, word);
-  if (at == kNone) return std::nullopt;
-  std::string_view rest = Trimmed(line.substr(at + word.size()));
-  if (!rest.empty() && (rest.front() == '=' || rest.front() == ':')) rest.remove_prefix(1);
-  double value = 0.0;
-  if (!LeadingNumber(rest, value)) return std::nullopt;
-  return value;
-}
 
 /// The line with count and step, in the words of either order: "NPTS= 300, DT= .01" and "300 0.01 NPTS, DT".
 void ReadCountAndStep(std::string_view line, std::optional<double>& count, std::optional<double>& step) {
@@ -69,6 +59,16 @@ bool ReadLine(std::string_view line, std::vector<double>& values, std::string_vi
     if (!line.empty() && line.front() == ',') line.remove_prefix(1);
   }
   return true;
+}
+
+/// Whether the numbers, two a line, are times of the stated step and values.
+bool AreTimesAndValues(const std::vector<double>& numbers, std::size_t lines,
+                       const std::optional<double>& step) {
+  if (!step || lines < 3 || numbers.size() != 2 * lines) return false;
+  std::vector<double> times;
+  for (std::size_t i = 0; i < numbers.size(); i += 2) times.push_back(numbers[i]);
+  const EvenTimes even = FindEvenTimes(times, *step);
+  return even.kind == EvenTimes::Even && std::fabs(even.timeStep - *step) <= 0.01 * *step;
 }
 
 }  // namespace
@@ -133,14 +133,22 @@ void ReadAt2(const RecordText& text, const RecordAnswers& answers, RecordReading
 
   RecordComponent component;
   component.name = name;
+  std::size_t linesOfData = 0;
   for (std::size_t line = countLine + 1; line < text.Size(); ++line) {
     std::string_view bad;
+    if (!Trimmed(text.Line(line)).empty()) ++linesOfData;
     if (ReadLine(text.Line(line), component.acc, bad)) continue;
     reading.error = text.Refusal(
         line, QStringLiteral("%1番目の値が数値ではありません").arg(component.acc.size() + 1), bad);
     return;
   }
   const std::size_t found = component.acc.size();
+  if (AreTimesAndValues(component.acc, linesOfData, stated)) {
+    reading.error =
+        text.Refusal(countLine + 1, QStringLiteral("時刻と値が並んでいます。AT2 としては読めません"),
+                     Trimmed(text.Line(countLine + 1)));
+    return;
+  }
   if (found == 0) {
     reading.error = text.Refusal(countLine, QStringLiteral("この後に加速度のデータがありません"),
                                  Trimmed(text.Line(countLine)));
@@ -153,12 +161,14 @@ void ReadAt2(const RecordText& text, const RecordAnswers& answers, RecordReading
              std::all_of(component.acc.begin() + static_cast<std::ptrdiff_t>(count), component.acc.end(),
                          [](double a) { return a == 0.0; });
     };
-    if (found < count || (found > count && !filling()))
-      reading.warnings.push_back(CountsDiffer(count, found));
-    if (found > count) component.acc.resize(count);
+    const bool differs = found < count || (found > count && !filling());
+    if (differs) reading.Warn(CountsDiffer(count, found));
+    if (found > count && !(differs && answers.allSamples)) {
+      component.acc.resize(count);
+      if (differs) reading.leftOut = found - count;
+    }
   } else {
-    reading.warnings.push_back(
-        QStringLiteral("点数：NPTS の数値がありません。%1 点を読みました。").arg(found));
+    reading.Warn(QStringLiteral("点数：NPTS の数値がありません。%1 点を読みました。").arg(found));
   }
   if (const auto step = ChooseTimeStep(stated, answers, reading)) component.timeStep = *step;
   ToGal(component, ChooseUnit(statedUnit, answers, reading));

@@ -1,3 +1,4 @@
+#include "core/records/MissingSamples.h"
 #include "core/records/RecordReaders.h"
 #include "core/records/RecordUnit.h"
 
@@ -13,14 +14,14 @@ constexpr std::size_t kMostTextLines = 200;
 constexpr std::size_t kMostSamples = 10'000'000;
 
 struct UnitCode {
-  int code;
+  double code;
   const char* name;
   double gal;  ///< 0: no acceleration
 };
 constexpr std::array<UnitCode, 5> kUnitCodes = {
     {{2, "g", 980.665}, {4, "cm/s2", 1.0}, {7, "in/s2", 2.54}, {10, "gal", 1.0}, {11, "mg", 0.980665}}};
 
-std::optional<RecordUnit> UnitOfCode(int code) {
+std::optional<RecordUnit> UnitOfCode(double code) {
   for (const UnitCode& unit : kUnitCodes)
     if (unit.code == code) return RecordUnit{QString::fromLatin1(unit.name), unit.gal};
   return std::nullopt;
@@ -31,6 +32,9 @@ bool IsEndLine(std::string_view line) {
 }
 bool IsNever(std::string_view) {
   return false;
+}
+bool IsRawUnit(double code) {
+  return code == 50.0 || code == 51.0;
 }
 
 QString RawData() {
@@ -49,10 +53,12 @@ std::optional<std::size_t> CountBefore(std::string_view line, std::string_view w
 
 /// One channel: its headers and where its data begin.
 struct Channel {
-  std::vector<double> whole;  ///< the integer header
-  std::vector<double> real;   ///< the real header
+  std::vector<double> whole;     ///< the integer header
+  std::vector<double> real;      ///< the real header
+  double unknownWhole = -999.0;  ///< stands in the integer header for what is not known
+  double unknownReal = -999.0;   ///< in the real header and among the samples
   std::size_t count = 0;
-  int unitCode = 0;
+  double unitCode = 0.0;
   FieldFormat format;
   std::size_t textLine = 0;  ///< its first line
   std::size_t countLine = 0;
@@ -83,6 +89,16 @@ bool ReadBlock(const RecordText& text, const char* words, std::size_t& line, std
   return error.isEmpty();
 }
 
+/// The two values that stand for what is not known, as the last of the text lines names them.
+void ReadUnknown(std::string_view line, Channel& channel) {
+  const std::size_t colon = line.rfind(':');
+  if (colon == kNone) return;
+  const std::vector<std::string_view> cells = Cells(line.substr(colon + 1));
+  if (cells.size() != 2) return;
+  FieldNumber(cells[0], channel.unknownWhole);
+  FieldNumber(cells[1], channel.unknownReal);
+}
+
 /// Reads the headers of the channel that begins at `line`.
 bool ReadHeaders(const RecordText& text, std::size_t line, Channel& channel, QString& error) {
   channel.textLine = line;
@@ -96,6 +112,7 @@ bool ReadHeaders(const RecordText& text, std::size_t line, Channel& channel, QSt
       textLines = static_cast<std::size_t>(count);
   }
   line += textLines;
+  ReadUnknown(text.Line(line - 1), channel);
   if (!ReadBlock(text, "Integer-header", line, channel.whole, error)) return false;
   const auto refuse = [&](const QString& reason, std::size_t at) {
     error = text.Refusal(at, reason, Trimmed(text.Line(at)));
@@ -106,7 +123,10 @@ bool ReadHeaders(const RecordText& text, std::size_t line, Channel& channel, QSt
         QStringLiteral("COSMOS の加速度の記録ではありません（整数ヘッダー2 が %1）").arg(channel.whole[1]),
         channel.textLine);
   // Before the real header: the large counts of raw data run over its columns.
-  if (channel.whole[2] == 50.0 || channel.whole[2] == 51.0) return refuse(RawData(), channel.textLine);
+  if (IsRawUnit(channel.whole[2])) return refuse(RawData(), channel.textLine);
+  if (channel.whole[0] == 3.0)
+    return refuse(QStringLiteral("COSMOS のスペクトルは加速度の記録ではありません（整数ヘッダー1 が 3）"),
+                  channel.textLine);
   if (!ReadBlock(text, "Real-header", line, channel.real, error)) return false;
   if (const auto comments = CountBefore(text.Line(line), "Comment")) line += *comments + 1;
   const std::string_view bytes = text.Line(line);
@@ -123,16 +143,11 @@ bool ReadHeaders(const RecordText& text, std::size_t line, Channel& channel, QSt
     return false;
   }
   channel.count = *count;
-  channel.unitCode = static_cast<int>(code);
+  channel.unitCode = code;
   channel.format = *format;
   channel.countLine = line;
   channel.line = line + 1;
   return true;
-}
-
-/// Whether a header number is one that the file itself calls unknown.
-bool IsUnknown(double value) {
-  return value == -999.0;
 }
 
 QString NameOfAzimuth(double azimuth) {
@@ -141,6 +156,13 @@ QString NameOfAzimuth(double azimuth) {
   if (azimuth == 402.0) return QStringLiteral("Vert");
   if (azimuth < 1.0 || azimuth > 360.0) return {};
   return QStringLiteral("%1").arg(static_cast<int>(azimuth), 3, 10, QLatin1Char('0'));
+}
+
+/// "ch2" by the number that the header gives, else by its place in the file.
+QString NameOfChannel(const Channel& channel, std::size_t index) {
+  const double number = channel.whole[49];
+  const bool isNumber = number >= 1.0 && number < 1e6;
+  return QStringLiteral("ch%1").arg(isNumber ? static_cast<std::size_t>(number) : index + 1);
 }
 
 /// The text behind a word of a text line, up to two blanks or the end.
@@ -152,35 +174,17 @@ QString TextBehind(const RecordText& text, std::size_t line, std::string_view wo
   return text.Decode(rest.substr(0, rest.find("  "))).simplified();
 }
 
-/// -999 among the samples is a marker, no acceleration.
-void TreatMissing(std::vector<double>& acc, std::size_t firstLine, FieldFormat format,
-                  const RecordAnswers& answers, RecordReading& reading) {
-  std::size_t count = 0;
-  std::size_t first = 0;
-  for (std::size_t i = 0; i < acc.size(); ++i)
-    if (IsUnknown(acc[i]) && count++ == 0) first = i;
-  if (count == 0) return;
-  if (!answers.fillMissing) {
-    reading.Ask(RecordAsk::Missing, QStringLiteral("欠測の印 -999 が %1 点あります（最初は %2行目）。")
-                                        .arg(count)
-                                        .arg(firstLine + first / format.repeat + 1));
-    return;
-  }
-  FillMissing(acc, [](double a) { return IsUnknown(a); });
-  reading.warnings.push_back(QStringLiteral("欠測：%1 点を前後の値から直線で補いました。").arg(count));
-}
-
 /// The maximum that the header states checks unit and count in one.
 void CheckMaximum(const Channel& channel, const RecordComponent& component, RecordReading& reading) {
   const double stated = std::fabs(channel.real[63]);
-  if (IsUnknown(channel.real[63]) || stated == 0.0 || channel.count != component.acc.size()) return;
+  if (channel.real[63] == channel.unknownReal || stated == 0.0 || channel.count != component.acc.size())
+    return;
   double largest = 0.0;
   for (const double a : component.acc) largest = std::max(largest, std::fabs(a));
   const double rest = PeakOf(component.acc).pga;
   if (std::fabs(largest - stated) <= 0.01 * stated || std::fabs(rest - stated) <= 0.01 * stated) return;
-  reading.warnings.push_back(
-      QStringLiteral("最大加速度：ファイルの記載は %1、値の最大は %2 です（ファイルの単位）。")
-          .arg(QString::number(stated, 'g', 6), QString::number(largest, 'g', 6)));
+  reading.Warn(QStringLiteral("%1：最大加速度：ファイルの記載は %2、値の最大は %3 です（ファイルの単位）。")
+                   .arg(component.name, QString::number(stated, 'g', 6), QString::number(largest, 'g', 6)));
 }
 
 }  // namespace
@@ -200,8 +204,7 @@ void ReadCosmos(const RecordText& text, const RecordAnswers& answers, RecordRead
     };
     const std::optional<RecordUnit> unit = UnitOfCode(channel.unitCode);
     if (!unit) {
-      refuse(channel.unitCode == 50 || channel.unitCode == 51 ? RawData()
-                                                              : QStringLiteral("加速度の単位ではありません"),
+      refuse(IsRawUnit(channel.unitCode) ? RawData() : QStringLiteral("加速度の単位ではありません"),
              channel.countLine);
       break;
     }
@@ -212,13 +215,15 @@ void ReadCosmos(const RecordText& text, const RecordAnswers& answers, RecordRead
       refuse(QStringLiteral("この後に加速度のデータがありません"), channel.countLine);
       break;
     }
+    RecordComponent component;
+    component.name = NameOfChannel(channel, channels.size());
     if (block.values.size() != channel.count)
-      reading.warnings.push_back(CountsDiffer(channel.count, block.values.size()));
+      reading.Warn(CountsDiffer(channel.count, block.values.size(), component.name));
     const double intoHeader = channel.whole[2];
-    if (!IsUnknown(intoHeader) && static_cast<int>(intoHeader) != channel.unitCode)
-      reading.warnings.push_back(QStringLiteral("単位：整数ヘッダー3 は %1、データの行は %2 です。")
-                                     .arg(intoHeader)
-                                     .arg(channel.unitCode));
+    if (intoHeader != channel.unknownWhole && intoHeader != channel.unitCode)
+      reading.Warn(QStringLiteral("単位：整数ヘッダー3 は %1、データの行は %2 です。")
+                       .arg(intoHeader)
+                       .arg(channel.unitCode));
     line = block.next;
     while (line < text.Size() && Trimmed(text.Line(line)).empty()) ++line;
     if (line < text.Size() && IsEndLine(text.Line(line))) {
@@ -228,16 +233,19 @@ void ReadCosmos(const RecordText& text, const RecordAnswers& answers, RecordRead
       refuse(QStringLiteral("記載の点数 %1 の後にデータが続いています").arg(channel.count), line);
       break;
     } else {
-      reading.warnings.push_back(QStringLiteral("データの終わりの行（End-of-data）がありません。"));
+      reading.Warn(QStringLiteral("データの終わりの行（End-of-data）がありません。"));
     }
 
-    RecordComponent component;
     component.acc = std::move(block.values);
-    TreatMissing(component.acc, channel.line, channel.format, answers, reading);
-    CheckMaximum(channel, component, reading);
+    // -999 among the samples is a marker, no acceleration.
+    TreatMissing(
+        component.acc, [&](double a) { return a == channel.unknownReal; },
+        [&](std::size_t i) { return channel.line + i / channel.format.repeat; }, answers, reading);
+    if (!reading.Asks(RecordAsk::Missing)) CheckMaximum(channel, component, reading);
     const double interval = channel.real[61];
-    const auto stated =
-        interval > 0.0 && !IsUnknown(interval) ? std::optional<double>(interval / 1000.0) : std::nullopt;
+    const auto stated = interval > 0.0 && interval != channel.unknownReal
+                            ? std::optional<double>(interval / 1000.0)
+                            : std::nullopt;
     if (const auto step = ChooseTimeStep(stated, answers, reading)) component.timeStep = *step;
     ToGal(component, ChooseUnit(unit, answers, reading));
     reading.components.push_back(std::move(component));
@@ -249,13 +257,13 @@ void ReadCosmos(const RecordText& text, const RecordAnswers& answers, RecordRead
   }
   for (std::size_t i = 0; i < channels.size(); ++i) {
     const QString azimuth = NameOfAzimuth(channels[i].whole[53]);
-    const auto number = static_cast<int>(channels[i].whole[49]);
-    const QString ordinal =
-        QStringLiteral("ch%1").arg(channels.size() > 1 && number < 1 ? static_cast<int>(i) + 1 : number);
-    // Of several channels two may point the same way: their numbers tell them apart.
-    reading.components[i].name = channels.size() > 1 || azimuth.isEmpty() ? ordinal : azimuth;
-    if (channels.size() > 1 && !azimuth.isEmpty())
-      reading.notes.push_back(QStringLiteral("%1 の方向：%2").arg(ordinal, azimuth));
+    if (azimuth.isEmpty()) continue;
+    if (channels.size() == 1) {
+      reading.components[i].name = azimuth;
+    } else {
+      // Of several channels two may point the same way: their numbers tell them apart.
+      reading.notes.push_back(QStringLiteral("%1 の方向：%2").arg(reading.components[i].name, azimuth));
+    }
   }
   reading.corrected = channels.front().whole[0] == 2.0;
   reading.station = TextBehind(text, 4, "Code:");

@@ -106,7 +106,7 @@ void ReadCsmip(const RecordText& text, const RecordAnswers& answers, RecordReadi
         return;
       }
       if (values.values.size() != block->count)
-        reading.warnings.push_back(CountsDiffer(block->count, values.values.size()));
+        reading.Warn(CountsDiffer(block->count, values.values.size(), component.name));
       line = values.next;
       if (kind == "accel") component.acc = std::move(values.values);
     }
@@ -118,7 +118,7 @@ void ReadCsmip(const RecordText& text, const RecordAnswers& answers, RecordReadi
         return refuse(QStringLiteral("データの終わりの行（/&）がありません"), line);
       ++line;
     } else {
-      reading.warnings.push_back(QStringLiteral("データの終わりの行（/&）がありません。"));
+      reading.Warn(QStringLiteral("データの終わりの行（/&）がありません。"));
     }
     if (const auto step = ChooseTimeStep(data->timeStep, answers, reading)) component.timeStep = *step;
     ToGal(component, ChooseUnit(data->unit, answers, reading));

@@ -48,6 +48,11 @@ EvenTimes FindEvenTimes(const std::vector<double>& times, double unit) {
     result.timeStep = AsPrinted(whole, unit);
     result.badRow = firstBad(usual, 0.01 * usual + noise);
     result.kind = result.badRow == n ? EvenTimes::Even : EvenTimes::Uneven;
+    if (result.kind == EvenTimes::Even && firstBad(usual, noise) != n) {
+      // The odd ones make up for what print cut off all the others.
+      result.timeStep = mean;
+      result.doubt = 2.0 * unit / static_cast<double>(n - 1);
+    }
     return result;
   }
   if (!rises) {

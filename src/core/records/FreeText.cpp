@@ -1,5 +1,7 @@
+#include "core/records/ColumnTitle.h"
 #include "core/records/EvenTimes.h"
 #include "core/records/FreeTextRows.h"
+#include "core/records/MissingSamples.h"
 #include "core/records/RecordReaders.h"
 #include "core/records/RecordUnit.h"
 
@@ -18,23 +20,10 @@ struct Heading {
   std::optional<double> timeStep;
   std::optional<std::size_t> count;
   std::vector<RecordUnit> units;
-  std::vector<std::string> titles;  ///< of the columns, when the last line has as many cells
-  bool across = false;              ///< a format such as (8F10.3)
+  std::vector<std::string> titles;  ///< of the columns; empty when the last line names none
+  std::size_t titleLine = 0;
+  bool across = false;  ///< a format such as (8F10.3)
 };
-
-/// The number behind a word, over "=" and ":".
-std::optional<double> NumberBehind(std::string_view line, std::string_view word,
-                                   std::string_view* behind = nullptr) {
-  for (std::size_t at = 0; (at = FindWord(line, word, at)) != kNone; ++at) {
-    std::string_view rest = Trimmed(line.substr(at + word.size()));
-    while (!rest.empty() && (rest.front() == '=' || rest.front() == ':')) rest = Trimmed(rest.substr(1));
-    double value = 0.0;
-    if (!LeadingNumber(rest, value)) continue;
-    if (behind) *behind = Trimmed(rest);
-    return value;
-  }
-  return std::nullopt;
-}
 
 /// The step that a line states, as such or as a rate.
 std::optional<double> StepOf(std::string_view line) {
@@ -77,16 +66,11 @@ Heading ReadHeading(const RecordText& text, const FreeTextRows& rows) {
   for (std::size_t line = rows.First(); line-- > 0;) {
     const std::string plain = text.PlainLine(line);
     if (Trimmed(plain).empty()) continue;
-    heading.titles = rows.SplitCells(plain);
+    heading.titles = ColumnTitles(plain, rows.Columns());
+    heading.titleLine = line;
     break;
   }
-  if (heading.titles.size() != rows.Columns()) heading.titles.clear();
   return heading;
-}
-
-QString NameOfTitle(const std::string& title) {
-  const std::size_t bracket = title.find_first_of("([");
-  return QString::fromStdString(title.substr(0, bracket)).simplified();
 }
 
 /// The unit of a column by its title, else the one unit of the heading.
@@ -106,37 +90,14 @@ bool IsMarker(double a) {
   return a == -9999.0 || a == 9999.0 || a == 1e10 || a == -1e10 || a == -99999.0 || a == 99999.0;
 }
 
-void TreatMissing(const FreeTextRows& rows, std::vector<RecordComponent>& components, bool across,
+/// Asks about such values in each component, or fills them.
+void TreatMarkers(const FreeTextRows& rows, std::vector<RecordComponent>& components, bool across,
                   const RecordAnswers& answers, RecordReading& reading) {
   for (RecordComponent& component : components) {
     const bool repeated = std::count(component.acc.begin(), component.acc.end(), -999.0) > 1;
-    const auto isMissing = [&](double a) { return IsMarker(a) || (repeated && a == -999.0); };
-    std::size_t count = 0;
-    std::size_t first = 0;
-    std::size_t last = 0;
-    for (std::size_t i = 0; i < component.acc.size(); ++i) {
-      if (!isMissing(component.acc[i])) continue;
-      if (count++ == 0) first = i;
-      last = i;
-    }
-    if (count == 0) continue;
-    const auto lineOf = [&](std::size_t i) { return rows.LineOfRow(across ? i / rows.Columns() : i) + 1; };
-    const QString which = QString::number(component.acc[first], 'g', 10);
-    if (answers.fillMissing) {
-      FillMissing(component.acc, isMissing);
-      reading.warnings.push_back(
-          QStringLiteral("欠測：%1（%2行目から%3行目）の %4 点を前後の値から直線で補いました。")
-              .arg(which)
-              .arg(lineOf(first))
-              .arg(lineOf(last))
-              .arg(count));
-    } else {
-      reading.Ask(RecordAsk::Missing, QStringLiteral("欠測の印 %1 が %2 点あります（%3行目から%4行目）。")
-                                          .arg(which)
-                                          .arg(count)
-                                          .arg(lineOf(first))
-                                          .arg(lineOf(last)));
-    }
+    TreatMissing(
+        component.acc, [&](double a) { return IsMarker(a) || (repeated && a == -999.0); },
+        [&](std::size_t i) { return rows.LineOfRow(across ? i / rows.Columns() : i); }, answers, reading);
   }
 }
 
@@ -155,26 +116,22 @@ bool StepOfTimes(const EvenTimes& times, const FreeTextRows& rows, const RecordT
     const bool agrees = heading && std::fabs(*heading - times.timeStep) <= times.doubt;
     if (!agrees) {
       if (heading)
-        reading.warnings.push_back(
-            QStringLiteral("時間間隔：見出しは %1 秒ですが、時刻の列の平均は %2 秒です。")
-                .arg(QString::number(*heading, 'g', 6), QString::number(times.timeStep, 'g', 6)));
+        reading.Warn(QStringLiteral("時間間隔：見出しは %1 秒ですが、時刻の列の平均は %2 秒です。")
+                         .arg(QString::number(*heading, 'g', 6), QString::number(times.timeStep, 'g', 6)));
       heading.reset();
       return true;
     }
-    reading.warnings.push_back(
-        QStringLiteral("時刻の列は桁が丸められています。見出しの時間間隔 %1 秒で読みました。")
-            .arg(QString::number(*heading, 'g', 6)));
+    reading.Warn(QStringLiteral("時刻の列は桁が丸められています。見出しの時間間隔 %1 秒で読みました。")
+                     .arg(QString::number(*heading, 'g', 6)));
     return true;
   }
   if (times.doubt > 0.0) {
     if (heading && std::fabs(*heading - times.timeStep) <= times.doubt) return true;
-    reading.warnings.push_back(
-        QStringLiteral("時刻の列は桁が丸められています。平均の時間間隔 %1 秒で読みました。")
-            .arg(QString::number(times.timeStep, 'g', 8)));
+    reading.Warn(QStringLiteral("時刻の列は桁が丸められています。平均の時間間隔 %1 秒で読みました。")
+                     .arg(QString::number(times.timeStep, 'g', 8)));
   } else if (heading && std::fabs(*heading - times.timeStep) > 0.01 * times.timeStep) {
-    reading.warnings.push_back(
-        QStringLiteral("時間間隔：見出しは %1 秒、時刻の列は %2 秒です。時刻の列で読みました。")
-            .arg(QString::number(*heading, 'g', 6), QString::number(times.timeStep, 'g', 6)));
+    reading.Warn(QStringLiteral("時間間隔：見出しは %1 秒、時刻の列は %2 秒です。時刻の列で読みました。")
+                     .arg(QString::number(*heading, 'g', 6), QString::number(times.timeStep, 'g', 6)));
   }
   heading = times.timeStep;
   return true;
@@ -193,11 +150,15 @@ std::vector<double> Across(const FreeTextRows& rows, const std::optional<std::si
 }  // namespace
 
 void ReadFreeText(const RecordText& text, const RecordAnswers& answers, RecordReading& reading) {
-  FreeTextRows rows(text, answers.decimalComma);
+  const FreeTextRows rows(text, answers);
   if (rows.AsksDecimalComma()) {
     reading.Ask(RecordAsk::DecimalComma,
                 QStringLiteral("数字の間のコンマ（%1行目）が、小数点か区切りか分かりません。")
                     .arg(rows.CommaLine() + 1));
+    return;
+  }
+  if (!rows.LinesQuestion().isEmpty()) {
+    reading.Ask(RecordAsk::Lines, rows.LinesQuestion());
     return;
   }
   if (!rows.Error().isEmpty()) {
@@ -228,32 +189,51 @@ void ReadFreeText(const RecordText& text, const RecordAnswers& answers, RecordRe
     return;
   }
   if (rows.StopLine())
-    reading.warnings.push_back(QStringLiteral("%1行目から後は読んでいません（「%2」）。")
-                                   .arg(QString::number(*rows.StopLine() + 1),
-                                        text.Decode(Trimmed(text.Line(*rows.StopLine()))).left(40)));
+    reading.Warn(QStringLiteral("%1行目から後は読んでいません（「%2」）。")
+                     .arg(QString::number(*rows.StopLine() + 1),
+                          text.Decode(Trimmed(text.Line(*rows.StopLine()))).left(40)));
 
   std::vector<RecordComponent> components;
+  std::vector<std::size_t> columnsRead;
   const std::size_t firstColumn = times.kind == EvenTimes::None ? 0 : 1;
   if (across) {
     components.emplace_back().acc = Across(rows, heading.count);
+    columnsRead.push_back(columns);
   } else {
-    for (std::size_t column = firstColumn; column < columns; ++column)
+    for (std::size_t column = firstColumn; column < columns; ++column) {
+      if (column < heading.titles.size() && IsOtherQuantity(heading.titles[column])) {
+        reading.Warn(QStringLiteral("列「%1」は加速度ではないので読みません。")
+                         .arg(QString::fromStdString(heading.titles[column])));
+        continue;
+      }
       components.emplace_back().acc = rows.Column(column);
+      columnsRead.push_back(column);
+    }
+  }
+  if (components.empty()) {
+    reading.error = text.Refusal(heading.titleLine, QStringLiteral("加速度の列がありません"),
+                                 Trimmed(text.Line(heading.titleLine)));
+    return;
   }
   const std::size_t found = components.front().acc.size();
-  if (heading.count && *heading.count != found)
-    reading.warnings.push_back(CountsDiffer(*heading.count, found));
-  TreatMissing(rows, components, across, answers, reading);
+  if (heading.count && *heading.count != found) reading.Warn(CountsDiffer(*heading.count, found));
+  if (across && !answers.layout && !heading.across && heading.count != found)
+    reading.Warn(QStringLiteral("並び：%1 列を、横に続く 1 成分（%2 点）として読みました。"
+                                "並んだ %1 成分（各 %3 点）かもしれません。")
+                     .arg(columns)
+                     .arg(found)
+                     .arg(rows.Size()));
+  TreatMarkers(rows, components, across, answers, reading);
 
   const std::optional<double> step = ChooseTimeStep(heading.timeStep, answers, reading);
   for (std::size_t i = 0; i < components.size(); ++i) {
-    const std::size_t column = i + firstColumn;
-    if (components.size() > 1)
+    const std::size_t column = columnsRead[i];
+    if (!across && columns - firstColumn > 1)
       components[i].name = column < heading.titles.size() && !NameOfTitle(heading.titles[column]).isEmpty()
                                ? NameOfTitle(heading.titles[column])
                                : QString::number(column + 1);
     if (step) components[i].timeStep = *step;
-    ToGal(components[i], ChooseUnit(UnitOf(heading, across ? columns : column), answers, reading));
+    ToGal(components[i], ChooseUnit(UnitOf(heading, column), answers, reading));
   }
   reading.components = std::move(components);
 }

@@ -114,34 +114,62 @@ FreeTextRows::Line FreeTextRows::Read(std::size_t index) const {
   return line;
 }
 
-FreeTextRows::FreeTextRows(const RecordText& text, std::optional<bool> decimalComma) : m_text(text) {
-  if (decimalComma) {
-    m_decimalComma = *decimalComma;
+FreeTextRows::FreeTextRows(const RecordText& text, const RecordAnswers& answers)
+    : m_text(text), m_end(std::min(text.Size(), answers.lastLine.value_or(text.Size()))) {
+  m_decimalComma = answers.decimalComma.value_or(false);
+  m_asks = !answers.decimalComma && AsksComma(answers);
+  if (m_asks) return;
+  if (answers.firstLine) {
+    if (!TakeFirst(*answers.firstLine)) return;
   } else {
-    std::size_t run = 0;
-    for (std::size_t i = 0; i < text.Size() && run < kRun; ++i) {
-      if (!MayBeDecimalComma(text.PlainLine(i))) {
-        run = 0;
-      } else if (run++ == 0) {
-        m_commaLine = i;
-      }
-    }
-    if (run == kRun) {
-      m_asks = true;
-      return;
-    }
+    if (!FindFirst()) return;
+    FindCountAndStep();
   }
-  if (!FindFirst()) return;
-  FindCountAndStep();
   ReadRows();
+}
+
+/// Ten lines that may be written with decimal commas, or the first one that the answers name.
+bool FreeTextRows::AsksComma(const RecordAnswers& answers) {
+  std::size_t run = 0;
+  const std::size_t first = answers.firstLine ? std::max<std::size_t>(*answers.firstLine, 1) - 1 : 0;
+  const std::size_t enough = answers.firstLine ? 1 : kRun;
+  for (std::size_t i = first; i < std::min(m_end, answers.firstLine ? first + 1 : m_end); ++i) {
+    if (!MayBeDecimalComma(m_text.PlainLine(i))) {
+      run = 0;
+    } else if (run++ == 0) {
+      m_commaLine = i;
+    }
+    if (run == enough) return true;
+  }
+  return false;
+}
+
+/// The line from which the data are to be read (from 1).
+bool FreeTextRows::TakeFirst(std::size_t first) {
+  const Line line = first >= 1 && first <= m_end ? Read(first - 1) : Line();
+  if (line.kind != Line::Numbers || line.values.size() > kMostColumns) {
+    const std::size_t at = std::min(std::max<std::size_t>(first, 1), m_text.Size()) - 1;
+    m_error = m_text.Refusal(
+        at, QStringLiteral("指定した最初の行（%1行目）が数値だけの行ではありません").arg(first),
+        Trimmed(m_text.Line(at)));
+    return false;
+  }
+  m_first = first - 1;
+  m_columns = line.values.size();
+  return true;
 }
 
 bool FreeTextRows::FindFirst() {
   std::size_t run = 0;
   std::size_t count = 0;
-  for (std::size_t i = 0; i < m_text.Size(); ++i) {
+  std::size_t rows = 0;
+  std::size_t firstRow = 0;
+  std::size_t lastRow = 0;
+  for (std::size_t i = 0; i < m_end; ++i) {
     const Line line = Read(i);
     const bool row = line.kind == Line::Numbers && line.values.size() <= kMostColumns;
+    if (row && rows++ == 0) firstRow = i;
+    if (row) lastRow = i;
     if (row && run > 0 && line.values.size() == count) {
       ++run;
     } else {
@@ -153,11 +181,17 @@ bool FreeTextRows::FindFirst() {
     m_columns = count;
     return true;
   }
-  m_error =
-      m_text.Size() == 0
-          ? m_text.Refusal(QStringLiteral("データがありません（0 行）"))
-          : m_text.Refusal(m_text.Size() - 1,
-                           QStringLiteral("数値だけの行が %1 行続く所がないまま終わっています").arg(kRun),
+  if (rows > 0) {
+    m_linesQuestion = QStringLiteral(
+                          "数値だけの行が %1 行続く所がありません（%2行目から%3行目の間に %4 行）。"
+                          "データの最初と最後の行を指定してください。")
+                          .arg(kRun)
+                          .arg(firstRow + 1)
+                          .arg(lastRow + 1)
+                          .arg(rows);
+    return false;
+  }
+  m_error = m_text.Refusal(m_text.Size() - 1, QStringLiteral("数値だけの行がないまま終わっています"),
                            Trimmed(m_text.Line(m_text.Size() - 1)));
   return false;
 }
@@ -206,7 +240,7 @@ void FreeTextRows::ReadRows() {
     m_error = m_text.Refusal(index, reason, value);
   };
   double unit = 1.0;
-  for (std::size_t i = m_first; i < m_text.Size(); ++i) {
+  for (std::size_t i = m_first; i < m_end; ++i) {
     const Line line = Read(i);
     if (line.kind == Line::Comment) continue;
     if (line.kind == Line::Numbers && line.values.size() == m_columns && !m_short) {
@@ -235,8 +269,8 @@ void FreeTextRows::ReadRows() {
     }
     // Text ends the rows; blank lines do so only before more text or numbers.
     std::size_t next = i;
-    while (next < m_text.Size() && Read(next).kind == Line::Blank) ++next;
-    if (next < m_text.Size()) m_stopLine = next;
+    while (next < m_end && Trimmed(m_text.Line(next)).empty()) ++next;
+    if (next < m_end) m_stopLine = next;
     break;
   }
   m_timeUnit = unit;

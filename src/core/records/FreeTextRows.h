@@ -5,8 +5,9 @@
 namespace tremlo {
 
 /// The rows of numbers in a text of unknown layout. They begin with the first ten lines in a row that hold
-/// the same count (1 to 12) of plain numbers and nothing else, and end at the first line that is no such row;
-/// the last one may be shorter. Comments (#, %, !, //, |) between rows are passed over.
+/// the same count (1 to 12) of plain numbers and nothing else, or where the answers say, and end at the first
+/// line that is no such row; the last one may be shorter. Comments (#, %, !, //, |) between rows are passed
+/// over.
 class FreeTextRows {
  public:
   /// Count and step on a line of their own above the data ("300 0.0100").
@@ -15,12 +16,13 @@ class FreeTextRows {
     double timeStep = 0.0;  ///< s
   };
 
-  /// `decimalComma`: what is known of commas between digits.
-  FreeTextRows(const RecordText& text, std::optional<bool> decimalComma);
+  FreeTextRows(const RecordText& text, const RecordAnswers& answers);
 
   /// Whether commas may be decimal points and nobody has said; there are no rows then.
   bool AsksDecimalComma() const { return m_asks; }
   std::size_t CommaLine() const { return m_commaLine; }
+  /// The question where rows begin and end, when there are numbers but no ten lines of them; no rows then.
+  const QString& LinesQuestion() const { return m_linesQuestion; }
   const QString& Error() const { return m_error; }  ///< no rows, or a row with what is no number
 
   std::size_t First() const { return m_first; }  ///< line of the first row
@@ -36,13 +38,13 @@ class FreeTextRows {
   /// The line that ended the rows, when text follows them.
   const std::optional<std::size_t>& StopLine() const { return m_stopLine; }
 
-  /// A line taken apart as the rows are.
-  std::vector<std::string> SplitCells(const std::string& line) const;
-
  private:
   struct Line;
+  std::vector<std::string> SplitCells(const std::string& line) const;
   Line Read(std::size_t index) const;
+  bool AsksComma(const RecordAnswers& answers);
   bool FindFirst();
+  bool TakeFirst(std::size_t first);
   void FindCountAndStep();
   void ReadRows();
   bool LooksBroken(const Line& line) const;
@@ -51,6 +53,8 @@ class FreeTextRows {
   bool m_decimalComma = false;
   bool m_asks = false;
   std::size_t m_commaLine = 0;
+  std::size_t m_end = 0;  ///< behind the last line to look at
+  QString m_linesQuestion;
   QString m_error;
   std::size_t m_first = 0;
   std::size_t m_columns = 0;

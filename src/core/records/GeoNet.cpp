@@ -77,11 +77,20 @@ class Reader {
     m_line = block.next;
     if (!block.error.isEmpty()) {
       m_reading.error = block.error;
-      // A number that the end of the file cuts is a cut, not a bad number.
-      return block.next + 1 >= m_text.Size() ? Part::Cut : Part::Refused;
+      // The end of the file may cut a number in a way that leaves none, such as "-".
+      return block.next + 1 == m_text.Size() && EndsWithinField() ? Part::Cut : Part::Refused;
     }
     values = std::move(block.values);
-    return values.size() == count ? Part::Read : Part::Cut;
+    // A number cut short may look like one.
+    const bool whole = values.size() == count && !(block.next == m_text.Size() && EndsWithinField());
+    return count == 0 || whole ? Part::Read : Part::Cut;
+  }
+
+  /// Whether the last line ends within a field. Each is filled up to its last column.
+  bool EndsWithinField() const {
+    std::string_view last = m_text.Line(m_text.Size() - 1);
+    last = last.substr(0, last.find_last_not_of(" \t") + 1);
+    return last.size() % kFormat.width != 0;
   }
 
   QString NameOf(std::size_t line) const {
@@ -103,7 +112,7 @@ class Reader {
     std::string_view rest = word == kNone ? std::string_view() : points.substr(word + 6);
     if (LeadingNumber(rest, announced) && announced >= 0.0 && announced < kMostSamples &&
         static_cast<std::size_t>(announced) != component.acc.size())
-      m_reading.warnings.push_back(CountsDiffer(static_cast<std::size_t>(announced), component.acc.size()));
+      m_reading.Warn(CountsDiffer(static_cast<std::size_t>(announced), component.acc.size(), component.name));
     ToGal(component, ChooseUnit(unit, m_answers, m_reading));
     if (whole[31] > 0.0 || whole[32] > 0.0)
       m_reading.notes.push_back(QStringLiteral("%1：前に %2 点、後に %3 点が付け足されています。")
@@ -116,7 +125,8 @@ class Reader {
         const std::string_view code = Trimmed(Trimmed(site).substr(4));
         m_reading.station = m_text.Decode(code.substr(0, code.find(' ')));
       }
-      m_reading.start = m_text.Decode(Trimmed(m_text.Line(first + 7))).simplified();
+      const QString event = m_text.Decode(Trimmed(m_text.Line(first + 7))).simplified();
+      if (!event.isEmpty()) m_reading.notes.push_back(QStringLiteral("地震の時刻：") + event);
       const QString filter = m_text.Decode(Trimmed(m_text.Line(first + 11))).simplified();
       if (filter.contains(QStringLiteral("pass")))
         m_reading.notes.push_back(QStringLiteral("フィルタ：") + filter);
@@ -158,14 +168,13 @@ void ReadGeoNet(const RecordText& text, const RecordAnswers& answers, RecordRead
       reading.error = text.Refusal(last, cut, Trimmed(text.Line(last)));
       return;
     }
-    reading.warnings.push_back(QStringLiteral("ファイルは%1行目、%2。").arg(QString::number(last + 1), cut));
+    reading.Warn(QStringLiteral("ファイルは%1行目、%2。").arg(QString::number(last + 1), cut));
     break;
   }
   if (reading.components.size() < kComponents) {
     QStringList names;
     for (const RecordComponent& component : reading.components) names << component.name;
-    reading.warnings.push_back(
-        QStringLiteral("成分：3 成分のうち %1 だけがあります。").arg(names.join(u'、')));
+    reading.Warn(QStringLiteral("成分：3 成分のうち %1 だけがあります。").arg(names.join(u'、')));
   }
 }
 

@@ -48,7 +48,7 @@ QString StartOf(const QString& value) {
   if (!sound) return {};
   if (year < 100) year += year < 50 ? 2000 : 1900;
   for (QString& part : parts)
-    if (part.size() < 2) part.prepend(u'0');
+    if (part.section(u'.', 0, 0).size() < 2) part.prepend(u'0');  // the seconds may have decimals
   return QStringLiteral("%1-%2-%3 %4:%5:%6 JST")
       .arg(QString::number(year), parts[1], parts[2], parts[3], parts[4], parts[5]);
 }

@@ -1,9 +1,9 @@
+#include "core/records/KnetDirection.h"
 #include "core/records/RecordReaders.h"
 #include "core/records/RecordUnit.h"
 
 #include <QDateTime>
 
-#include <array>
 #include <charconv>
 #include <cmath>
 #include <string>
@@ -64,15 +64,10 @@ bool ReadScale(std::string_view value, double& numerator, double& denominator) {
   return FieldNumber(value, denominator) && numerator > 0.0 && denominator > 0.0;
 }
 
-QString NameOfDirection(const QString& direction) {
-  static const std::array<const char*, 6> kikNet = {"NS1", "EW1", "UD1", "NS2", "EW2", "UD2"};
-  if (direction.size() == 1 && direction[0] >= u'1' && direction[0] <= u'6')
-    return QString::fromLatin1(kikNet[static_cast<std::size_t>(direction[0].unicode() - u'1')]);
-  return QString(direction).remove(u'-');
-}
-
 /// The samples as whole numbers; false with the refusal set at what is none.
 bool ReadCounts(const RecordText& text, std::size_t first, std::vector<double>& counts, QString& error) {
+  constexpr std::size_t kColumnsOfNumber = 9;
+  counts.reserve(static_cast<std::size_t>(text.Content().size()) / kColumnsOfNumber);
   for (std::size_t line = first; line < text.Size(); ++line) {
     const std::string_view bytes = text.Line(line);
     const char* at = bytes.data();
@@ -106,8 +101,8 @@ void CheckPeak(const Header& header, const RecordText& text, RecordReading& read
   const auto decimals = point == std::string_view::npos ? 0.0 : static_cast<double>(value.size() - point - 1);
   const double found = PeakOf(reading.components.front().acc).pga;
   if (std::fabs(std::fabs(announced) - found) <= 1.01 * std::pow(10.0, -decimals)) return;
-  reading.warnings.push_back(QStringLiteral("最大加速度：ファイルの記載は %1 gal、計算では %2 gal です。")
-                                 .arg(text.Decode(value), QString::number(found, 'f', 3)));
+  reading.Warn(QStringLiteral("最大加速度：ファイルの記載は %1 gal、計算では %2 gal です。")
+                   .arg(text.Decode(value), QString::number(found, 'f', 3)));
 }
 
 }  // namespace
@@ -156,10 +151,9 @@ void ReadKnetAscii(const RecordText& text, const RecordAnswers& answers, RecordR
 
   const QString direction = header.Value({"Dir."});
   if (direction.isEmpty()) return missing("Dir.");
-  component.name = NameOfDirection(direction);
-  const bool kikNet = component.name != direction && !direction.contains(u'-');
-  if (kikNet) reading.format = RecordFormat::KikNetAscii;
-  if (kikNet && (direction == u"1" || direction == u"2"))
+  component.name = ComponentOfDirection(direction);
+  if (IsKikNetDirection(direction)) reading.format = RecordFormat::KikNetAscii;
+  if (direction == u"1" || direction == u"2")
     reading.notes.push_back(QStringLiteral("地中の水平成分は、軸が北と東からずれていることがあります。"));
 
   reading.station = header.Value({"Station Code"});
@@ -182,8 +176,7 @@ void ReadKnetAscii(const RecordText& text, const RecordAnswers& answers, RecordR
   if (stated && header.Find({"Duration Time(s)"}, line, value) && FieldNumber(value, duration) &&
       duration >= 0.0 && rate * duration < 1e9) {
     const auto announced = static_cast<std::size_t>(std::llround(rate * duration));
-    if (announced != component.acc.size())
-      reading.warnings.push_back(CountsDiffer(announced, component.acc.size()));
+    if (announced != component.acc.size()) reading.Warn(CountsDiffer(announced, component.acc.size()));
   }
   for (double& a : component.acc) a = a * numerator / denominator;
   reading.components.push_back(std::move(component));

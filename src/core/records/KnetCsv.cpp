@@ -1,7 +1,7 @@
+#include "core/records/KnetDirection.h"
 #include "core/records/RecordReaders.h"
 #include "core/records/RecordUnit.h"
 
-#include <array>
 #include <cmath>
 
 namespace tremlo {
@@ -17,16 +17,12 @@ std::string_view WithoutMark(std::string_view line) {
 
 /// "N-S(gal)" or "4(gal)" taken apart; false without a unit in brackets.
 bool SplitColumnName(std::string_view cell, QString& name, std::optional<RecordUnit>& unit) {
-  static const std::array<const char*, 6> kikNet = {"NS1", "EW1", "UD1", "NS2", "EW2", "UD2"};
   const std::size_t bracket = cell.find('(');
   if (bracket == std::string_view::npos || !cell.ends_with(')')) return false;
   unit = UnitOfWord(cell.substr(bracket + 1, cell.size() - bracket - 2));
   const std::string_view direction = Trimmed(cell.substr(0, bracket));
-  if (direction.size() == 1 && direction[0] >= '1' && direction[0] <= '6') {
-    name = QString::fromLatin1(kikNet[static_cast<std::size_t>(direction[0] - '1')]);
-  } else {
-    name = QString::fromLatin1(direction.data(), static_cast<qsizetype>(direction.size())).remove(u'-');
-  }
+  name =
+      ComponentOfDirection(QString::fromLatin1(direction.data(), static_cast<qsizetype>(direction.size())));
   return true;
 }
 
@@ -94,9 +90,12 @@ void ReadKnetCsv(const RecordText& text, const RecordAnswers& answers, RecordRea
   }
   const std::optional<double> step = ChooseTimeStep(header.timeStep, answers, reading);
 
+  // An answer against the file is told, and the times are those of the file.
+  const std::optional<double> even = header.timeStep ? header.timeStep : step;
   double firstTime = 0.0;
-  for (std::size_t line = header.size; line < text.Size(); ++line) {
-    if (Trimmed(text.Line(line)).empty() && line + 1 == text.Size()) break;
+  std::size_t end = text.Size();
+  while (end > header.size && Trimmed(text.Line(end - 1)).empty()) --end;
+  for (std::size_t line = header.size; line < end; ++line) {
     const std::vector<std::string_view> cells = Cells(text.Line(line));
     if (cells.size() != names.size()) {
       reading.error =
@@ -114,8 +113,7 @@ void ReadKnetCsv(const RecordText& text, const RecordAnswers& answers, RecordRea
       reading.start = text.Decode(cells[0]) + QStringLiteral(" JST");
     }
     // The times are printed with two decimals at every rate.
-    if (header.timeStep &&
-        std::fabs(time - firstTime - static_cast<double>(index) * *header.timeStep) > 0.0101) {
+    if (even && std::fabs(time - firstTime - static_cast<double>(index) * *even) > 0.0101) {
       reading.error = text.Refusal(line, QStringLiteral("時刻が等間隔ではありません"), cells[1]);
       return;
     }
@@ -137,7 +135,7 @@ void ReadKnetCsv(const RecordText& text, const RecordAnswers& answers, RecordRea
   }
   if (header.timeStep && header.duration && *header.duration / *header.timeStep < 1e9) {
     const auto announced = static_cast<std::size_t>(std::llround(*header.duration / *header.timeStep));
-    if (announced != found) reading.warnings.push_back(CountsDiffer(announced, found));
+    if (announced != found) reading.Warn(CountsDiffer(announced, found));
   }
   for (std::size_t i = 0; i < components.size(); ++i) {
     if (step) components[i].timeStep = *step;

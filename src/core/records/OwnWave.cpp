@@ -93,18 +93,17 @@ void ReadOwnWave(const RecordText& text, const RecordAnswers& answers, RecordRea
     if (!ScanPair(line, time, sample) && bad++ == 0) firstBad = number;
   }
   if (bad > 0)
-    reading.warnings.push_back(
+    reading.Warn(
         QStringLiteral("数値の組でない行が %1 行あります（最初は %2行目）。直前の値を繰り返して読みます。")
             .arg(bad)
             .arg(firstBad));
   const auto blanks =
       std::count_if(component.acc.begin(), component.acc.end(), [](double a) { return !std::isfinite(a); });
-  if (blanks > 0)
-    reading.warnings.push_back(QStringLiteral("数値でない値（空欄など）が %1 点あります。").arg(blanks));
+  if (blanks > 0) reading.Warn(QStringLiteral("数値でない値（空欄など）が %1 点あります。").arg(blanks));
   double number = 0.0;
   if (FieldNumber(name.toStdString(), number))
-    reading.warnings.push_back(QStringLiteral("1行目の波形名が数値です（%1）。見出しのない表かもしれません。")
-                                   .arg(name.simplified()));
+    reading.Warn(QStringLiteral("1行目の波形名が数値です（%1）。見出しのない表かもしれません。")
+                     .arg(name.simplified()));
   reading.components.push_back(std::move(component));
 }
 

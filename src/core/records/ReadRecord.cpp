@@ -54,12 +54,27 @@ void Read(const RecordText& text, const RecordAnswers& answers, RecordReading& r
   }
 }
 
+bool IsBlank(const RecordText& text) {
+  for (std::size_t line = 0; line < text.Size(); ++line)
+    if (!Trimmed(text.Line(line)).empty()) return false;
+  return true;
+}
+
+/// A number that a double holds may be none any more in gal.
+void RefuseTooLarge(const RecordText& text, RecordReading& reading) {
+  const auto isFinite = [](double a) { return std::isfinite(a); };
+  for (const RecordComponent& component : reading.components) {
+    if (std::all_of(component.acc.begin(), component.acc.end(), isFinite)) continue;
+    std::string_view value;
+    const std::size_t line = text.LineOfLargest(value);
+    reading.error = text.Refusal(line, QStringLiteral("値が大きすぎて gal で表せません"), value);
+    return;
+  }
+}
+
 QString NameInMessages(const QString& file, const QString& member) {
   if (member.isEmpty()) return file;
-  QString shown = member;
-  for (QChar& unit : shown)
-    if (unit < u' ') unit = u'_';
-  return file + QStringLiteral("（%1）").arg(shown);
+  return file + QStringLiteral("（%1）").arg(WithoutControls(member));
 }
 
 }  // namespace
@@ -71,34 +86,32 @@ RecordReading ReadRecord(const QByteArray& content, const QString& file, const Q
   reading.member = member;
   const RecordText text(content, NameInMessages(file, member));
   if (text.IsTooLong()) {
-    reading.error = text.Refusal(QStringLiteral("大きすぎます（%1 バイト、上限 %2 バイト・%3 行）")
-                                     .arg(content.size())
-                                     .arg(RecordText::kMostBytes)
-                                     .arg(RecordText::kMostLines));
+    reading.error =
+        text.Refusal(QStringLiteral("大きすぎます（%1 バイト、上限 %2 バイト・%3 行・1行 %4 バイト）")
+                         .arg(content.size())
+                         .arg(RecordText::kMostBytes)
+                         .arg(RecordText::kMostLines)
+                         .arg(RecordText::kLongestLine));
     return reading;
   }
-  if (text.Size() == 0) {
+  if (IsBlank(text)) {
     reading.error =
         text.Refusal(QStringLiteral("1行目：データがありません（「%1 バイト」）").arg(content.size()));
     return reading;
   }
-  for (std::size_t line = 0; line < text.Size(); ++line)
-    if (text.Line(line).find('\0') != std::string_view::npos) {
-      reading.error = text.Refusal(line, QStringLiteral("テキストのファイルではありません"),
-                                   text.Line(line).substr(0, 16));
-      return reading;
-    }
+  if (const auto line = text.LineWithZero()) {
+    reading.error = text.Refusal(
+        *line, QStringLiteral("テキストのファイルではありません（WIN、ANS などの形式は読めません）"),
+        text.Line(*line).substr(0, 16));
+    return reading;
+  }
   reading.format = DetectFormat(text, reading.sign);
   if (format != RecordFormat::Unknown && format != reading.format) {
     reading.format = format;
     reading.sign = QStringLiteral("形式の指定");
   }
   Read(text, answers, reading);
-  if (reading.format != RecordFormat::OwnWave)
-    for (const RecordComponent& component : reading.components)
-      for (const double a : component.acc)
-        if (!std::isfinite(a) && !reading.IsRefused())
-          reading.error = text.Refusal(component.name + QStringLiteral("：値が大きすぎて gal で表せません"));
+  if (!reading.IsRefused() && reading.format != RecordFormat::OwnWave) RefuseTooLarge(text, reading);
   if (reading.IsRefused()) {
     reading.components.clear();
     reading.questions.clear();
@@ -107,13 +120,14 @@ RecordReading ReadRecord(const QByteArray& content, const QString& file, const Q
   NumberDoubles(reading.components);
   for (const RecordComponent& component : reading.components) {
     if (!reading.questions.empty()) break;
-    for (QString& doubt : FindDoubts(component)) reading.warnings.push_back(std::move(doubt));
+    for (const QString& doubt : FindDoubts(component)) reading.Warn(doubt);
   }
   return reading;
 }
 
 void WalkRecords(const QString& path, const RecordAnswers& answers,
-                 const std::function<void(RecordReading&&)>& take) {
+                 const std::function<void(RecordReading&&)>& take,
+                 const std::function<bool(const QString& member)>& wants) {
   const auto refuse = [&](const QString& reason) {
     RecordReading reading;
     reading.file = path;
@@ -126,18 +140,19 @@ void WalkRecords(const QString& path, const RecordAnswers& answers,
     return refuse(QStringLiteral("ファイルを開けません。"));
   if (!IsArchive(file.peek(512))) {
     // One byte over the bound: it is the reader who refuses it.
-    const QByteArray content = file.read(RecordText::kMostBytes + 1);
+    const QByteArray content =
+        file.size() > RecordText::kMostBytes ? file.read(RecordText::kMostBytes + 1) : file.readAll();
     if (file.error() != QFileDevice::NoError) return refuse(QStringLiteral("ファイルを読めません。"));
     return take(ReadRecord(content, path, {}, answers));
   }
   bool any = false;
   const ArchiveOutcome outcome = WalkArchive(file, [&](const QString& member, const QByteArray& bytes) {
     any = true;
-    take(ReadRecord(bytes, path, member, answers));
+    if (!wants || wants(member)) take(ReadRecord(bytes, path, member, answers));
     return true;
   });
   if (!outcome.error.isEmpty()) return refuse(outcome.error);
-  if (!any) refuse(QStringLiteral("記録が入っていません。"));
+  if (!any) refuse(QStringLiteral("書庫に記録が入っていません（「0 個」）。"));
 }
 
 std::vector<RecordReading> ReadRecordFile(const QString& path, const RecordAnswers& answers) {

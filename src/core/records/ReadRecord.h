@@ -15,9 +15,11 @@ RecordReading ReadRecord(const QByteArray& content, const QString& file, const Q
 
 /// Reads a file of the disk, an archive or not, and hands over one reading a record, in their order. What
 /// cannot be read is a reading with an error. An archive is read in memory within the bounds of
-/// RecordArchive.h, one member at a time; `answers` hold for all of its members.
+/// RecordArchive.h, one member at a time; `answers` hold for all of its members. A member for whose path
+/// `wants` is false is passed over unread.
 void WalkRecords(const QString& path, const RecordAnswers& answers,
-                 const std::function<void(RecordReading&&)>& take);
+                 const std::function<void(RecordReading&&)>& take,
+                 const std::function<bool(const QString& member)>& wants = {});
 
 /// All of them at once.
 std::vector<RecordReading> ReadRecordFile(const QString& path, const RecordAnswers& answers = {});

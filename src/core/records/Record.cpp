@@ -45,6 +45,10 @@ void RecordReading::Ask(RecordAsk ask, const QString& text) {
   if (!Asks(ask)) questions.push_back({ask, text});
 }
 
+void RecordReading::Warn(const QString& text) {
+  if (std::find(warnings.begin(), warnings.end(), text) == warnings.end()) warnings.push_back(text);
+}
+
 RecordPeak PeakOf(const std::vector<double>& acc) {
   RecordPeak peak;
   if (acc.empty()) return peak;
@@ -74,8 +78,15 @@ QString ProposedName(const RecordReading& reading, const RecordComponent& compon
   return name;
 }
 
-QString CountsDiffer(std::size_t announced, std::size_t found) {
-  return QStringLiteral("点数：ファイルの記載は %1 点、実際は %2 点です。").arg(announced).arg(found);
+QString WithoutControls(QString text) {
+  for (QChar& unit : text)
+    if (unit.category() == QChar::Other_Control) unit = unit == u'\t' ? u' ' : u'_';
+  return text;
+}
+
+QString CountsDiffer(std::size_t announced, std::size_t found, const QString& component) {
+  const QString which = component.isEmpty() ? QString() : component + QStringLiteral("：");
+  return which + QStringLiteral("点数：ファイルの記載は %1 点、実際は %2 点です。").arg(announced).arg(found);
 }
 
 }  // namespace tremlo

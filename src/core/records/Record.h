@@ -45,10 +45,13 @@ struct RecordAnswers {
   std::optional<double> timeStep;  ///< s
   std::optional<RecordLayout> layout;
   bool fillMissing = false;  ///< samples marked as missing lie on a straight line between their neighbours
-  std::optional<bool> decimalComma;  ///< whether a comma between digits is a decimal point
+  std::optional<bool> decimalComma;      ///< whether a comma between digits is a decimal point
+  std::optional<std::size_t> firstLine;  ///< of the data in free text, from 1
+  std::optional<std::size_t> lastLine;
+  bool allSamples = false;  ///< samples behind the announced count (RecordReading::leftOut) are read too
 };
 
-enum class RecordAsk { Unit, TimeStep, Layout, Missing, DecimalComma };
+enum class RecordAsk { Unit, TimeStep, Layout, Missing, DecimalComma, Lines };
 
 /// What has to be answered before the samples can be used.
 struct RecordQuestion {
@@ -79,11 +82,13 @@ struct RecordReading {
   std::vector<QString> warnings;
   std::vector<QString> notes;  ///< worth knowing, no cause for doubt
   std::vector<RecordQuestion> questions;
+  std::size_t leftOut = 0;  ///< samples behind the announced count that were not read
   QString error;  ///< why the file is refused, with file, line and value; no component is there then
 
   bool IsRefused() const { return !error.isEmpty(); }
   bool Asks(RecordAsk ask) const;
   void Ask(RecordAsk ask, const QString& text);  ///< each question once
+  void Warn(const QString& text);                ///< each warning once
 };
 
 /// Mean of the samples and largest absolute rest; NaN without samples.
@@ -97,7 +102,11 @@ RecordPeak PeakOf(const std::vector<double>& acc);
 /// A name for the wave: station and component, or the file's own name where the record has neither.
 QString ProposedName(const RecordReading& reading, const RecordComponent& component);
 
-/// Samples, announced and found, as every format tells that they differ.
-QString CountsDiffer(std::size_t announced, std::size_t found);
+/// Text from a file as it may be shown: control characters become "_", a tab a blank.
+QString WithoutControls(QString text);
+
+/// Samples, announced and found, as every format tells that they differ; with the component where a file has
+/// several.
+QString CountsDiffer(std::size_t announced, std::size_t found, const QString& component = {});
 
 }  // namespace tremlo

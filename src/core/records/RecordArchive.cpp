@@ -2,7 +2,7 @@
 
 #include "core/files/Cp932Text.h"
 
-#include <QIODevice>
+#include <QBuffer>
 #include <QStringDecoder>
 
 #include <algorithm>
@@ -50,6 +50,7 @@ QString DecodeName(const char* name) {
 
 /// What an archive begins with: enough for every sign.
 constexpr qsizetype kHead = 512;
+constexpr qsizetype kBlock = 65536;
 
 class Walk {
  public:
@@ -66,11 +67,15 @@ class Walk {
     const ArchiveHandle handle(archive_read_new());
     archive* const reader = handle.get();
     if (!reader) return Fail(where + QStringLiteral("書庫を読む用意ができません。"));
-    archive_read_support_filter_gzip(reader);
+    // One filter alone: the library would unpack gzip in gzip by itself, and no bound would count what lies
+    // between.
+    if (gzip) archive_read_append_filter(reader, ARCHIVE_FILTER_GZIP);
     archive_read_support_format_tar(reader);
-    archive_read_support_format_zip(reader);
+    archive_read_support_format_zip_streamable(reader);
     if (gzip) archive_read_support_format_raw(reader);  // a lone .gz; what has a format is never taken for it
-    if (open(reader) != ARCHIVE_OK) return Fail(where + Reason(reader));
+    // What gzip gives is a member at least, be it raw: there it gave nothing, whatever the library says.
+    if (open(reader) != ARCHIVE_OK)
+      return Fail(where + (gzip ? Broken(QStringLiteral("gzip を展開できません")) : Reason(reader)));
     for (;;) {
       archive_entry* entry = nullptr;
       const int status = archive_read_next_header(reader, &entry);
@@ -100,7 +105,7 @@ class Walk {
     archive* outer;
     QByteArray head;
     bool headGiven = false;
-    std::vector<char> block = std::vector<char>(65536);
+    std::vector<char> block = std::vector<char>(kBlock);
   };
 
   static la_ssize_t GiveInner(archive* reader, void* data, const void** buffer) {
@@ -124,17 +129,20 @@ class Walk {
 
   bool RunMember(archive* reader, const QString& member, int level) {
     const QString where = member.isEmpty() ? QString() : member + QStringLiteral("：");
-    QByteArray bytes;
-    std::array<char, 65536> block{};
+    // The memory of the member before; whoever kept its bytes has them for himself.
+    QByteArray& bytes = m_member;
+    bytes.resize(0);
     for (;;) {
-      const auto room = bytes.size() < kHead ? static_cast<std::size_t>(kHead - bytes.size()) : block.size();
-      const la_ssize_t count = archive_read_data(reader, block.data(), room);
+      const qsizetype used = bytes.size();
+      const qsizetype room = used < kHead ? kHead - used : kBlock;
+      bytes.resize(used + room);
+      const la_ssize_t count = archive_read_data(reader, bytes.data() + used, static_cast<std::size_t>(room));
+      bytes.resize(used + std::max<qsizetype>(count, 0));
       if (count == 0) break;
       if (count < 0) return Fail(where + Reason(reader));
       if (!Count(count)) return false;
-      if (bytes.size() + count > m_bounds.mostMemberBytes)
+      if (bytes.size() > m_bounds.mostMemberBytes)
         return Fail(where + QStringLiteral("展開すると %1 バイトを超えます。").arg(m_bounds.mostMemberBytes));
-      bytes.append(block.data(), static_cast<qsizetype>(count));
       if (bytes.size() == kHead && IsArchive(bytes)) break;
     }
     if (!IsArchive(bytes)) return m_take(member, bytes);
@@ -147,7 +155,7 @@ class Walk {
 
   /// Reads the rest of an entry, which counts too: passing over it inside the library would know no bound.
   bool PassOver(archive* reader) {
-    std::array<char, 65536> block{};
+    std::array<char, kBlock> block;
     la_ssize_t count = 0;
     while ((count = archive_read_data(reader, block.data(), block.size())) > 0)
       if (!Count(count)) return false;
@@ -167,15 +175,25 @@ class Walk {
     return false;
   }
 
-  static QString Reason(archive* reader) {
+  QString Reason(archive* reader) const {
     const char* text = archive_error_string(reader);
-    return QStringLiteral("書庫が壊れているか、途中で切れています（%1）。")
-        .arg(text ? QString::fromLocal8Bit(text) : QStringLiteral("libarchive"));
+    return Broken(text ? QString::fromLocal8Bit(text) : QStringLiteral("libarchive"));
+  }
+
+  /// An archive has no lines: the place is the count of files and bytes that came out before.
+  QString Broken(const QString& reason) const {
+    return QStringLiteral(
+               "書庫が %1 個目のファイル（展開して %2 バイト）の後で壊れているか、"
+               "途中で切れています（「%3」）。")
+        .arg(m_members)
+        .arg(m_bytes)
+        .arg(reason);
   }
 
   const std::function<bool(const QString&, const QByteArray&)>& m_take;
   const ArchiveBounds& m_bounds;
   QString m_error;
+  QByteArray m_member;
   qint64 m_bytes = 0;
   int m_members = 0;
 };
@@ -189,15 +207,10 @@ bool IsArchive(const QByteArray& content) {
 ArchiveOutcome WalkArchive(const QByteArray& content,
                            const std::function<bool(const QString& member, const QByteArray& bytes)>& take,
                            const ArchiveBounds& bounds) {
-  Walk walk(take, bounds);
-  walk.Run(
-      IsGzip(content),
-      [&](archive* reader) {
-        return archive_read_open_memory(reader, content.constData(),
-                                        static_cast<std::size_t>(content.size()));
-      },
-      QString(), 1);
-  return {walk.Error()};
+  QBuffer device;
+  device.setData(content);
+  device.open(QIODevice::ReadOnly);
+  return WalkArchive(device, take, bounds);
 }
 
 ArchiveOutcome WalkArchive(QIODevice& device,
@@ -205,7 +218,7 @@ ArchiveOutcome WalkArchive(QIODevice& device,
                            const ArchiveBounds& bounds) {
   struct Source {
     QIODevice& device;
-    std::vector<char> block = std::vector<char>(65536);
+    std::vector<char> block = std::vector<char>(kBlock);
   } source{device};
   const auto give = [](archive* reader, void* data, const void** buffer) -> la_ssize_t {
     Source& from = *static_cast<Source*>(data);

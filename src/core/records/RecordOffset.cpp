@@ -17,4 +17,14 @@ double OffsetOf(const std::vector<double>& acc, double timeStep, const OffsetRul
   return PeakOf({acc.begin(), acc.begin() + static_cast<std::ptrdiff_t>(samples)}).mean;
 }
 
+QString DoubtOfOffset(const std::vector<double>& acc, double offset) {
+  constexpr double kLargestShare = 0.005;  // of the PGA
+  const RecordPeak peak = PeakOf(acc);
+  const double left = peak.mean - offset;
+  if (!(peak.pga > 0.0) || std::fabs(left) <= kLargestShare * peak.pga) return {};
+  return QStringLiteral("オフセット：平均値 %1 gal（最大加速度 %2 gal の %3 %）が残ります。")
+      .arg(QString::number(left, 'g', 4), QString::number(peak.pga, 'g', 4),
+           QString::number(100.0 * std::fabs(left) / peak.pga, 'g', 3));
+}
+
 }  // namespace tremlo

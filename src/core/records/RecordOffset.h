@@ -19,4 +19,8 @@ OffsetRule UsualOffset(const RecordReading& reading);
 /// The offset (gal) by the rule: a mean over at least one sample, 0 for none.
 double OffsetOf(const std::vector<double>& acc, double timeStep, const OffsetRule& rule);
 
+/// What is to be said when the offset leaves a mean of more than 0.5 % of the PGA in the record: the response
+/// at long periods then is that of the mean. Empty when there is nothing to say.
+QString DoubtOfOffset(const std::vector<double>& acc, double offset);
+
 }  // namespace tremlo

@@ -89,18 +89,57 @@ RecordText::RecordText(const QByteArray& content, QString name)
   } else {
     m_utf8 = QUtf8StringView(m_content.constData(), m_content.size()).isValidUtf8();
   }
-  while (!bytes.empty()) {
-    const std::size_t end = bytes.find_first_of("\r\n");
-    if (m_lines.size() == kMostLines) {
+  m_bytes = bytes;
+  FindLines();
+}
+
+void RecordText::FindLines() {
+  // The next end of either kind is looked for once, not once a line: a file may have one kind alone.
+  std::size_t feed = m_bytes.find('\n');
+  std::size_t carriage = m_bytes.find('\r');
+  m_lines.reserve(std::min(kMostLines, m_bytes.size() / 64));
+  for (std::size_t from = 0; from < m_bytes.size();) {
+    const std::size_t end = std::min(feed, carriage);
+    const std::string_view line = m_bytes.substr(from, end - from);
+    if (m_lines.size() == kMostLines || line.size() > kLongestLine) {
       m_tooLong = true;
       m_lines.clear();
       return;
     }
-    m_lines.push_back(bytes.substr(0, end));
-    if (end == std::string_view::npos) break;
-    const bool pair = bytes[end] == '\r' && end + 1 < bytes.size() && bytes[end + 1] == '\n';
-    bytes.remove_prefix(end + (pair ? 2 : 1));
+    m_lines.push_back(line);
+    if (end == std::string_view::npos) return;
+    const bool pair = carriage < feed && feed == carriage + 1;
+    from = end + (pair ? 2 : 1);
+    if (feed < from) feed = m_bytes.find('\n', from);
+    if (carriage < from) carriage = m_bytes.find('\r', from);
   }
+}
+
+std::optional<std::size_t> RecordText::LineWithZero() const {
+  if (m_bytes.find('\0') == std::string_view::npos) return std::nullopt;
+  const auto hasZero = [](std::string_view line) { return line.find('\0') != std::string_view::npos; };
+  return static_cast<std::size_t>(std::find_if(m_lines.begin(), m_lines.end(), hasZero) - m_lines.begin());
+}
+
+std::size_t RecordText::LineOfLargest(std::string_view& value) const {
+  std::size_t found = 0;
+  double largest = -1.0;
+  for (std::size_t line = 0; line < m_lines.size(); ++line) {
+    std::string_view rest = m_lines[line];
+    std::size_t at = 0;
+    while ((at = rest.find_first_of("+-.0123456789")) != std::string_view::npos) {
+      rest.remove_prefix(at);
+      double number = 0.0;
+      const std::size_t used = std::max<std::size_t>(ScanNumber(rest, number), 1);
+      if (std::fabs(number) > largest) {
+        largest = std::fabs(number);
+        found = line;
+        value = rest.substr(0, used);
+      }
+      rest.remove_prefix(used);
+    }
+  }
+  return found;
 }
 
 QString RecordText::Decode(std::string_view bytes) const {
@@ -124,9 +163,8 @@ std::string RecordText::PlainLine(std::size_t index) const {
 QString RecordText::Refusal(std::size_t line, const QString& reason, std::string_view value) const {
   QString shown = Decode(value.substr(0, static_cast<std::size_t>(kLongestValue) * 4));
   if (shown.size() > kLongestValue) shown = shown.left(kLongestValue) + u'…';
-  for (QChar& unit : shown)
-    if (unit < u' ') unit = u' ';
-  return QStringLiteral("%1: %2行目：%3（「%4」）。").arg(m_name, QString::number(line + 1), reason, shown);
+  return QStringLiteral("%1: %2行目：%3（「%4」）。")
+      .arg(m_name, QString::number(line + 1), reason, WithoutControls(shown));
 }
 
 QString RecordText::Refusal(const QString& reason) const {
@@ -175,6 +213,18 @@ bool LeadingNumber(std::string_view& text, double& value) {
   if (used == 0) return false;
   text = rest.substr(used);
   return true;
+}
+
+std::optional<double> NumberBehind(std::string_view line, std::string_view word, std::string_view* behind) {
+  for (std::size_t at = 0; (at = FindWord(line, word, at)) != std::string_view::npos; ++at) {
+    std::string_view rest = Trimmed(line.substr(at + word.size()));
+    while (!rest.empty() && (rest.front() == '=' || rest.front() == ':')) rest = Trimmed(rest.substr(1));
+    double value = 0.0;
+    if (!LeadingNumber(rest, value)) continue;
+    if (behind) *behind = Trimmed(rest);
+    return value;
+  }
+  return std::nullopt;
 }
 
 std::optional<FieldFormat> FindFieldFormat(std::string_view text) {

@@ -17,9 +17,10 @@ namespace tremlo {
 /// outlive it.
 class RecordText {
  public:
-  /// Larger files and more lines are refused: no record comes near them.
+  /// Larger files, more and longer lines are refused: no record comes near them.
   static constexpr qsizetype kMostBytes = 64 * 1024 * 1024;
   static constexpr std::size_t kMostLines = 4'000'000;
+  static constexpr std::size_t kLongestLine = 1024 * 1024;
 
   /// `name` is the file in messages.
   RecordText(const QByteArray& content, QString name);
@@ -29,11 +30,15 @@ class RecordText {
   const QString& Name() const { return m_name; }
   const QByteArray& Content() const { return m_content; }
   bool IsTooLong() const { return m_tooLong; }
+  /// The first line with a zero byte, which no text has.
+  std::optional<std::size_t> LineWithZero() const;
   std::size_t Size() const { return m_lines.size(); }
   /// A line without its end; empty behind the last one. Bytes of the file, or UTF-8 for a file in UTF-16.
   std::string_view Line(std::size_t index) const {
     return index < m_lines.size() ? m_lines[index] : std::string_view();
   }
+  /// The line with the number of largest magnitude, which becomes `value`; 0 without any.
+  std::size_t LineOfLargest(std::string_view& value) const;
   QString Decode(std::string_view bytes) const;
   /// The line in ASCII as far as it can be: the full-width forms of digits, signs and letters become plain
   /// ones; the rest is UTF-8.
@@ -44,11 +49,14 @@ class RecordText {
   QString Refusal(const QString& reason) const;  ///< of no line in particular
 
  private:
+  void FindLines();
+
   QByteArray m_content;
   QByteArray m_converted;  ///< of a file in UTF-16
   QString m_name;
   bool m_utf8 = true;
   bool m_tooLong = false;
+  std::string_view m_bytes;  ///< of all lines
   std::vector<std::string_view> m_lines;
 };
 
@@ -68,6 +76,10 @@ bool FieldNumber(std::string_view field, double& value);
 /// The number at the start of the text behind blanks, which is cut off with it.
 bool LeadingNumber(std::string_view& text, double& value);
 
+/// The number behind a word that stands alone, over blanks, "=" and ":"; `behind` becomes what follows it.
+std::optional<double> NumberBehind(std::string_view line, std::string_view word,
+                                   std::string_view* behind = nullptr);
+
 /// A Fortran format such as (8F10.5), (10I8) or (1E15.6) anywhere in the text.
 struct FieldFormat {
   std::size_t repeat = 1;
@@ -77,23 +89,6 @@ std::optional<FieldFormat> FindFieldFormat(std::string_view text);
 
 /// The cells of a line between commas.
 std::vector<std::string_view> Cells(std::string_view line);
-
-/// Puts samples marked as missing on a straight line between their neighbours; at an end the nearest one
-/// stands for them. Without any sample that is there, all become 0.
-template <class IsMissing>
-void FillMissing(std::vector<double>& acc, IsMissing isMissing) {
-  for (std::size_t first = 0; first < acc.size(); ++first) {
-    if (!isMissing(acc[first])) continue;
-    std::size_t behind = first;
-    while (behind < acc.size() && isMissing(acc[behind])) ++behind;
-    const double right = behind < acc.size() ? acc[behind] : first > 0 ? acc[first - 1] : 0.0;
-    const double left = first > 0 ? acc[first - 1] : right;
-    const double gap = static_cast<double>(behind - first + 1);
-    for (std::size_t i = first; i < behind; ++i)
-      acc[i] = left + (right - left) * static_cast<double>(i - first + 1) / gap;
-    first = behind;
-  }
-}
 
 /// What a reading of numbers in fixed columns came to.
 struct FieldBlock {

@@ -101,8 +101,8 @@ std::optional<RecordUnit> ChooseUnit(const std::optional<RecordUnit>& stated, co
                                      RecordReading& reading) {
   if (answers.unit) {
     if (stated && *stated != *answers.unit)
-      reading.warnings.push_back(QStringLiteral("単位：ファイルの記載は %1 ですが、指定の %2 で読みました。")
-                                     .arg(stated->name, answers.unit->name));
+      reading.Warn(QStringLiteral("単位：ファイルの記載は %1 ですが、指定の %2 で読みました。")
+                       .arg(stated->name, answers.unit->name));
     return answers.unit;
   }
   if (!stated) reading.Ask(RecordAsk::Unit, QStringLiteral("加速度の単位がファイルに書かれていません。"));
@@ -114,9 +114,8 @@ std::optional<double> ChooseTimeStep(const std::optional<double>& stated, const 
   const bool sound = stated && std::isfinite(*stated) && *stated > 0.0;
   if (answers.timeStep) {
     if (sound && std::fabs(*stated - *answers.timeStep) > 1e-9 * *stated)
-      reading.warnings.push_back(
-          QStringLiteral("時間間隔：ファイルでは %1 秒ですが、指定の %2 秒で読みました。")
-              .arg(QString::number(*stated, 'g', 6), QString::number(*answers.timeStep, 'g', 6)));
+      reading.Warn(QStringLiteral("時間間隔：ファイルでは %1 秒ですが、指定の %2 秒で読みました。")
+                       .arg(QString::number(*stated, 'g', 6), QString::number(*answers.timeStep, 'g', 6)));
     return answers.timeStep;
   }
   if (sound) return stated;

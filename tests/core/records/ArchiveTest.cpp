@@ -177,12 +177,60 @@ TEST(RecordArchive, TheirNumberIsBoundedOverAllLevels) {
   EXPECT_EQ(found.error, QStringLiteral("ファイルが 5 個を超えています。"));
 }
 
+TEST(RecordArchive, TwentyThousandMembersAreEnough) {
+  std::vector<Entry> entries(20001, Entry{"a", ""});
+  const Found found = WalkOver(Packed(Pack::Tar, entries));
+  EXPECT_EQ(found.members.size(), 20000);
+  EXPECT_EQ(found.error, QStringLiteral("ファイルが 20000 個を超えています。"));
+}
+
 TEST(RecordArchive, ArchivesInArchivesAreBounded) {
   QByteArray bytes = Packed(Pack::Gz, {{"x", "text\n"}});
   for (int level = 0; level < 5; ++level) bytes = Packed(Pack::TarGz, {{"x", bytes}});
   const Found found = WalkOver(bytes);
   EXPECT_TRUE(found.members.isEmpty());
   EXPECT_TRUE(found.error.contains(QStringLiteral("書庫の入れ子が 3 段を超えています")));
+}
+
+TEST(RecordArchive, PackedInPackedIsBoundedToo) {
+  QByteArray bytes = "text\n";
+  for (int level = 0; level < 5; ++level) bytes = Packed(Pack::Gz, {{"x", bytes}});
+  const Found found = WalkOver(bytes);
+  EXPECT_TRUE(found.members.isEmpty());
+  EXPECT_TRUE(found.error.contains(QStringLiteral("書庫の入れ子が 3 段を超えています")))
+      << found.error.toStdString();
+  EXPECT_EQ(WalkOver(Packed(Pack::Gz, {{"x", Packed(Pack::Gz, {{"x", "text\n"}})}})).bytes, 5);
+}
+
+TEST(RecordArchive, WhatLiesBetweenTwoLevelsCounts) {
+  // The inner level unpacks to nothing, over and over.
+  const QByteArray nothing = Packed(Pack::Gz, {{"x", ""}});
+  ASSERT_LT(nothing.size(), 100);
+  ArchiveBounds bounds;
+  bounds.mostBytes = 100000;
+  EXPECT_EQ(WalkOver(Packed(Pack::Gz, {{"x", nothing.repeated(20000)}}), bounds).error,
+            QStringLiteral("展開すると全体で 100000 バイトを超えます。"));
+}
+
+TEST(RecordArchive, AFaultNamesItsPlace) {
+  const QByteArray whole = Packed(Pack::Tar, {{"a", QByteArray(700, '1')}, {"b", QByteArray(900, '2')}});
+  EXPECT_EQ(WalkOver(whole.left(512 + 1024 + 512 + 300)).error,
+            QStringLiteral("b：書庫が 2 個目のファイル（展開して 700 バイト）の後で壊れているか、"
+                           "途中で切れています（「Truncated tar archive」）。"));
+}
+
+TEST(RecordArchive, OnlyTheWantedMembersAreRead) {
+  QStringList names;
+  QStringList read;
+  WalkRecords(
+      FixturePath(QStringLiteral("knet/20000101000000.knt.tar.gz")), {},
+      [&](RecordReading&& reading) { read << reading.member; },
+      [&](const QString& member) {
+        names << member;
+        return member.endsWith(QStringLiteral(".NS"));
+      });
+  EXPECT_EQ(names.size(), 3);
+  EXPECT_EQ(read, QStringList{QStringLiteral("SMP0010001010000.NS")});
 }
 
 TEST(RecordArchive, AnInnerArchiveMayBeLargerThanAMember) {

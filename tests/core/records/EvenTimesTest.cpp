@@ -19,6 +19,14 @@ TEST(EvenTimes, StepsPrintedInFullAreExact) {
   EXPECT_EQ(times.doubt, 0.0);
 }
 
+TEST(EvenTimes, AStepNextToAPrintedOneIsTheMean) {
+  // 0.010005 s in four decimals: 19 of 20 steps read 0.0100.
+  const EvenTimes times = FindEvenTimes(Printed(0.010005, 2001, 0.0001), 0.0001);
+  EXPECT_EQ(times.kind, EvenTimes::Even);
+  EXPECT_NEAR(times.timeStep, 0.010005, 1e-12);
+  EXPECT_GT(times.doubt, 0.0);
+}
+
 TEST(EvenTimes, RoundedStepsGiveTheirRate) {
   // 128 Hz in four decimals: no single step is 1/128.
   const EvenTimes times = FindEvenTimes(Printed(1.0 / 128.0, 1000, 0.0001), 0.0001);

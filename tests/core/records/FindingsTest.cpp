@@ -56,6 +56,16 @@ TEST(RecordFindings, EachDoubtIsTold) {
               [](RecordComponent& c) { c.acc.erase(c.acc.begin(), c.acc.begin() + 300); });
 }
 
+TEST(RecordFindings, ADoubtfulUnitNamesTheOthers) {
+  RecordComponent component = Shaking();
+  component.factor = 100.0;
+  for (double& a : component.acc) a *= 0.005;
+  EXPECT_TRUE(HasWord(FindDoubts(component), QStringLiteral("（gal なら 0.004985 gal、g なら 4.888 gal）")));
+  // Counts are in no unit.
+  component.factorText = QStringLiteral("3920(gal)/6182761");
+  EXPECT_TRUE(HasWord(FindDoubts(component), QStringLiteral("単位の疑い：最大加速度が 0.4985 gal です。")));
+}
+
 TEST(RecordFindings, CountsAreToldAtBothEnds) {
   EXPECT_TRUE(HasWord(FindDoubts(Shaking(99)), QStringLiteral("99 点しかありません")));
   EXPECT_TRUE(FindDoubts(Shaking(100)).empty());

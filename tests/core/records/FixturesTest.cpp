@@ -189,14 +189,17 @@ TEST(RecordFixtures, TheBrokenOnesAreRefusedWithFileLineAndValue) {
        QStringLiteral("92行目：時刻が等間隔ではありません（間隔 0.01 秒のはずです）（「0.92 29.183」）。")},
       {QStringLiteral("text_nan.txt"), QStringLiteral("72行目：数値でない値があります（「#N/A」）。")},
       {QStringLiteral("text_header_only.txt"),
-       QStringLiteral("2行目：数値だけの行が 10 行続く所がないまま終わっています（「Time(s) Acc(gal)」）。")},
-      {QStringLiteral("zeros_bomb.gz"), QStringLiteral("記録が入っていません。")},
+       QStringLiteral("2行目：数値だけの行がないまま終わっています（「Time(s) Acc(gal)」）。")},
+      {QStringLiteral("zeros_bomb.gz"), QStringLiteral("書庫に記録が入っていません（「0 個」）。")},
+      {QStringLiteral("cut.knt.tar.gz"),
+       QStringLiteral("の後で壊れているか、途中で切れています（「gzip を展開できません」）。")},
       {QStringLiteral("letter_in_data.EW"), QStringLiteral("22行目：")}};
   for (const auto& [name, error] : errors) {
     const QString path = test::FixturePath(QStringLiteral("broken/") + name);
     const RecordReading reading = ReadRecordFile(path).back();
     EXPECT_TRUE(reading.error.startsWith(path)) << reading.error.toStdString();
     EXPECT_TRUE(reading.error.contains(error)) << reading.error.toStdString();
+    EXPECT_TRUE(reading.error.endsWith(QStringLiteral("」）。"))) << reading.error.toStdString();
     EXPECT_TRUE(reading.components.empty());
   }
 }

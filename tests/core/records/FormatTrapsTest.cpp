@@ -4,6 +4,8 @@
 
 #include <QStringList>
 
+#include <algorithm>
+
 namespace tremlo {
 namespace {
 
@@ -120,6 +122,12 @@ TEST(KnetCsv, WhatIsNoNumberIsRefusedByLine) {
             QStringLiteral("x: 20行目：時刻が等間隔ではありません（「0.05」）。"));
 }
 
+TEST(KnetCsv, BlankLinesAtTheEndAreNoRows) {
+  const RecordReading reading = ReadText(Fixture(kKnetCsv) + "\n  \n\n");
+  EXPECT_EQ(reading.error, QString());
+  EXPECT_EQ(reading.components.front().acc.size(), 300U);
+}
+
 TEST(KnetCsv, ProvenanceAndAMissingRate) {
   const RecordReading reading = ReadText(Fixture(kKnetCsv));
   EXPECT_EQ(reading.station, QStringLiteral("SMP001"));
@@ -127,6 +135,15 @@ TEST(KnetCsv, ProvenanceAndAMissingRate) {
   EXPECT_TRUE(ReadText(Changed(kKnetCsv, "#SamplingFrequency(Hz)\n#100\n", "")).Asks(RecordAsk::TimeStep));
   EXPECT_TRUE(HasWord(ReadText(Changed(kKnetCsv, "#3\n#Offset", "#4\n#Offset")).warnings,
                       QStringLiteral("記載は 400 点、実際は 300 点")));
+}
+
+TEST(KnetCsv, TheTimesCheckAnAnsweredRateToo) {
+  const QByteArray content = Changed(kKnetCsv, "#SamplingFrequency(Hz)\n#100\n", "");
+  RecordAnswers answers;
+  answers.timeStep = 0.01;
+  EXPECT_EQ(ReadText(content, answers).error, QString());
+  answers.timeStep = 0.02;
+  EXPECT_TRUE(ReadText(content, answers).error.contains(QStringLiteral("時刻が等間隔ではありません")));
 }
 
 // JMA
@@ -142,7 +159,29 @@ TEST(JmaCsv, YearsOfTwoDigitsAndTheRateOfTheFile) {
   const RecordReading old = ReadText(Fixture(QStringLiteral("jma/SAMPLE_old50Hz.csv")));
   EXPECT_EQ(old.start, QStringLiteral("1995-01-01 00:00:10 JST"));
   EXPECT_EQ(old.components.front().timeStep, 0.02);
+  EXPECT_EQ(ReadText(Changed(kJma, "2000 01 01", "05 01 01")).start,
+            QStringLiteral("2005-01-01 00:00:10 JST"));
   EXPECT_EQ(ReadText(Fixture(kJma)).start, QStringLiteral("2000-01-01 00:00:10 JST"));
+}
+
+TEST(JmaCsv, SecondsMayHaveDecimals) {
+  EXPECT_EQ(ReadText(Changed(kJma, "2000 01 01 00 00 10", "2000 1 1 0 0 5.25")).start,
+            QStringLiteral("2000-01-01 00:00:05.25 JST"));
+}
+
+TEST(JmaCsv, AnAnswerForAllColumnsIsToldOnce) {
+  RecordAnswers answers;
+  answers.unit = UnitOfWord("m/s2");
+  EXPECT_EQ(ReadText(Changed(kJma, "gal(cm/s/s)", "mg         "), answers).warnings.front(),
+            QStringLiteral("単位：ファイルの記載は mg ですが、指定の m/s2 で読みました。"));
+  const auto told = [](const RecordReading& reading) {
+    return std::count_if(reading.warnings.begin(), reading.warnings.end(), [](const QString& warning) {
+      return warning.startsWith(QStringLiteral("単位：ファイルの記載"));
+    });
+  };
+  EXPECT_EQ(told(ReadText(Fixture(kJma), answers)), 1);
+  EXPECT_EQ(told(ReadText(Fixture(kKnetCsv), answers)), 1);
+  EXPECT_EQ(told(ReadText(Fixture(kV1a), answers)), 1);
 }
 
 TEST(JmaCsv, AHalfCharacterKeepsTheComma) {
@@ -230,6 +269,30 @@ TEST(At2, FewFillingZerosGoSilentlyOthersWithAWord) {
   EXPECT_FALSE(differs("5", row, 5));
 }
 
+TEST(At2, AllSamplesBehindTheCountAreReadOnConsent) {
+  const QByteArray content = Fixture(QStringLiteral("broken/npts_too_small.AT2"));
+  const RecordReading announced = ReadText(content);
+  EXPECT_EQ(announced.leftOut, 100U);
+  RecordAnswers answers;
+  answers.allSamples = true;
+  const RecordReading all = ReadText(content, answers);
+  EXPECT_EQ(all.components.front().acc.size(), 300U);
+  EXPECT_EQ(all.leftOut, 0U);
+  EXPECT_TRUE(HasWord(all.warnings, QStringLiteral("記載は 200 点、実際は 300 点")));
+  // Zeros that fill the last row are no samples.
+  EXPECT_EQ(
+      ReadText(Fixture(QStringLiteral("peer/SAMPLE_RSN0_360.AT2")), answers).components.front().acc.size(),
+      299U);
+}
+
+TEST(At2, TimesAndValuesAreRefusedNotReadAcross) {
+  QByteArray rows;
+  for (int i = 0; i < 20; ++i)
+    rows += QByteArray::number(0.01 * i, 'f', 2) + " " + QByteArray::number(i % 3 - 1) + ".5\n";
+  EXPECT_EQ(ReadText(At2(kInG, "NPTS= 20, DT= .01", rows)).error,
+            QStringLiteral("x: 5行目：時刻と値が並んでいます。AT2 としては読めません（「0.00 -1.5」）。"));
+}
+
 TEST(At2, TouchingColumnsAndFortranExponents) {
   const RecordReading reading =
       ReadText(At2(kInG, "NPTS= 4, DT= .01", "-0.12345678E-01-0.12345678E-02\n 1.0D-03\n-.5\n"));
@@ -297,8 +360,31 @@ TEST(Cosmos, MissingSamplesAreAskedAndFilled) {
   answers.fillMissing = true;
   const RecordReading filled = ReadText(content, answers);
   EXPECT_TRUE(filled.questions.empty());
-  EXPECT_TRUE(HasWord(filled.warnings, QStringLiteral("欠測：1 点")));
+  EXPECT_TRUE(HasWord(filled.warnings, QStringLiteral("欠測：-999（349行目から349行目）の 1 点")));
   EXPECT_EQ(filled.components.front().acc.back(), filled.components.front().acc[298]);
+}
+
+TEST(Cosmos, WhatStandsForUnknownIsNamedByTheFile) {
+  QByteArray content = Changed(kV2c, "\n   1.747267e-02\n", "\n  -8.880000e+02\n");
+  EXPECT_FALSE(ReadText(content).Asks(RecordAsk::Missing));
+  content.replace("   -999, -999.0", "   -888, -888.0");
+  EXPECT_TRUE(ReadText(content).Asks(RecordAsk::Missing));
+  // What is asked about is no maximum.
+  EXPECT_FALSE(HasWord(ReadText(content).warnings, QStringLiteral("最大加速度")));
+}
+
+TEST(Cosmos, SpectraAreRefusedByName) {
+  EXPECT_TRUE(ReadText(Changed(kV2c, "\n       2       1       4", "\n       3       1       4"))
+                  .error.contains(QStringLiteral("1行目：COSMOS のスペクトルは加速度の記録ではありません")));
+}
+
+TEST(Cosmos, ANumberThatIsNoChannelGivesWayToThePlace) {
+  QByteArray content = Fixture(kV1);
+  const qsizetype at =
+      content.indexOf("    -999    -999    -999    -999       1\n    -999    -999    -999     360");
+  ASSERT_GE(at, 0);
+  content.replace(at + 32, 8, "99999999");
+  EXPECT_EQ(Names(ReadText(content)), (QStringList{QStringLiteral("ch1"), QStringLiteral("ch2")}));
 }
 
 TEST(Cosmos, AMaximumThatDoesNotFitIsTold) {
@@ -359,6 +445,28 @@ TEST(GeoNet, ACutTellsWhatIsMissing) {
   EXPECT_TRUE(ReadText(whole.left(whole.size() / 6)).error.contains(QStringLiteral("成分1（N10E）の途中で")));
 }
 
+TEST(GeoNet, ABadLetterInTheLastLineIsNoCut) {
+  QByteArray content = Fixture(kV1a);
+  const qsizetype last = content.trimmed().lastIndexOf('\n') + 1;
+  content[last + 6] = 'x';
+  EXPECT_TRUE(ReadText(content).error.contains(QStringLiteral("数値でない欄があります")))
+      << ReadText(content).error.toStdString();
+}
+
+TEST(GeoNet, ACutWithinTheLastNumberIsACut) {
+  const QByteArray whole = Fixture(kV1a).trimmed();
+  const RecordReading reading = ReadText(whole.left(whole.size() - 1));
+  EXPECT_EQ(reading.components.size(), 2U);
+  EXPECT_TRUE(HasWord(reading.warnings, QStringLiteral("成分3（Up）の途中で終わっています")));
+  EXPECT_EQ(ReadText(whole).components.size(), 3U);
+}
+
+TEST(GeoNet, TheTimeOfTheEarthquakeIsNoStart) {
+  const RecordReading reading = ReadText(Fixture(kV1a));
+  EXPECT_EQ(reading.start, QString());
+  EXPECT_TRUE(HasWord(reading.notes, QStringLiteral("地震の時刻：2000 January 01 00:00:00 UT")));
+}
+
 TEST(GeoNet, AsterisksAndCountsThatLie) {
   EXPECT_EQ(ReadText(Changed(kV1a, "     3.0     3.2", "     3.0********")).error,
             QStringLiteral("x: 27行目：数値でない欄があります（「********」）。"));
@@ -397,6 +505,38 @@ TEST(OwnWave, NoAnswerChangesIt) {
   EXPECT_TRUE(ReadText("A, 0.01, 1\n0,1\n", answers).IsRefused());
   EXPECT_TRUE(ReadText("A, 0, 1\n0,1\n").error.contains(QStringLiteral("1行目")));
   EXPECT_TRUE(ReadText("A, 0.01, 1\n").IsRefused());
+}
+
+TEST(RecordFormats, BytesThatAreNoTextAreRefusedByName) {
+  ExpectRefusal(ReadText(QByteArray("ab\nc\0d\n", 7)),
+                QStringLiteral("x: 2行目：テキストのファイルではありません（WIN、ANS などの形式は読めません）"
+                               "（「c_d」）。"));
+}
+
+TEST(RecordFormats, ALineWithoutEndIsRefused) {
+  EXPECT_EQ(ReadText(QByteArray("1 ").repeated(600000)).error,
+            QStringLiteral(
+                "x: 大きすぎます（1200000 バイト、上限 67108864 バイト・4000000 行・1行 1048576 バイト）。"));
+  EXPECT_FALSE(ReadText(QByteArray("1 ").repeated(500000)).error.contains(QStringLiteral("大きすぎます")));
+}
+
+TEST(RecordFormats, TheNumberOfLinesIsBounded) {
+  EXPECT_FALSE(ReadText(QByteArray(4000000, '\n')).error.contains(QStringLiteral("大きすぎます")));
+  EXPECT_TRUE(ReadText(QByteArray(4000001, '\n')).error.contains(QStringLiteral("大きすぎます")));
+}
+
+TEST(RecordFormats, BlankLinesAreNoRecordOfAnyFormat) {
+  for (const RecordFormat format :
+       {RecordFormat::Unknown, RecordFormat::KnetAscii, RecordFormat::KnetCsv, RecordFormat::JmaCsv,
+        RecordFormat::Cosmos, RecordFormat::Csmip, RecordFormat::GeoNet, RecordFormat::At2,
+        RecordFormat::OwnWave, RecordFormat::FreeText})
+    ExpectRefusal(ReadRecord("\n \n", QStringLiteral("x"), {}, {}, format),
+                  QStringLiteral("x: 1行目：データがありません（「3 バイト」）。"));
+}
+
+TEST(RecordFormats, ValuesBeyondAllNumbersAreRefusedByLineAndValue) {
+  EXPECT_EQ(ReadText(At2(kInG, "NPTS= 3, DT= .01", " 1.0\n 2.5E+306 3.0\n")).error,
+            QStringLiteral("x: 6行目：値が大きすぎて gal で表せません（「2.5E+306」）。"));
 }
 
 TEST(RecordFormats, NoLocaleChangesANumber) {

@@ -188,6 +188,16 @@ TEST(FreeText, MarkersAreAskedAndFilled) {
   EXPECT_DOUBLE_EQ(filled.components.front().acc[121], (-23.893 + 25.613) / 2.0);
 }
 
+TEST(FreeText, NineHundredAndNinetyNineIsAMarkerWhenRepeated) {
+  QByteArray once = "gal\n" + TimeAndValue();
+  once.replace("\n0.10 " + Number(Value(10)).toUtf8() + '\n', "\n0.10 -999\n");
+  const RecordReading reading = ReadText(once);
+  EXPECT_TRUE(reading.questions.empty());
+  EXPECT_EQ(reading.components.front().acc[10], -999.0);
+  once.replace("\n0.20 " + Number(Value(20)).toUtf8() + '\n', "\n0.20 -999.0\n");
+  EXPECT_TRUE(ReadText(once).Asks(RecordAsk::Missing));
+}
+
 TEST(FreeText, RoundedTimesWithoutAStepAreAsked) {
   QByteArray content = test::Fixture(QStringLiteral("text/SAMPLE_time_rounded.txt"));
   content.replace("DT=0.005 s", "");
@@ -205,9 +215,86 @@ TEST(FreeText, AHeadingThatContradictsTheTimesIsTold) {
   EXPECT_TRUE(HasWord(reading.warnings, QStringLiteral("見出しは 0.02 秒、時刻の列は 0.01 秒")));
 }
 
-TEST(FreeText, NineRowsAreTooFew) {
-  EXPECT_TRUE(ReadText("gal\n" + TimeAndValue(9)).IsRefused());
-  EXPECT_FALSE(ReadText("gal\n" + TimeAndValue(10)).IsRefused());
+TEST(FreeText, FewerThanTenRowsAreAsked) {
+  const QByteArray nine = "gal\n" + TimeAndValue(9);
+  const RecordReading asked = ReadText(nine);
+  EXPECT_EQ(asked.error, QString());
+  ASSERT_TRUE(asked.Asks(RecordAsk::Lines));
+  EXPECT_TRUE(asked.questions.front().text.contains(QStringLiteral("（2行目から10行目の間に 9 行）")));
+  RecordAnswers answers;
+  answers.firstLine = 2;
+  const RecordReading answered = ReadText(nine, answers);
+  EXPECT_TRUE(answered.questions.empty());
+  ASSERT_EQ(answered.components.size(), 1U);
+  EXPECT_EQ(answered.components.front().acc.size(), 9U);
+  EXPECT_TRUE(ReadText("gal\n" + TimeAndValue(10)).questions.empty());
+}
+
+TEST(FreeText, FirstAndLastLineAreThoseOfTheAnswer) {
+  const QByteArray content = "gal\n" + TimeAndValue(40) + "ANOTHER BLOCK\n" + TimeAndValue(30);
+  RecordAnswers answers;
+  answers.firstLine = 43;
+  const RecordReading second = ReadText(content, answers);
+  EXPECT_EQ(second.error, QString());
+  EXPECT_EQ(second.components.front().acc.size(), 30U);
+  answers.firstLine = 2;
+  answers.lastLine = 21;
+  const RecordReading part = ReadText(content, answers);
+  EXPECT_EQ(part.components.front().acc.size(), 20U);
+  EXPECT_FALSE(HasWord(part.warnings, QStringLiteral("読んでいません")));
+  answers.firstLine = 42;
+  answers.lastLine.reset();
+  EXPECT_EQ(ReadText(content, answers).error,
+            QStringLiteral(
+                "x: 42行目：指定した最初の行（42行目）が数値だけの行ではありません（「ANOTHER BLOCK」）。"));
+  for (const std::size_t none : {0U, 1000U}) {
+    answers.firstLine = none;
+    EXPECT_TRUE(ReadText(content, answers).IsRefused());
+  }
+}
+
+TEST(FreeText, DecimalCommasAreAskedOfAFirstLineToo) {
+  RecordAnswers answers;
+  answers.firstLine = 2;
+  const QByteArray content = "gal\n0,00;0,058\n0,01;-0,082\n0,02;0,039\n";
+  EXPECT_TRUE(ReadText(content, answers).Asks(RecordAsk::DecimalComma));
+  answers.decimalComma = true;
+  EXPECT_EQ(ReadText(content, answers).components.front().acc, (std::vector<double>{0.058, -0.082, 0.039}));
+}
+
+TEST(FreeText, VelocityAndDisplacementAreNoAcceleration) {
+  const auto rows = Rows(50, [](int i) {
+    return Number(0.01 * i, 2) + u',' + Number(Value(i)) + u',' + Number(0.1 * Value(i)) + u',' +
+           Number(0.01 * Value(i));
+  });
+  for (const char* titles : {"Time(s),Acc(gal),Vel(cm/s),Dis(cm)",
+                             "Time (s), Acc (gal), Vel (kine), Disp (mm)", "# time gal velocity displacement",
+                             "時刻,加速度(gal),速度(cm/s),変位(cm)", "gal\n時刻,加速度,速度,変位"}) {
+    const RecordReading reading = ReadText(QByteArray(titles) + '\n' + rows);
+    EXPECT_EQ(reading.error, QString()) << titles;
+    ASSERT_EQ(reading.components.size(), 1U) << titles;
+    EXPECT_EQ(reading.components.front().unit, QStringLiteral("gal")) << titles;
+    EXPECT_EQ(reading.components.front().acc[7], Number(Value(7)).toDouble()) << titles;
+    EXPECT_TRUE(HasWord(reading.warnings, QStringLiteral("は加速度ではないので読みません。"))) << titles;
+  }
+  EXPECT_EQ(ReadText("gal\nTime(s) Vel(cm/s)\n" + TimeAndValue()).error,
+            QStringLiteral("x: 2行目：加速度の列がありません（「Time(s) Vel(cm/s)」）。"));
+}
+
+TEST(FreeText, ManyColumnsReadAcrossAreTold) {
+  const QByteArray rows = Rows(40, [](int i) {
+    QString text;
+    for (int k = 0; k < 6; ++k) text += Number(Value(6 * i + k)) + u' ';
+    return text;
+  });
+  EXPECT_TRUE(HasWord(ReadText("gal dt 0.01\n" + rows).warnings,
+                      QStringLiteral("6 列を、横に続く 1 成分（240 点）として読みました")));
+  RecordAnswers answers;
+  answers.layout = RecordLayout::Across;
+  for (const RecordReading& sure :
+       {ReadText("gal dt 0.01\n" + rows, answers), ReadText("gal dt 0.01 (6F8.3)\n" + rows),
+        ReadText("gal dt 0.01 NPTS 240\n" + rows)})
+    EXPECT_FALSE(HasWord(sure.warnings, QStringLiteral("並び")));
 }
 
 TEST(FreeText, CutAnywhereItNeverCrashes) {

@@ -1,3 +1,4 @@
+#include "core/records/MissingSamples.h"
 #include "core/records/RecordText.h"
 #include "support/CommaLocale.h"
 #include "support/TestFolder.h"
@@ -86,7 +87,7 @@ TEST(RecordText, ABlankFieldBetweenTwoIsNoZero) {
   EXPECT_EQ(block.error, QStringLiteral("x: 1行目：数値でない欄があります（「」）。"));
 }
 
-TEST(RecordText, MissingSamplesLieOnAStraightLine) {
+TEST(MissingSamples, LieOnAStraightLine) {
   std::vector<double> acc = {-9.0, 1.0, -9.0, -9.0, 4.0, -9.0};
   FillMissing(acc, [](double a) { return a == -9.0; });
   EXPECT_EQ(acc, (std::vector<double>{1.0, 1.0, 2.0, 3.0, 4.0, 4.0}));
