@@ -48,8 +48,7 @@ void PrintObject(const WaveInput& seed, const Adjustment& result, const Figures&
   PrintJson(json);
 }
 
-void PrintSummary(const WaveInput& seed, const Adjustment& result, const Figures& figures,
-                  double tolerance) {
+void PrintSummary(const WaveInput& seed, const Adjustment& result, const Figures& figures, double tolerance) {
   const auto percent = [](double fraction) { return QString::number(fraction * 100.0, 'f', 2); };
   PrintWaveLine(seed);
   PrintLine(QStringLiteral("調整後：%1 点").arg(result.acc.size()));

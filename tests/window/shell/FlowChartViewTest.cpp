@@ -1,5 +1,5 @@
-#include "window/graphs/JapaneseFont.h"
 #include "window/graphs/ChartPaint.h"
+#include "window/graphs/JapaneseFont.h"
 #include "window/shell/FlowChartView.h"
 
 #include <QAccessible>
