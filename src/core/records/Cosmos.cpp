@@ -212,6 +212,7 @@ void ReadCosmos(const RecordText& text, const RecordAnswers& answers, RecordRead
       refuse(QStringLiteral("この後に加速度のデータがありません"), channel.countLine);
       break;
     }
+    reading.dataLines.push_back({channel.line, block.next});
     if (block.values.size() != channel.count)
       reading.warnings.push_back(CountsDiffer(channel.count, block.values.size()));
     const double intoHeader = channel.whole[2];

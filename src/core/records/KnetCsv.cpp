@@ -94,6 +94,7 @@ void ReadKnetCsv(const RecordText& text, const RecordAnswers& answers, RecordRea
   }
   const std::optional<double> step = ChooseTimeStep(header.timeStep, answers, reading);
 
+  reading.dataLines.push_back({header.size, text.Size()});
   double firstTime = 0.0;
   for (std::size_t line = header.size; line < text.Size(); ++line) {
     if (Trimmed(text.Line(line)).empty() && line + 1 == text.Size()) break;

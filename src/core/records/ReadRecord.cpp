@@ -105,6 +105,7 @@ RecordReading ReadRecord(const QByteArray& content, const QString& file, const Q
     return reading;
   }
   NumberDoubles(reading.components);
+  reading.doubtsFrom = reading.warnings.size();
   for (const RecordComponent& component : reading.components) {
     if (!reading.questions.empty()) break;
     for (QString& doubt : FindDoubts(component)) reading.warnings.push_back(std::move(doubt));
