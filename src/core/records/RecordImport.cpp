@@ -130,8 +130,27 @@ void RecordImport::Read() {
   const auto isChosen = [](const Component& component) { return component.chosen; };
   if (m_onlyOne && !m_components.empty() && std::none_of(m_components.begin(), m_components.end(), isChosen))
     m_components.front().chosen = true;
+  for (const RecordAsk ask :
+       {RecordAsk::Unit, RecordAsk::TimeStep, RecordAsk::Layout, RecordAsk::Missing, RecordAsk::DecimalComma})
+    if (!IsAnswered(ask)) m_open[static_cast<std::size_t>(ask)] = Asks(ask);
   if (!m_answers.unit) ReadStatedUnit();
   if (!m_answers.timeStep) ReadStatedStep();
+}
+
+bool RecordImport::IsAnswered(RecordAsk ask) const {
+  switch (ask) {
+    case RecordAsk::Unit:
+      return m_answers.unit.has_value();
+    case RecordAsk::TimeStep:
+      return m_answers.timeStep.has_value();
+    case RecordAsk::Layout:
+      return m_answers.layout.has_value();
+    case RecordAsk::Missing:
+      return m_answers.fillMissing;
+    case RecordAsk::DecimalComma:
+      break;
+  }
+  return m_answers.decimalComma.has_value();
 }
 
 void RecordImport::ReadStatedUnit() {

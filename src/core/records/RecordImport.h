@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 
+#include <array>
 #include <optional>
 
 namespace tremlo {
@@ -65,11 +66,13 @@ class RecordImport {
   /// What the files state without an answer; empty where they do not, or not all alike.
   const QString& StatedUnit() const { return m_statedUnit; }
   std::optional<double> StatedTimeStep() const { return m_statedStep; }
-  bool Asks(RecordAsk ask) const;  ///< whether one of the files leaves it open
-  bool TakesUnit() const;          ///< whether a unit can be answered
-  bool TakesTimeStep() const;      ///< the same for the step
-  bool TakesLayout() const;        ///< for layout and decimal comma
-  bool TakesMissing() const;       ///< for missing samples
+  bool Asks(RecordAsk ask) const;  ///< whether one of the files asks it now
+  /// Whether it is answered by the user alone: a file asked it before it was answered.
+  bool IsOpen(RecordAsk ask) const { return m_open[static_cast<std::size_t>(ask)]; }
+  bool TakesUnit() const;      ///< whether a unit can be answered
+  bool TakesTimeStep() const;  ///< the same for the step
+  bool TakesLayout() const;    ///< for layout and decimal comma
+  bool TakesMissing() const;   ///< for missing samples
 
   /// Until one is set, what is usual for each file.
   void SetOffset(std::optional<OffsetRule> rule) { m_offset = rule; }
@@ -108,6 +111,7 @@ class RecordImport {
   };
 
   void Read();
+  bool IsAnswered(RecordAsk ask) const;
   void ReadStatedUnit();
   void ReadStatedStep();
   RecordAnswers AnswersFor(RecordFormat format) const;
@@ -121,6 +125,7 @@ class RecordImport {
   bool m_onlyOne;
   RecordFormat m_format;
   RecordAnswers m_answers;
+  std::array<bool, 5> m_open{};  ///< by RecordAsk
   QString m_statedUnit;
   std::optional<double> m_statedStep;
   std::optional<OffsetRule> m_offset;

@@ -447,7 +447,7 @@ void CDlgImportRecord::ShowFields() {
   };
   const QString open = QStringLiteral("（選んでください）");
   QStringList units;
-  if (!answers.unit && m_import.Asks(RecordAsk::Unit))
+  if (m_import.IsOpen(RecordAsk::Unit))
     units << open;
   else if (m_import.StatedUnit().isEmpty())
     units << QStringLiteral("ファイルの記載のとおり");
@@ -469,7 +469,7 @@ void CDlgImportRecord::ShowFields() {
   m_stepEdit->setEnabled(m_import.TakesTimeStep());
 
   const QString automatic = QStringLiteral("自動");
-  const auto asked = [&](RecordAsk ask) { return m_import.Asks(ask) ? open : automatic; };
+  const auto asked = [&](RecordAsk ask) { return m_import.IsOpen(ask) ? open : automatic; };
   fill(*m_layoutCombo,
        {asked(RecordAsk::Layout), QStringLiteral("列ごとに 1 成分"), QStringLiteral("横に続く 1 成分")},
        !answers.layout                            ? 0

@@ -122,7 +122,8 @@ TEST(RecordImport, WhatTheFileLeavesOpenStandsInTheWayUntilItIsAnswered) {
   }
   EXPECT_FALSE(import.Fault());
   EXPECT_NEAR(PeakOf(import.Wave(0).acc).pga, 90.700143, 1e-5);
-  EXPECT_TRUE(import.Asks(RecordAsk::Unit) == false);
+  EXPECT_FALSE(import.Asks(RecordAsk::Unit));
+  EXPECT_TRUE(import.IsOpen(RecordAsk::Unit));
 }
 
 TEST(RecordImport, WhatTheFileStatesIsKnownAlsoBehindAnAnswer) {
@@ -218,8 +219,9 @@ TEST(RecordImport, OfSeveralFilesEachWarningNamesItsOwn) {
 }
 
 TEST(RecordImport, FilesThatDifferInWhatIsUsualKeepTheirOwnUntilARuleIsSet) {
-  RecordImport import({FileOf(QStringLiteral("geonet/SAMPLE_SMPL.V1A")), FileOf(QStringLiteral("geonet/SAMPLE_SMPL.V2A"))},
-                      false);
+  RecordImport import(
+      {FileOf(QStringLiteral("geonet/SAMPLE_SMPL.V1A")), FileOf(QStringLiteral("geonet/SAMPLE_SMPL.V2A"))},
+      false);
   EXPECT_TRUE(import.UsualOffsetsDiffer());
   EXPECT_EQ(import.OffsetOfFile(0).kind, OffsetRule::Whole);
   EXPECT_EQ(import.OffsetOfFile(1).kind, OffsetRule::None);

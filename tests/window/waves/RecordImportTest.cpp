@@ -232,6 +232,7 @@ TEST_F(RecordImportScreen, WhatIsAskedHasTheFocusAndOkTellsWhatIsMissing) {
     EXPECT_EQ(QApplication::focusWidget()->objectName(), "unitCombo");
     for (int i = 0; i < 3; ++i) PressKey(Qt::Key_Down);
     EXPECT_EQ(In<QComboBox>(dialog, "unitCombo").currentText(), "m/s2");
+    EXPECT_EQ(In<QComboBox>(dialog, "unitCombo").itemText(0), "（選んでください）");
     PressIn(dialog, "okButton");
   });
   ReadFixture("warn/SAMPLE_no_unit.txt", 1);
