@@ -13,6 +13,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent))
 
 from desktop import Desktop, wait_until  # noqa: E402
 from driver import ROLE, STATE, Atspi, states  # noqa: E402
+from hands import Keys  # noqa: E402
 import route  # noqa: E402
 from route import NEW, OPEN, ROOT, SAVE_AS, UNSAVED, tools  # noqa: E402
 
@@ -22,6 +23,7 @@ SEED, TARGET, RESULT = "原種波形設定", "調整用スペクトル設定", "
 READ_WAVE, READ_TARGET = "波形データ読込", "加速度応答スペクトル読込"
 EXPORT_SEED, EXPORT_ADJUSTED = "原種波形の出力", "調整後波形の出力"
 RUNNING = "計算中"
+IMPORT, MEMBERS, MEMBER_GRID = "記録の読込", "書庫のファイルの選択", "書庫のファイル"
 NO_SEED = "原種波形が設定されていません。"
 NO_TARGET = "調整用スペクトルのデータがありません。"
 BAD_NAME = "地震波形名の入力エラーです。"
@@ -355,6 +357,60 @@ class ResponseRoute(route.Route):
         self.assertEqual([program.cell("波形データ", row, 1) for row in range(5)], ["13", "14", "15", "16", "17"])
         program.screenshot("typed_ahead")
         self.close(program, "いいえ(N)")
+
+    def test_records_come_in_by_the_keys_alone(self):
+        records = ROOT / "tests/data/records"
+        program = self.start()
+        hands = Keys(program)
+
+        # One component whose file says all.
+        hands.press(READ_WAVE)
+        program.choose_file(READ_WAVE, records / "knet/SMP0010001010000.EW")
+        program.until(lambda: program.text("波形名") == "SMP001 EW", "record read")
+        program.until(lambda: any("K-NET ASCII" in name for name in self.lines(program)), "line of the record")
+        program.screenshot("record_line")
+
+        # Of an archive one member: nothing is taken before the choice, and Escape leaves all as it was.
+        for member, name in ((None, "SMP001 EW"), ("smph01 ew2", "SMPH01 EW2")):
+            hands.press(READ_WAVE)
+            program.choose_file(READ_WAVE, records / "knet/20000101000000.tar")
+            program.until(lambda: program.dialogs() == [MEMBERS], "list of members")
+            program.until(lambda: (program.focused() or ("", ""))[1] == "検索", "focus on the search")
+            program.screenshot("record_members")
+            if member is None:
+                program.keys("Escape")
+            else:
+                program.type(member)
+                program.until(lambda: len(program.rows(MEMBER_GRID)) == 1, "the search")
+                program.keys("Return", "space")
+                program.until(lambda: self.is_checked(program, MEMBER_GRID, 0), "member chosen")
+                hands.press("OK")
+            program.until(lambda: not program.dialogs() and program.text("波形名") == name, f"wave {name}")
+
+        # Three components: the dialog, of whose list one is chosen and whose step is typed anew.
+        hands.press(READ_WAVE)
+        program.choose_file(READ_WAVE, records / "jma/SAMPLE_99901.csv")
+        program.until(lambda: program.dialogs() == [IMPORT], "import dialog")
+        program.until(lambda: self.is_checked(program, "成分", 0), "components")
+        program.screenshot("record_import")
+        self.assertEqual(program.nameless(), [])
+        hands.touch("成分", 1, 0)
+        program.until(lambda: self.is_checked(program, "成分", 1) and not self.is_checked(program, "成分", 0), "EW chosen")
+        program.focus("時間間隔", [ROLE.TEXT])
+        program.type("0.02")
+        program.keys("Return")
+        program.until(lambda: "0.02" in program.text("確認と警告"), "warning about the step")
+        self.assertEqual(program.dialogs(), [IMPORT])
+        program.keys("Return")
+        program.until(lambda: not program.dialogs() and program.text("波形名").endswith("EW"), "component read")
+        self.assertEqual(program.text("時間間隔"), "0.02")
+        self.close(program, "いいえ(N)")
+
+    def lines(self, program):
+        return [node.get_name() for node in program.nodes() if node.get_role() == ROLE.LABEL]
+
+    def is_checked(self, program, table, row):
+        return states(Atspi.Table.get_accessible_at(program.find(table, ROLE.TABLE), row, 0)).contains(STATE.CHECKED)
 
     def test_every_control_has_a_name(self):
         program = self.start()

@@ -34,6 +34,7 @@ class Bytes {
   void Add(const CSeismicWaveSet& set) { Add(set.Records()); }
   void Add(const WaveGraphSetting& graph);
   void Add(const CSeismicWave& wave);
+  void Add(const RecordNote& record);
   void Add(const FaultInfo& fault);
   void Add(const SiteRecord& site);
   void Add(const ApiParameterSet& parameters);
@@ -75,11 +76,18 @@ void Bytes::Add(const CSeismicWave& wave) {
   const auto& [name, spectrumValid, timeStep, acc, current, origGraph, siteColor, siteShow, siteUse, periods,
                accSpec, lowerSelected, lowerGraph, baseColor, baseShow, baseSelected, spectrumArea,
                adjustColor, baseAdjustShow, adjustShow, adopted, adjustChecked, adjustedAcc, adjustedPeriods,
-               adjustedSpec, adjusted] = wave;
+               adjustedSpec, adjusted, note] = wave;
   AddAll(name, spectrumValid, timeStep, acc, current, origGraph, siteColor, siteShow, siteUse, periods,
          accSpec, lowerSelected, lowerGraph, baseColor, baseShow, baseSelected, spectrumArea, adjustColor,
          baseAdjustShow, adjustShow, adopted, adjustChecked, adjustedAcc, adjustedPeriods, adjustedSpec,
-         adjusted);
+         adjusted, note);
+}
+
+void Bytes::Add(const RecordNote& record) {
+  const auto& [file, member, format, station, component, start, count, timeStep, unit, factor, offset,
+               corrected, cut, from, to, warnings] = record;
+  AddAll(file, member, static_cast<std::int32_t>(format), station, component, start, count, timeStep, unit,
+         factor, offset, corrected, cut, from, to, warnings);
 }
 
 void Bytes::Add(const FaultInfo& fault) {

@@ -18,10 +18,15 @@ class ScriptedFiles : public FileDialogs {
   ScriptedFiles(const ScriptedFiles&) = delete;
   ScriptedFiles& operator=(const ScriptedFiles&) = delete;
 
-  void Choose(const QString& path) { m_answers << path; }
+  /// `filter`: the place of the one that the file is chosen under.
+  void Choose(const QString& path, int filter = 0) {
+    m_answers << path;
+    m_filter = filter;
+  }
   void Cancel() { m_answers << QString(); }
 
   QString AskOpenPath(const FileQuestion& question) override { return Next(opened, question); }
+  FileChoice AskOpenFile(const FileQuestion& question) override { return {Next(opened, question), m_filter}; }
   QString AskSavePath(const FileQuestion& question) override { return Next(saved, question); }
 
   std::vector<FileQuestion> opened, saved;
@@ -35,6 +40,7 @@ class ScriptedFiles : public FileDialogs {
   }
 
   QStringList m_answers;
+  int m_filter = 0;
 };
 
 }  // namespace tremlo::test

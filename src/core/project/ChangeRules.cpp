@@ -104,6 +104,9 @@ bool ChangeRules::ChangeWaveData(const QString& waveName, const std::function<vo
     if (!Ask(AdjustedWaveDataQuestion())) return false;
     m_doc.ClearAdjustment();
   }
+  // Of two waves of the name it is the first that changes.
+  const std::size_t changed = m_doc.seedWaves.IndexOf(name);
+  if (changed < m_doc.seedWaves.Count()) m_doc.seedWaves.At(changed).note.reset();
   apply();
   m_doc.seedWaves.SetSpectrumValid(name, false);
   m_doc.SetModified(true);

@@ -65,6 +65,7 @@ void StoreRespAdjustment(CMorvaneDoc& doc, const AdjustResult& result) {
 }
 
 void ChangeRespWave(CMorvaneDoc& doc, const std::function<void()>& apply) {
+  if (!doc.seedWaves.IsEmpty()) doc.seedWaves.At(0).note.reset();
   apply();
   if (!doc.seedWaves.IsEmpty()) doc.seedWaves.At(0).spectrumValid = false;
   ClearRespAdjustment(doc);

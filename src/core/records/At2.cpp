@@ -131,6 +131,7 @@ void ReadAt2(const RecordText& text, const RecordAnswers& answers, RecordReading
   const QString filter = FilterNote(text.Line(countLine));
   if (!filter.isEmpty()) reading.notes.push_back(filter);
 
+  reading.dataLines.push_back({countLine + 1, text.Size()});
   RecordComponent component;
   component.name = name;
   std::size_t linesOfData = 0;

@@ -217,6 +217,7 @@ void ReadCosmos(const RecordText& text, const RecordAnswers& answers, RecordRead
     }
     RecordComponent component;
     component.name = NameOfChannel(channel, channels.size());
+    reading.dataLines.push_back({channel.line, block.next});
     if (block.values.size() != channel.count)
       reading.Warn(CountsDiffer(channel.count, block.values.size(), component.name));
     const double intoHeader = channel.whole[2];

@@ -107,8 +107,11 @@ void ReadCsmip(const RecordText& text, const RecordAnswers& answers, RecordReadi
       }
       if (values.values.size() != block->count)
         reading.Warn(CountsDiffer(block->count, values.values.size(), component.name));
+      if (kind == "accel") {
+        reading.dataLines.push_back({line + 1, values.next});
+        component.acc = std::move(values.values);
+      }
       line = values.next;
-      if (kind == "accel") component.acc = std::move(values.values);
     }
     if (component.acc.empty())
       return refuse(QStringLiteral("この後に加速度のデータがありません"), first + kHeaderLines);

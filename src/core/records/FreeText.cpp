@@ -165,6 +165,8 @@ void ReadFreeText(const RecordText& text, const RecordAnswers& answers, RecordRe
     reading.error = rows.Error();
     return;
   }
+  const std::size_t lastRow = rows.Size() + (rows.HasShortRow() ? 1 : 0) - 1;
+  reading.dataLines.push_back({rows.First(), rows.LineOfRow(lastRow) + 1});
   Heading heading = ReadHeading(text, rows);
   const std::size_t columns = rows.Columns();
   const EvenTimes times = columns > 1 ? FindEvenTimes(rows.Column(0), rows.TimeUnit()) : EvenTimes();

@@ -60,7 +60,9 @@ class Reader {
                                        Trimmed(m_text.Line(first + kTextLines + 3)));
       return Part::Refused;
     }
+    const std::size_t firstOfData = m_line;
     if (const Part part = Fields(counts[0], component.acc); part != Part::Read) return part;
+    m_reading.dataLines.push_back({firstOfData, m_line});
     for (const std::size_t count : {counts[1], counts[2]}) {
       std::vector<double> passedOver;
       if (const Part part = Fields(count, passedOver); part != Part::Read) return part;

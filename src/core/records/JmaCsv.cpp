@@ -105,6 +105,7 @@ void ReadJmaCsv(const RecordText& text, const RecordAnswers& answers, RecordRead
         text.Refusal(line, QStringLiteral("この後に加速度のデータがありません"), Trimmed(text.Line(line)));
     return;
   }
+  reading.dataLines.push_back({line + 1, last});
   for (++line; line < last; ++line) {
     const std::vector<std::string_view> cells = Cells(text.Line(line));
     for (std::size_t i = 0; i < std::max(cells.size(), names.size()); ++i) {

@@ -166,6 +166,7 @@ void ReadKnetAscii(const RecordText& text, const RecordAnswers& answers, RecordR
   if (memo.contains(QStringLiteral("component-corrected")))
     reading.notes.push_back(QStringLiteral("Memo：") + memo);
 
+  reading.dataLines.push_back({header.Size(), text.Size()});
   if (!ReadCounts(text, header.Size(), component.acc, reading.error)) return;
   if (component.acc.empty()) {
     reading.error = text.Refusal(header.Size() - 1, QStringLiteral("この後に加速度のデータがありません"),

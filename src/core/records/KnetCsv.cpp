@@ -92,6 +92,7 @@ void ReadKnetCsv(const RecordText& text, const RecordAnswers& answers, RecordRea
 
   // An answer against the file is told, and the times are those of the file.
   const std::optional<double> even = header.timeStep ? header.timeStep : step;
+  reading.dataLines.push_back({header.size, text.Size()});
   double firstTime = 0.0;
   std::size_t end = text.Size();
   while (end > header.size && Trimmed(text.Line(end - 1)).empty()) --end;

@@ -77,6 +77,7 @@ void ReadOwnWave(const RecordText& text, const RecordAnswers& answers, RecordRea
     reading.error = text.Refusal(0, QStringLiteral("この後に加速度のデータがありません"), text.Line(0));
     return;
   }
+  reading.dataLines.push_back({1, text.Size()});
   reading.station = name.simplified();
   component.unit = QStringLiteral("gal");
   component.factor = 1.0;

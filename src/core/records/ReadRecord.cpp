@@ -118,6 +118,7 @@ RecordReading ReadRecord(const QByteArray& content, const QString& file, const Q
     return reading;
   }
   NumberDoubles(reading.components);
+  reading.doubtsFrom = reading.warnings.size();
   for (const RecordComponent& component : reading.components) {
     if (!reading.questions.empty()) break;
     for (const QString& doubt : FindDoubts(component)) reading.Warn(doubt);

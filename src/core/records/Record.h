@@ -69,6 +69,14 @@ struct RecordComponent {
   std::vector<double> acc;  ///< gal, offset not removed; as in the file while the unit is asked
 };
 
+/// Lines of a file, counted from 0.
+struct LineRange {
+  std::size_t first = 0;
+  std::size_t behind = 0;  ///< the first that is no longer among them
+
+  bool operator==(const LineRange&) const = default;
+};
+
 /// What one file, or one member of an archive, holds.
 struct RecordReading {
   QString file;    ///< its path
@@ -79,7 +87,10 @@ struct RecordReading {
   QString start;           ///< of the record, with its zone; empty when the file does not say
   bool corrected = false;  ///< the file says that its offset has been dealt with
   std::vector<RecordComponent> components;
+  std::vector<LineRange> dataLines;  ///< from which the samples come
   std::vector<QString> warnings;
+  std::size_t doubtsFrom =
+      0;  ///< the first of the warnings that the samples give rise to, as opposed to the text
   std::vector<QString> notes;  ///< worth knowing, no cause for doubt
   std::vector<RecordQuestion> questions;
   std::size_t leftOut = 0;  ///< samples behind the announced count that were not read

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "core/records/RecordNote.h"
 #include "core/waves/WaveGraphSetting.h"
 
 #include <QString>
 
 #include <cstdint>
 #include <limits>
+#include <optional>
 #include <vector>
 
 namespace tremlo {
@@ -42,6 +44,9 @@ struct CSeismicWave {
   std::vector<double> adjustedPeriods;  ///< period axis of `adjustedSpec`, longest first
   std::vector<double> adjustedSpec;
   bool adjusted = false;  ///< the three vectors above are present and valid
+
+  /// Of samples as they were read from a file in this run; not part of the project file.
+  std::optional<RecordNote> note;
 
   bool operator==(const CSeismicWave&) const = default;
 };

@@ -18,10 +18,6 @@ namespace tremlo {
 
 namespace {
 
-QString CannotOpen(const QString& path) {
-  return path + QStringLiteral("を開けません。（読み取りオープン）");
-}
-
 void AppendNumber(std::string& text, double value) {
   std::array<char, 32> digits{};
   const auto [end, error] =
@@ -31,10 +27,14 @@ void AppendNumber(std::string& text, double value) {
 
 }  // namespace
 
+QString CannotOpenText(const QString& path) {
+  return path + QStringLiteral("を開けません。（読み取りオープン）");
+}
+
 std::optional<QString> ReadWaveFile(const QString& path, QString& name, double& timeStep,
                                     std::vector<double>& acc) {
   QByteArray content;
-  if (!ReadWholeFile(path, content)) return CannotOpen(path);
+  if (!ReadWholeFile(path, content)) return CannotOpenText(path);
   ParseWave(content, name, timeStep, acc);
   return std::nullopt;
 }
@@ -42,7 +42,7 @@ std::optional<QString> ReadWaveFile(const QString& path, QString& name, double& 
 std::optional<QString> ReadSpectrumFile(const QString& path, QString& name, std::vector<double>& periods,
                                         std::vector<double>& values, std::size_t* pairs) {
   QByteArray content;
-  if (!ReadWholeFile(path, content)) return CannotOpen(path);
+  if (!ReadWholeFile(path, content)) return CannotOpenText(path);
   const std::size_t found = ParseSpectrum(content, name, periods, values);
   if (pairs) *pairs = found;
   return std::nullopt;

@@ -17,6 +17,9 @@ namespace tremlo {
 /// each further line a pair of numbers, in a wave file time and acceleration (s, gal), in a spectrum file
 /// period and response (s, gal).
 
+/// The user's message about a file that cannot be opened to be read.
+QString CannotOpenText(const QString& path);
+
 /// Reads a wave file. The time column is ignored. The scan of a line is not tested: a line without a second
 /// number, a blank one included, repeats the sample before it (0 before any). A first line that does not scan
 /// leaves `name` empty or `timeStep` at 0. Returns the user's message when the file cannot be opened; the

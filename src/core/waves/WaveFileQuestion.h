@@ -12,6 +12,13 @@ inline FileQuestion WaveFileToRead(const QString& title) {
           .proposedName = {}};
 }
 
+/// The same for a record of any format, with a filter more: in the order of RecordFilter.
+inline FileQuestion RecordFileToRead(const QString& title) {
+  FileQuestion question = WaveFileToRead(title);
+  question.nameFilters += QStringLiteral(";;テキスト形式の記録 (*.*)");
+  return question;
+}
+
 inline FileQuestion WaveFileToWrite(const QString& title, const QString& proposedName) {
   return {.title = title,
           .nameFilters = QStringLiteral("CSVファイル (*.csv)"),

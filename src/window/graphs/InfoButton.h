@@ -15,6 +15,12 @@ class InfoButton : public QToolButton {
   /// A screen reader says `spokenName`, which is the tool tip as well.
   InfoButton(const char* objectName, const QString& spokenName, const QString& text, Prompt& prompt,
              CommandGate& gate, QWidget* parent);
+  /// Of a dialog, which no command gets in front of.
+  InfoButton(const char* objectName, const QString& spokenName, const QString& text, Prompt& prompt,
+             QWidget* parent);
+
+ private:
+  InfoButton(const char* objectName, const QString& spokenName, QWidget* parent);
 };
 
 }  // namespace tremlo

@@ -2,6 +2,7 @@
 
 #include "window/graphs/BodyRoom.h"
 
+#include <QApplication>
 #include <QStyle>
 
 namespace tremlo {
@@ -11,6 +12,10 @@ ScrolledBody::ScrolledBody(QWidget* parent) : QScrollArea(parent) {
   setFrameShape(QFrame::NoFrame);
   setWidgetResizable(true);
   setFocusPolicy(Qt::NoFocus);
+  // The area itself follows the tab key from one of its own controls alone, not from the buttons below it.
+  connect(qApp, &QApplication::focusChanged, this, [this](const QWidget*, QWidget* now) {
+    if (now && widget() && widget()->isAncestorOf(now)) ensureWidgetVisible(now);
+  });
 }
 
 void ScrolledBody::Fit(const QWidget& buttons) {

@@ -10,6 +10,8 @@
 #include <QRegularExpression>
 #include <QStandardPaths>
 
+#include <algorithm>
+
 namespace tremlo {
 
 namespace {
@@ -57,6 +59,10 @@ class SaveDialog : public QFileDialog {
 }  // namespace
 
 QString FileDialogBoxes::AskOpenPath(const FileQuestion& question) {
+  return AskOpenFile(question).path;
+}
+
+FileChoice FileDialogBoxes::AskOpenFile(const FileQuestion& question) {
   QFileDialog dialog(FrontWindow());
   dialog.setAcceptMode(QFileDialog::AcceptOpen);
   dialog.setFileMode(QFileDialog::ExistingFile);
@@ -68,7 +74,7 @@ QString FileDialogBoxes::AskSavePath(const FileQuestion& question) {
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
   FollowKind(dialog);
-  return Ask(dialog, question);
+  return Ask(dialog, question).path;
 }
 
 QString FileDialogBoxes::StartFolder() const {
@@ -81,19 +87,21 @@ QString FileDialogBoxes::StartFolder() const {
   return QDir::homePath();
 }
 
-QString FileDialogBoxes::Ask(QFileDialog& dialog, const FileQuestion& question) {
+FileChoice FileDialogBoxes::Ask(QFileDialog& dialog, const FileQuestion& question) {
   dialog.setObjectName(QStringLiteral("fileDialog"));
   dialog.setOption(QFileDialog::DontUseNativeDialog);
   dialog.setWindowTitle(question.title);
-  dialog.setNameFilters(question.nameFilters.split(QStringLiteral(";;")));
+  const QStringList filters = question.nameFilters.split(QStringLiteral(";;"));
+  dialog.setNameFilters(filters);
   ShowAllFiles(dialog);
   dialog.setDefaultSuffix(question.suffix);
   dialog.setDirectory(StartFolder());
   if (!question.proposedName.isEmpty()) dialog.selectFile(question.proposedName);
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
-  QString path = dialog.selectedFiles().front();
-  m_lastFolder = QFileInfo(path).absolutePath();
-  return path;
+  FileChoice choice{dialog.selectedFiles().front()};
+  choice.filter = std::max(0, static_cast<int>(filters.indexOf(dialog.selectedNameFilter())));
+  m_lastFolder = QFileInfo(choice.path).absolutePath();
+  return choice;
 }
 
 }  // namespace tremlo

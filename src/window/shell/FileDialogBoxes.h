@@ -13,11 +13,12 @@ class FileDialogBoxes : public FileDialogs {
   explicit FileDialogBoxes(const CMorvaneDoc& doc) : m_doc(doc) {}
 
   QString AskOpenPath(const FileQuestion& question) override;
+  FileChoice AskOpenFile(const FileQuestion& question) override;
   QString AskSavePath(const FileQuestion& question) override;
 
  private:
   QString StartFolder() const;
-  QString Ask(QFileDialog& dialog, const FileQuestion& question);
+  FileChoice Ask(QFileDialog& dialog, const FileQuestion& question);
 
   const CMorvaneDoc& m_doc;
   QString m_lastFolder;  ///< of this run

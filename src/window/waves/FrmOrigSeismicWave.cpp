@@ -57,7 +57,7 @@ class NameCombo : public QComboBox {
 
 CFrmOrigSeismicWave::CFrmOrigSeismicWave(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files,
                                          ChangeRules& rules, CommandGate& gate, QWidget* parent)
-    : WaveRegistration(doc, prompt, files, gate, parent), m_rules(rules) {
+    : WaveRegistration(doc, prompt, files, gate, false, parent), m_rules(rules) {
   setAccessibleName(QStringLiteral("波形登録"));
   MakeNameCombo();
   m_addButton = NamedButton<QPushButton>("addButton", QStringLiteral("追加"), this);
@@ -115,26 +115,26 @@ bool CFrmOrigSeismicWave::ChangeWave(const std::function<void()>& apply) {
   return Wave() && m_rules.ChangeWaveData(m_name, apply);
 }
 
-void CFrmOrigSeismicWave::TakeFile(const QString& name, double timeStep, std::vector<double> acc) {
-  Register(name, timeStep, acc);
-}
-
 void CFrmOrigSeismicWave::AddWave() {
   CDlgSeismicWaveAdd dialog(m_doc.seedWaves, m_prompt, window());
-  if (dialog.exec() == QDialog::Accepted) Register(dialog.Name(), kNewTimeStep, {0.0});
+  if (dialog.exec() == QDialog::Accepted) TakeWaves({{dialog.Name(), kNewTimeStep, {0.0}, {}}});
 }
 
-/// The wave comes last, whatever name it gets, in one colour for each of its curves. Where there is no memory
-/// for it, or to show it, it is not registered.
-void CFrmOrigSeismicWave::Register(const QString& name, double timeStep, const std::vector<double>& acc) {
+/// The waves come last, whatever names they get, each in one colour for all of its curves; the first of them
+/// is shown. Where there is no memory for them, or to show it, none is registered.
+void CFrmOrigSeismicWave::TakeWaves(std::vector<ImportedWave> read) {
   CSeismicWaveSet& waves = m_doc.seedWaves;
   const std::size_t count = waves.Count();
   const bool modified = m_doc.IsModified();
   const QString current = waves.CurrentName();
   try {
-    AddImportedWave(waves, name, timeStep, acc);
-    CSeismicWave& wave = waves.At(count);
-    wave.siteColor = wave.baseColor = wave.adjustColor = FreeColor();
+    for (ImportedWave& one : read) {
+      AddImportedWave(waves, one.name, one.timeStep, one.acc);
+      CSeismicWave& wave = waves.At(waves.Count() - 1);
+      wave.siteColor = wave.baseColor = wave.adjustColor = FreeColor();
+      wave.note = std::move(one.note);
+    }
+    waves.SelectCurrent(QString(waves.At(count).name));
     m_doc.SetModified(true);
     Refresh();
     MakeGraphNow();

@@ -22,7 +22,7 @@ class CFrmOrigSeismicWave : public WaveRegistration {
   /// By name: of two waves of the same name it is the first.
   CSeismicWave* Wave() override;
   bool ChangeWave(const std::function<void()>& apply) override;
-  void TakeFile(const QString& name, double timeStep, std::vector<double> acc) override;
+  void TakeWaves(std::vector<ImportedWave> waves) override;
 
  private:
   void MakeNameCombo();
@@ -33,7 +33,6 @@ class CFrmOrigSeismicWave : public WaveRegistration {
   void SelectWave(int index);
   void Rename();
   void ShowName();
-  void Register(const QString& name, double timeStep, const std::vector<double>& acc);
   std::int32_t FreeColor() const;
 
   ChangeRules& m_rules;

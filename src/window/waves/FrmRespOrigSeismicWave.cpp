@@ -11,7 +11,7 @@ namespace tremlo {
 
 CFrmRespOrigSeismicWave::CFrmRespOrigSeismicWave(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files,
                                                  CommandGate& gate, QWidget* parent)
-    : WaveRegistration(doc, prompt, files, gate, parent), m_nameEdit(new CExpEdit(this)) {
+    : WaveRegistration(doc, prompt, files, gate, true, parent), m_nameEdit(new CExpEdit(this)) {
   setAccessibleName(QStringLiteral("原種波形設定"));
   m_nameEdit->setObjectName(QStringLiteral("nameEdit"));
   RefuseEmpty(*m_nameEdit, m_prompt, QStringLiteral("地震波形名の入力エラーです。"));
@@ -43,16 +43,18 @@ bool CFrmRespOrigSeismicWave::ChangeWave(const std::function<void()>& apply) {
   return true;
 }
 
-void CFrmRespOrigSeismicWave::TakeFile(const QString& name, double timeStep, std::vector<double> acc) {
+void CFrmRespOrigSeismicWave::TakeWaves(std::vector<ImportedWave> waves) {
+  ImportedWave& read = waves.front();
   const bool modified = m_doc.IsModified();
   const CSeismicWaveSet before = m_doc.seedWaves;
   try {
     EnsureRespWave(m_doc);
     ChangeRespWave(m_doc, [&] {
       CSeismicWave& wave = m_doc.seedWaves.At(0);
-      wave.name = name;
-      wave.timeStep = timeStep;
-      wave.acc = std::move(acc);
+      wave.name = read.name;
+      wave.timeStep = read.timeStep;
+      wave.acc = std::move(read.acc);
+      wave.note = std::move(read.note);
     });
     Refresh();
     MakeGraphNow();

@@ -18,7 +18,7 @@ class CFrmRespOrigSeismicWave : public WaveRegistration {
  protected:
   CSeismicWave* Wave() override;
   bool ChangeWave(const std::function<void()>& apply) override;
-  void TakeFile(const QString& name, double timeStep, std::vector<double> acc) override;
+  void TakeWaves(std::vector<ImportedWave> waves) override;
 
  private:
   void Rename();

@@ -12,6 +12,7 @@ NoteLabel::NoteLabel(const char* objectName, const QString& spokenName, QWidget*
 }
 
 void NoteLabel::Tell(const QString& text) {
+  m_told = text;
   setText(text);
   setAccessibleName(m_spokenName + u' ' + text);  // it is read out in place of the text
   setVisible(!text.isEmpty());
@@ -23,9 +24,27 @@ void NoteLabel::resizeEvent(QResizeEvent* event) {
   FitHeight();
 }
 
+bool NoteLabel::Fits(const QString& text) {
+  setText(text);
+  return heightForWidth(width()) <= m_mostLines * fontMetrics().lineSpacing() + 2 * margin();
+}
+
 void NoteLabel::FitHeight() {
   setMinimumHeight(0);  // it would count as needed
-  if (!text().isEmpty()) setFixedHeight(heightForWidth(width()));
+  if (m_told.isEmpty()) return;
+  const bool cut = m_mostLines > 0 && !Fits(m_told);
+  if (cut) {
+    const auto shortened = [this](qsizetype length) { return m_told.left(length) + u'…'; };
+    qsizetype fits = 0;
+    qsizetype tooLong = m_told.size();
+    while (tooLong - fits > 1) {
+      const qsizetype middle = (fits + tooLong) / 2;
+      (Fits(shortened(middle)) ? fits : tooLong) = middle;
+    }
+    setText(shortened(fits));
+  }
+  if (m_mostLines > 0) setToolTip(cut ? m_told : QString());
+  setFixedHeight(heightForWidth(width()));
 }
 
 }  // namespace tremlo

@@ -13,6 +13,8 @@ class NoteLabel : public QLabel {
   NoteLabel(const char* objectName, const QString& spokenName, QWidget* parent);
 
   void Tell(const QString& text);
+  /// Text behind so many lines is left out on the screen; it is told by the tool tip, and read out.
+  void SetMostLines(int lines) { m_mostLines = lines; }
 
   /// No: around a layout with such a label a scroll area enforces the preferred height in place of the least
   /// one, and the graph above would not give way. The label sees to its height itself.
@@ -24,7 +26,11 @@ class NoteLabel : public QLabel {
  private:
   void FitHeight();
 
+  bool Fits(const QString& text);
+
   QString m_spokenName;
+  QString m_told;
+  int m_mostLines = 0;  ///< 0: as many as there are
 };
 
 }  // namespace tremlo

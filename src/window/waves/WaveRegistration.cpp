@@ -6,7 +6,6 @@
 #include "core/graphs/GridTable.h"
 #include "core/graphs/NumberRows.h"
 #include "core/project/WaveSpectrum.h"
-#include "core/waves/WaveFile.h"
 #include "core/waves/WaveFileQuestion.h"
 #include "numeric/waves/FourierSpectrum.h"
 #include "window/graphs/DlgGraphEdit.h"
@@ -18,6 +17,8 @@
 #include "window/graphs/Spread7.h"
 #include "window/graphs/WaitCursor.h"
 #include "window/graphs/WaveGraphPanel.h"
+#include "window/waves/ReadRecordFile.h"
+#include "window/waves/RecordLine.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -67,12 +68,14 @@ CellFormat LockedNumber() {
 }  // namespace
 
 WaveRegistration::WaveRegistration(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files, CommandGate& gate,
-                                   QWidget* parent)
-    : Screen(parent), m_doc(doc), m_prompt(prompt), m_gate(gate), m_files(files) {
+                                   bool onlyOne, QWidget* parent)
+    : Screen(parent), m_doc(doc), m_prompt(prompt), m_gate(gate), m_files(files), m_onlyOne(onlyOne) {
   MakeButtons();
   MakeFields();
   MakeGrids();
   MakeGraphPanel();
+  m_recordLine = new RecordLine(
+      m_prompt, m_gate, [this](const QString& path) { ReadOtherwise(path); }, this);
 }
 
 void WaveRegistration::MakeButtons() {
@@ -184,10 +187,13 @@ void WaveRegistration::BuildBody(QHBoxLayout* nameRow, std::vector<QWidget*> con
   auto* const layout = new QVBoxLayout(this);
   layout->addLayout(nameRow);
   layout->addLayout(body, 1);
+  layout->addWidget(m_recordLine);
 
   controls.insert(controls.end(), {m_timeStepEdit, m_sampleGrid, m_extremeGrid});
   const std::vector<QWidget*> graphControls = m_graphPanel->Controls();
   controls.insert(controls.end(), graphControls.begin(), graphControls.end());
+  const std::vector<QWidget*> lineControls = m_recordLine->Controls();
+  controls.insert(controls.end(), lineControls.begin(), lineControls.end());
   SetTabOrder(*this, controls);
 }
 
@@ -225,6 +231,7 @@ void WaveRegistration::ShowData() {
   m_sampleGrid->Refresh();
   ShowExtremes();
   WidenTimeColumns();
+  m_recordLine->Tell(wave ? wave->note : std::nullopt);
   m_graphPanel->Offer({.settings = wave != nullptr, .fourier = wave && !wave->acc.empty()});
   m_graphPanel->Refresh();
 }
@@ -265,17 +272,17 @@ void WaveRegistration::WidenTimeColumns() {
 }
 
 void WaveRegistration::ReadFile() {
-  const QString path = m_files.AskOpenPath(WaveFileToRead(m_readButton->text()));
-  if (path.isEmpty()) return;
-  QString name;
-  double timeStep = 0.0;
-  std::vector<double> acc;
+  const FileChoice choice = m_files.AskOpenFile(RecordFileToRead(m_readButton->text()));
+  if (!choice.path.isEmpty()) Take(ReadRecordFile(choice, {m_prompt, window(), m_onlyOne}));
+}
+
+void WaveRegistration::ReadOtherwise(const QString& path) {
+  Take(ReadRecordOtherwise(path, {m_prompt, window(), m_onlyOne}));
+}
+
+void WaveRegistration::Take(std::vector<ImportedWave> waves) {
   const WaitCursor waiting;
-  if (const std::optional<QString> failure = ReadWaveFile(path, name, timeStep, acc)) {
-    m_prompt.Tell(*failure);
-    return;
-  }
-  TakeFile(name, timeStep, std::move(acc));
+  if (!waves.empty()) TakeWaves(std::move(waves));
 }
 
 void WaveRegistration::EnterTimeStep() {

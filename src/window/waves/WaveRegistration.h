@@ -4,6 +4,7 @@
 #include "core/ask/Prompt.h"
 #include "core/graphs/GraphRange.h"
 #include "core/project/MorvaneDoc.h"
+#include "core/records/RecordImport.h"
 #include "window/graphs/CommandGate.h"
 #include "window/graphs/Screen.h"
 
@@ -20,23 +21,26 @@ namespace tremlo {
 class CDrawGraph;
 class CExpEdit;
 class CSpread7;
+class RecordLine;
 class WaveGraphPanel;
 struct GridChange;
 
 /// What the two screens that register waves share: the samples of one wave in a grid, its time step, its
-/// extremes and its three graphs. Which wave that is, and what a change of its data asks and clears, is the
-/// screens' own.
+/// extremes, its three graphs, and the reading of files with the line of what was read. Which wave that is,
+/// and what a change of its data asks and clears, is the screens' own.
 class WaveRegistration : public Screen {
   Q_OBJECT
 
  protected:
-  WaveRegistration(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files, CommandGate& gate, QWidget* parent);
+  /// `onlyOne`: there is a single wave, so that of a file one component is read.
+  WaveRegistration(CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files, CommandGate& gate, bool onlyOne,
+                   QWidget* parent);
 
   virtual CSeismicWave* Wave() = 0;  ///< the wave on display; null when there is none
   /// One change of the wave's time step or samples. False: it is not made.
   virtual bool ChangeWave(const std::function<void()>& apply) = 0;
-  /// A file has been read. What throws leaves the document as it was.
-  virtual void TakeFile(const QString& name, double timeStep, std::vector<double> acc) = 0;
+  /// A file has been read; there is one wave at least. What throws leaves the document as it was.
+  virtual void TakeWaves(std::vector<ImportedWave> waves) = 0;
 
   /// Lays out what is shared below the row of the wave's name, whose controls come first in the order of the
   /// tab key.
@@ -61,6 +65,8 @@ class WaveRegistration : public Screen {
   void MakeGrids();
   void MakeGraphPanel();
   void ReadFile();
+  void ReadOtherwise(const QString& path);
+  void Take(std::vector<ImportedWave> waves);
   void ShowHelp();
   bool MayChange(const GridChange& change);
   void EnterTimeStep();
@@ -72,11 +78,13 @@ class WaveRegistration : public Screen {
   std::unique_ptr<CDrawGraph> MakeSpectrumGraph(CSeismicWave& wave);
 
   FileDialogs& m_files;
+  const bool m_onlyOne;
   CExpEdit* m_countEdit;
   CExpEdit* m_timeStepEdit;
   CSpread7* m_sampleGrid;
   CSpread7* m_extremeGrid;
   WaveGraphPanel* m_graphPanel;
+  RecordLine* m_recordLine;
   WaveGraphSetting m_edited;                         ///< of the wave, while its dialog is open
   std::tuple<QString, std::size_t, double> m_shown;  ///< name, count and time step of the wave in the grid
 };

@@ -448,6 +448,23 @@ TEST(ChangeRules, OneChangeOfManySamplesAsksOnce) {
   EXPECT_THAT(project.doc.seedWaves.At(1).acc, testing::Each(kBlankSample));
 }
 
+TEST(ChangeRules, WhatIsKnownOfTheFileOfAWaveGoesWithItsSamplesAndStaysWithoutAChange) {
+  Project project(test::kLowerLabel);
+  CSeismicWaveSet& waves = project.doc.seedWaves;
+  for (const std::size_t i : {0U, 1U, 2U}) waves.At(i).note.emplace();
+  waves.At(2).name = waves.At(1).name;
+  project.prompt.ExpectQuestion(kAdjustedDataQuestion, PromptAnswer::No);
+  EXPECT_FALSE(project.rules.ChangeWaveData("B", [] {}));
+  EXPECT_TRUE(waves.At(1).note);
+  project.rules.RenameWave(0, "Z");
+  EXPECT_TRUE(waves.At(0).note);
+  project.prompt.ExpectQuestion(kAdjustedDataQuestion, kYes);
+  EXPECT_TRUE(project.rules.ChangeWaveData("B", [&] { waves.SetAccSample("B", 0, 1.0); }));
+  EXPECT_FALSE(waves.At(1).note);
+  EXPECT_TRUE(waves.At(2).note);  // of the same name, but not changed
+  EXPECT_TRUE(waves.At(0).note);
+}
+
 TEST(ChangeRules, TheSpectrumGoesAfterTheChangeIsApplied) {
   Project project;
   EXPECT_TRUE(project.rules.ChangeWaveData("C", [&] { project.doc.seedWaves.SetSpectrumValid("C", true); }));

@@ -103,6 +103,17 @@ TEST(ResponseRoute, AChangedWaveLosesResultAndSpectrum) {
   EXPECT_TRUE(doc.IsModified());
 }
 
+TEST(ResponseRoute, AChangedWaveLosesWhatIsKnownOfItsFileUnlessTheChangeBringsIt) {
+  CMorvaneDoc doc = AdjustedRoute();
+  CSeismicWave& wave = doc.seedWaves.At(0);
+  ChangeRespWave(doc, [&] { wave.note.emplace(); });
+  EXPECT_TRUE(wave.note);
+  ChangeRespSpectrum(doc, [] {});
+  EXPECT_TRUE(wave.note);
+  ChangeRespWave(doc, [&] { wave.timeStep = 0.02; });
+  EXPECT_FALSE(wave.note);
+}
+
 TEST(ResponseRoute, AChangedTargetDropsTheResultAlone) {
   CMorvaneDoc doc = AdjustedRoute();
   ChangeRespSpectrum(doc, [&] { doc.respSpectra.At(0).accSpec = {5.0}; });

@@ -161,6 +161,25 @@ TEST_F(FileDialogBoxesTest, AllFilesAreThoseWithoutAPointToo) {
   boxes.AskOpenPath(question);
 }
 
+TEST_F(FileDialogBoxesTest, TheFilterOfTheChosenFileIsTold) {
+  doc.SetPathName(folder.Path(QStringLiteral("a.trml")));
+  const QString path = folder.Write(QStringLiteral("c.trml"), "x");
+  FileQuestion three = question;
+  three.nameFilters += QStringLiteral(";;Text (*.*)");
+  const auto choose = [&](int downs) {
+    WhenShown([downs](QFileDialog* dialog) {
+      auto* kinds = dialog->findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+      kinds->setFocus();
+      for (int i = 0; i < downs; ++i) QTest::keyClick(kinds, Qt::Key_Down);
+      Type(dialog, QStringLiteral("c.trml"));
+    });
+    const FileChoice choice = boxes.AskOpenFile(three);
+    EXPECT_EQ(choice.path, path);
+    return choice.filter;
+  };
+  for (int filter = 0; filter < 3; ++filter) EXPECT_EQ(choose(filter), filter);
+}
+
 TEST_F(FileDialogBoxesTest, UnnamedProjectStartsInTheLastFolderOfTheRun) {
   const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
   WhenShown([](QFileDialog* dialog) {
