@@ -43,6 +43,8 @@ class ChangingFiles : public ScriptedFiles {
 
 class GraphMenuTest : public testing::Test {
  protected:
+  static void SetUpTestSuite() { InstallJapaneseFonts(); }
+
   std::unique_ptr<CDrawGraph> Made() const {
     if (!hasGraph) return nullptr;
     return std::make_unique<CDrawFreqAccSpec>(WaveGraphSetting{}, curves);
