@@ -1,6 +1,6 @@
 # Asks dpkg what is missing and installs only that, as root or through sudo. To be sourced.
 
-packages_build="g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libproj-dev libcurl4-openssl-dev libarchive-dev picojson-dev libeigen3-dev"
+packages_build="g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libproj-dev libcurl4-openssl-dev libarchive-dev zlib1g-dev picojson-dev libeigen3-dev"
 packages_test="git poppler-utils libgtest-dev libgmock-dev locales python3 openssl clang-format fonts-ipafont-gothic qt6-translations-l10n xvfb xauth openbox xdotool dbus at-spi2-core python3-gi gir1.2-atspi-2.0 imagemagick"
 packages_bench="libbenchmark-dev python3 openssl fonts-ipafont-gothic"
 packages_window="fonts-ipafont-gothic qt6-translations-l10n"

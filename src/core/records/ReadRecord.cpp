@@ -85,6 +85,12 @@ RecordReading ReadRecord(const QByteArray& content, const QString& file, const Q
   reading.file = file;
   reading.member = member;
   const RecordText text(content, NameInMessages(file, member));
+  if (const auto line = text.LineWithZero()) {
+    reading.error = text.Refusal(
+        *line, QStringLiteral("テキストのファイルではありません（WIN、ANS などの形式は読めません）"),
+        text.Line(*line).substr(0, 16));
+    return reading;
+  }
   if (text.IsTooLong()) {
     reading.error =
         text.Refusal(QStringLiteral("大きすぎます（%1 バイト、上限 %2 バイト・%3 行・1行 %4 バイト）")
@@ -97,12 +103,6 @@ RecordReading ReadRecord(const QByteArray& content, const QString& file, const Q
   if (IsBlank(text)) {
     reading.error =
         text.Refusal(QStringLiteral("1行目：データがありません（「%1 バイト」）").arg(content.size()));
-    return reading;
-  }
-  if (const auto line = text.LineWithZero()) {
-    reading.error = text.Refusal(
-        *line, QStringLiteral("テキストのファイルではありません（WIN、ANS などの形式は読めません）"),
-        text.Line(*line).substr(0, 16));
     return reading;
   }
   reading.format = DetectFormat(text, reading.sign);

@@ -12,7 +12,7 @@ namespace tremlo {
 /// The bounds of an archive: whatever it holds, reading ends within them.
 struct ArchiveBounds {
   qint64 mostMemberBytes = qint64{64} * 1024 * 1024;  ///< of one that is no archive
-  qint64 mostBytes = qint64{4} * 1024 * 1024 * 1024;  ///< unpacked, of all levels together
+  qint64 mostBytes = qint64{4} * 1024 * 1024 * 1024;  ///< of all files together, and out of all gzip together
   int mostMembers = 20000;
   int mostLevels = 3;  ///< an archive in an archive in an archive
 };

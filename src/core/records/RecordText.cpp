@@ -118,7 +118,9 @@ void RecordText::FindLines() {
 std::optional<std::size_t> RecordText::LineWithZero() const {
   if (m_bytes.find('\0') == std::string_view::npos) return std::nullopt;
   const auto hasZero = [](std::string_view line) { return line.find('\0') != std::string_view::npos; };
-  return static_cast<std::size_t>(std::find_if(m_lines.begin(), m_lines.end(), hasZero) - m_lines.begin());
+  const auto found = std::find_if(m_lines.begin(), m_lines.end(), hasZero);
+  // Of what is too long there are no lines.
+  return found == m_lines.end() ? 0 : static_cast<std::size_t>(found - m_lines.begin());
 }
 
 std::size_t RecordText::LineOfLargest(std::string_view& value) const {

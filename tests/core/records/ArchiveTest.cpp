@@ -219,6 +219,41 @@ TEST(RecordArchive, AFaultNamesItsPlace) {
                            "途中で切れています（「Truncated tar archive」）。"));
 }
 
+TEST(RecordArchive, AWrongChecksumIsTold) {
+  QByteArray lone = Packed(Pack::Gz, {{"x", "some text\n"}});
+  const qsizetype checksum = lone.size() - 8;
+  lone[checksum] = static_cast<char>(lone[checksum] ^ 1);
+  const Found found = WalkOver(lone);
+  EXPECT_TRUE(found.members.isEmpty());
+  EXPECT_TRUE(found.error.contains(QStringLiteral("（「gzip：incorrect data check」）。")))
+      << found.error.toStdString();
+  QByteArray archive = test::Fixture(QStringLiteral("knet/20000101000000.knt.tar.gz"));
+  archive[archive.size() - 8] = static_cast<char>(archive[archive.size() - 8] ^ 1);
+  EXPECT_TRUE(WalkOver(archive).error.contains(QStringLiteral("incorrect data check")));
+  EXPECT_TRUE(WalkOver(Packed(Pack::Tar, {{"x.tar.gz", archive}}))
+                  .error.contains(QStringLiteral("incorrect data check")));
+}
+
+TEST(RecordArchive, StreamsOneBehindTheOtherAreOneFile) {
+  const QByteArray one = Packed(Pack::Gz, {{"x", "some "}});
+  const QByteArray two = Packed(Pack::Gz, {{"x", "text\n"}});
+  EXPECT_EQ(WalkOver(one + two).bytes, 10);
+  // Filling behind the last one is none of them.
+  EXPECT_EQ(WalkOver(one + two + QByteArray(100, '\0')).error, QString());
+}
+
+TEST(RecordArchive, WithoutFilesThereIsNoRecord) {
+  const TestFolder folder;
+  const QString path = folder.Write(QStringLiteral("x.tar"), Packed(Pack::Tar, {{"folder/", "", AE_IFDIR}}));
+  EXPECT_EQ(ReadRecordFile(path).front().error,
+            path + QStringLiteral(": 書庫に記録が入っていません（「0 個」）。"));
+}
+
+TEST(RecordArchive, WhatCameBeforeACutIsGiven) {
+  const Found found = WalkOver(test::Fixture(QStringLiteral("broken/cut.knt.tar.gz")));
+  EXPECT_EQ(found.members, QStringList{QStringLiteral("SMP0010001010000.EW")});
+}
+
 TEST(RecordArchive, OnlyTheWantedMembersAreRead) {
   QStringList names;
   QStringList read;

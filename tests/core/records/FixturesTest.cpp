@@ -190,9 +190,10 @@ TEST(RecordFixtures, TheBrokenOnesAreRefusedWithFileLineAndValue) {
       {QStringLiteral("text_nan.txt"), QStringLiteral("72行目：数値でない値があります（「#N/A」）。")},
       {QStringLiteral("text_header_only.txt"),
        QStringLiteral("2行目：数値だけの行がないまま終わっています（「Time(s) Acc(gal)」）。")},
-      {QStringLiteral("zeros_bomb.gz"), QStringLiteral("書庫に記録が入っていません（「0 個」）。")},
+      {QStringLiteral("zeros_bomb.gz"),
+       QStringLiteral("1行目：テキストのファイルではありません（WIN、ANS などの形式は読めません）")},
       {QStringLiteral("cut.knt.tar.gz"),
-       QStringLiteral("の後で壊れているか、途中で切れています（「gzip を展開できません」）。")},
+       QStringLiteral("の後で壊れているか、途中で切れています（「gzip が途中で切れています」）。")},
       {QStringLiteral("letter_in_data.EW"), QStringLiteral("22行目：")}};
   for (const auto& [name, error] : errors) {
     const QString path = test::FixturePath(QStringLiteral("broken/") + name);
