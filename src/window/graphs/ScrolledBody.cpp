@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QStyle>
+#include <QTableView>
 
 namespace tremlo {
 
@@ -26,6 +27,14 @@ void ScrolledBody::Fit(const QWidget& buttons) {
   if (wanted.height() > room.height()) size.rwidth() += bar;
   if (size.width() > room.width()) size.rheight() += bar;
   setFixedSize(size.boundedTo(room));
+}
+
+void ScrolledBody::FollowCells(QTableView& grid) {
+  connect(grid.selectionModel(), &QItemSelectionModel::currentChanged, this, [this, &grid] {
+    const QRect cell = grid.visualRect(grid.currentIndex());
+    const QPoint middle = grid.viewport()->mapTo(widget(), cell.center());
+    ensureVisible(middle.x(), middle.y(), cell.width(), cell.height());
+  });
 }
 
 }  // namespace tremlo

@@ -89,12 +89,7 @@ CDlgSelectRectangularPlane::CDlgSelectRectangularPlane(const QString& programFol
   column->setSizeConstraint(QLayout::SetFixedSize);
   body->setWidget(content);
   body->Fit(*buttons);
-  // All of the grid's rows are in its own sight, but perhaps not in that of the dialog.
-  connect(m_grid->selectionModel(), &QItemSelectionModel::currentChanged, body, [this, body] {
-    const QRect cell = m_grid->visualRect(m_grid->currentIndex());
-    const QPoint middle = m_grid->viewport()->mapTo(body->widget(), cell.center());
-    body->ensureVisible(middle.x(), middle.y(), cell.width(), cell.height());
-  });
+  body->FollowCells(*m_grid);
 
   if (current >= 0 && static_cast<std::size_t>(current) < kPlaneZoneCount) {
     Select(current);

@@ -132,6 +132,7 @@ CDlgImportRecord::CDlgImportRecord(RecordImport& import, Prompt& prompt, QWidget
   ShowReadings();
   body->setWidget(content);
   body->Fit(*buttons);
+  body->FollowCells(*m_grid);
   QWidget* first = m_grid;
   if (const auto fault = m_import.Fault()) first = FieldOf(fault->field);
   first->setFocus();

@@ -57,6 +57,7 @@ CDlgSelectMembers::CDlgSelectMembers(const MemberList& list, bool onlyOne, Promp
   column->addWidget(buttons);
   body->setWidget(content);
   body->Fit(*buttons);
+  body->FollowCells(*m_grid);
   ShowCount();
 }
 

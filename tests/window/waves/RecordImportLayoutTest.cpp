@@ -83,6 +83,28 @@ TEST_F(RecordImportLayout, TheListOfMembersHasItsRoom) {
   ReadFixture("knet/20000101000000.tar");
 }
 
+/// The cell that the arrow keys have come to is seen.
+void ExpectCellInSight(QWidget& dialog, const char* name, int downs) {
+  CSpread7& grid = In<CSpread7>(dialog, name);
+  TabTo(dialog, name);
+  for (int i = 0; i < downs; ++i) PressKey(Qt::Key_Down);
+  const QRect cell = grid.visualRect(grid.currentIndex());
+  EXPECT_TRUE(grid.viewport()->visibleRegion().contains(cell.center())) << name;
+}
+
+TEST_F(RecordImportLayout, TheCellThatTheArrowsComeToIsInSight) {
+  WhenDialog::Opens("CDlgSelectMembers", [](QWidget& dialog) {
+    ExpectCellInSight(dialog, "memberGrid", 8);
+    PressKey(Qt::Key_Escape);
+  });
+  ReadFixture("knet/20000101000000.tar");
+  WhenDialog::Opens("CDlgImportRecord", [](QWidget& dialog) {
+    ExpectCellInSight(dialog, "componentGrid", 5);
+    PressKey(Qt::Key_Escape);
+  });
+  ReadFixture("kiknet/SAMPLE_SMPH02.csv");
+}
+
 TEST_F(RecordImportLayout, OnADarkDesktopToo) {
   PaletteChange palette;
   palette.ToDark();
