@@ -1,6 +1,8 @@
 // The whole adjustment with the sweep in its widest variant and over the plain loop, the ratio of one
-// measurement to one pass, and the transform.
+// measurement to one pass, the transform, and the figures of both waves, which a screen computes when it is
+// filled.
 
+#include "core/waves/FiguresText.h"
 #include "core/waves/WaveFile.h"
 #include "numeric/waves/AmplitudeAdjust.h"
 #include "numeric/waves/FourierSpectrum.h"
@@ -100,11 +102,23 @@ void Transform(benchmark::State& state) {
   }
 }
 
+void FiguresOfBothWaves(benchmark::State& state) {
+  const Job job(false);
+  CSeismicWave wave;
+  wave.timeStep = job.timeStep;
+  wave.acc = job.acc;
+  wave.acc.resize(static_cast<std::size_t>(state.range(0)), 1.0);
+  wave.adjustedAcc = wave.acc;
+  wave.adjusted = true;
+  for (auto _ : state) benchmark::DoNotOptimize(FiguresOf(wave));
+}
+
 BENCHMARK_CAPTURE(WholeAdjustment, sparse_target, false)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(WholeAdjustment, dense_target, true)->Unit(benchmark::kMillisecond);
 BENCHMARK(PlainAdjustment)->Unit(benchmark::kMillisecond);
 BENCHMARK(MatchAgainstDenseTarget)->Unit(benchmark::kMillisecond);
 BENCHMARK(Transform)->Arg(4096)->Arg(16384)->Arg(65536)->Unit(benchmark::kMillisecond);
+BENCHMARK(FiguresOfBothWaves)->Arg(65536)->Arg(1000000)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace tremlo

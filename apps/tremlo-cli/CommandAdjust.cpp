@@ -1,8 +1,10 @@
 #include "AdjustJob.h"
 #include "Arguments.h"
 #include "Command.h"
+#include "FiguresJson.h"
 #include "Output.h"
 #include "RecordInput.h"
+#include "core/waves/FiguresText.h"
 #include "core/waves/WaveFile.h"
 #include "numeric/waves/ResponseSpectrum.h"
 
@@ -36,6 +38,8 @@ void PrintObject(const WaveInput& seed, const Adjustment& result) {
   json.Member("adjustedAcc", result.acc);
   json.Member("adjustedPeriods", result.periods);
   json.Member("adjustedSpec", result.spectrum);
+  WriteFigures(json, "seedFigures", result.seedFigures);
+  WriteFigures(json, "adjustedFigures", result.adjustedFigures);
   json.EndObject();
   PrintJson(json);
 }
@@ -53,6 +57,8 @@ void PrintSummary(const WaveInput& seed, const Adjustment& result, double tolera
   if (result.fit.undershootPeriod > 0.0)
     PrintLine(QStringLiteral("目標を下回る最大：%1 %（周期 %2 秒）")
                   .arg(percent(result.fit.undershoot), NumberText(result.fit.undershootPeriod)));
+  PrintLine(MakeFiguresLine(QStringLiteral("原種波形"), result.seedFigures).Text());
+  PrintLine(MakeFiguresLine(QStringLiteral("調整後波形"), result.adjustedFigures).Text());
 }
 
 int Run(const Arguments& arguments) {
@@ -77,6 +83,8 @@ int Run(const Arguments& arguments) {
     });
   }
   ComputeResponseSpectrum(result.acc, result.periods, result.spectrum, seed.timeStep);
+  result.seedFigures = ComputeWaveFigures(seed.acc, seed.timeStep);
+  result.adjustedFigures = ComputeWaveFigures(result.acc, seed.timeStep);
 
   if (result.converged && arguments.IsSet("out")) {
     const std::vector<FileContent> files =

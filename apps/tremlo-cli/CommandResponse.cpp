@@ -1,8 +1,10 @@
 #include "Arguments.h"
 #include "Command.h"
+#include "FiguresJson.h"
 #include "Output.h"
 #include "RecordInput.h"
 #include "WaveInput.h"
+#include "core/waves/FiguresText.h"
 #include "core/waves/WaveFile.h"
 #include "numeric/waves/ResponseSpectrum.h"
 
@@ -37,6 +39,7 @@ int Run(const Arguments& arguments) {
       !WriteCsv(out, AccSpecName(wave.name), wave.timeStep, periods, accSpec))
     return Fail(kBadFile, out + QStringLiteral(": ファイルを保存できませんでした。"));
 
+  const WaveFigures figures = ComputeWaveFigures(wave.acc, wave.timeStep);
   if (arguments.WantsJson()) {
     JsonWriter json;
     json.BeginObject();
@@ -45,6 +48,7 @@ int Run(const Arguments& arguments) {
     json.Member("samples", static_cast<int>(wave.acc.size()));
     json.Member("periods", periods);
     json.Member("accSpec", accSpec);
+    WriteFigures(json, "figures", figures);
     json.EndObject();
     PrintJson(json);
     return kDone;
@@ -52,6 +56,7 @@ int Run(const Arguments& arguments) {
   PrintWaveLine(wave);
   PrintSpectrum(QStringLiteral("加速度応答スペクトル（減衰定数 5 %）"), periods, accSpec,
                 QStringLiteral("gal"));
+  PrintLine(MakeFiguresLine(QStringLiteral("波形"), figures).Text());
   return kDone;
 }
 

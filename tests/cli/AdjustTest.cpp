@@ -1,6 +1,7 @@
 #include "core/waves/WaveFile.h"
 #include "numeric/waves/AmplitudeAdjust.h"
 #include "support/CliRun.h"
+#include "support/IndependentFigures.h"
 #include "support/TestFolder.h"
 
 #include <QJsonArray>
@@ -52,8 +53,40 @@ TEST(AdjustCommand, AConvergedRunPrintsItsResultAndWritesThreeFiles) {
 
 TEST(AdjustCommand, KeysComeInTheirOrder) {
   const CliResult result = RunCli({"adjust", "--seed", kSeed, "--target", kTarget, "--json"});
-  EXPECT_EQ(test::TopKeys(result.out), (QStringList{"name", "timeStep", "converged", "passes", "error",
-                                                    "adjustedAcc", "adjustedPeriods", "adjustedSpec"}));
+  EXPECT_EQ(test::TopKeys(result.out),
+            (QStringList{"name", "timeStep", "converged", "passes", "error", "adjustedAcc", "adjustedPeriods",
+                         "adjustedSpec", "seedFigures", "adjustedFigures"}));
+}
+
+/// Of each wave as the object holds it, against a computation of their own.
+void ExpectFigures(const QJsonObject& figures, const std::vector<double>& acc, double timeStep) {
+  const WaveFigures expected = test::IndependentFigures(acc, timeStep);
+  const auto near = [&](const char* key, double value, double size) {
+    EXPECT_NEAR(figures[QLatin1String(key)].toDouble(-1.0), value, 1e-9 * size) << key;
+  };
+  near("pga", expected.pga, expected.pga);
+  near("pgv", expected.pgv, expected.pgv);
+  near("pgd", expected.pgd, expected.pgd);
+  near("endVelocity", expected.endVelocity, expected.pgv);
+  near("endDisplacement", expected.endDisplacement, expected.pgd);
+  near("ariasIntensity", expected.ariasIntensity, expected.ariasIntensity);
+  near("duration", expected.duration, expected.duration);
+}
+
+TEST(AdjustCommand, TheFiguresAreThoseOfSeedAndResult) {
+  QString name;
+  double timeStep = 0.0;
+  std::vector<double> seed;
+  ASSERT_FALSE(ReadWaveFile(kElCentro, name, timeStep, seed));
+  for (const char* iterations : {"0", "3"}) {
+    const QJsonObject json = Object(
+        RunCli({"adjust", "--seed", kElCentro, "--target", kTarget, "--iterations", iterations, "--json"}));
+    std::vector<double> adjusted;
+    for (const QJsonValue& value : json["adjustedAcc"].toArray()) adjusted.push_back(value.toDouble());
+    ASSERT_EQ(adjusted.size(), 4096U);
+    ExpectFigures(json["seedFigures"].toObject(), seed, timeStep);
+    ExpectFigures(json["adjustedFigures"].toObject(), adjusted, timeStep);
+  }
 }
 
 TEST(AdjustCommand, ARunThatDoesNotConvergeWritesNoFileAndPrintsTheLastWave) {
@@ -148,8 +181,10 @@ TEST(AdjustCommand, AnOutputThatCannotBeWrittenLeavesAllOlderFiles) {
 
 TEST(AdjustCommand, TheSummaryTellsTheFit) {
   const QString out = QString::fromUtf8(RunCli({"adjust", "--seed", kSeed, "--target", kTarget}).out);
-  for (const QString& part : {QStringLiteral("収束しました"), QStringLiteral("偏差（RMS）"),
-                              QStringLiteral("目標を上回る最大"), QStringLiteral("目標を下回る最大")})
+  for (const QString& part :
+       {QStringLiteral("収束しました"), QStringLiteral("偏差（RMS）"), QStringLiteral("目標を上回る最大"),
+        QStringLiteral("目標を下回る最大"), QStringLiteral("\n原種波形　最大加速度 "),
+        QStringLiteral("\n調整後波形　最大加速度 ")})
     EXPECT_TRUE(out.contains(part)) << out.toStdString();
 }
 

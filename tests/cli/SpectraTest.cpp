@@ -2,6 +2,7 @@
 #include "core/waves/WaveFile.h"
 #include "numeric/waves/FourierSpectrum.h"
 #include "numeric/waves/ResponseSpectrum.h"
+#include "numeric/waves/WaveFigures.h"
 #include "support/CliRun.h"
 #include "support/TestFolder.h"
 
@@ -46,13 +47,44 @@ TEST(SpectraCommands, ResponseGivesTheBitsOfTheLibrary) {
   EXPECT_EQ(json["samples"].toInt(), 2688);
   EXPECT_EQ(Numbers(json["periods"]), periods);
   EXPECT_EQ(Numbers(json["accSpec"]), spectrum);
+
+  const WaveFigures figures = ComputeWaveFigures(acc, timeStep);
+  const QJsonObject told = json["figures"].toObject();
+  EXPECT_EQ(told["pga"].toDouble(), 342.0);
+  EXPECT_EQ(told["pgv"].toDouble(), figures.pgv);
+  EXPECT_EQ(told["pgd"].toDouble(), figures.pgd);
+  EXPECT_EQ(told["endVelocity"].toDouble(), figures.endVelocity);
+  EXPECT_EQ(told["endDisplacement"].toDouble(), figures.endDisplacement);
+  EXPECT_EQ(told["ariasIntensity"].toDouble(), figures.ariasIntensity);
+  EXPECT_EQ(told["duration"].toDouble(), figures.duration);
+}
+
+TEST(SpectraCommands, TheFiguresComeInTheirOrder) {
+  const TestFolder folder;
+  const QString wave = folder.Write("w.csv", "W, 0.5, 1\n0, 0\n0, 20\n0, -20\n0, -10\n0, 5\n");
+  const QByteArray out = RunCli({"response", wave, "--json"}).out;
+  EXPECT_TRUE(out.contains(R"("figures": {"pga": 20, "pgv": 5, "pgd": 4.375, "endVelocity": -3.75, )"
+                           R"("endDisplacement": 2.8125, "ariasIntensity": )"))
+      << out.toStdString();
+  const QString summary = QString::fromUtf8(RunCli({"response", wave}).out);
+  EXPECT_TRUE(summary.contains(QStringLiteral("\n波形　最大加速度 20.00 gal　最大速度 5.000 cm/s　")))
+      << summary.toStdString();
+}
+
+TEST(SpectraCommands, AFigureThatCannotBeToldIsNan) {
+  const TestFolder folder;
+  const QString wave = folder.Write("w.csv", "W, 1, 1\n0, 1e200\n0, 1e200\n0, 0\n");
+  const QJsonObject told = test::RunCliJson({"response", wave, "--json"})["figures"].toObject();
+  EXPECT_EQ(told["pga"].toDouble(), 1e200);
+  EXPECT_EQ(told["ariasIntensity"].toString(), "nan");
+  EXPECT_EQ(told["duration"].toString(), "nan");
 }
 
 TEST(SpectraCommands, KeysComeInTheirOrder) {
   const TestFolder folder;
   const QString wave = folder.Write("w.csv", "W, 0.01, 1\n0, 1\n0, 2\n");
   EXPECT_EQ(test::TopKeys(RunCli({"response", wave, "--json"}).out),
-            (QStringList{"name", "timeStep", "samples", "periods", "accSpec"}));
+            (QStringList{"name", "timeStep", "samples", "periods", "accSpec", "figures"}));
   EXPECT_EQ(test::TopKeys(RunCli({"fourier", wave, "--json"}).out),
             (QStringList{"name", "timeStep", "periods", "amplitudes"}));
 }

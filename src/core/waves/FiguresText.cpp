@@ -35,29 +35,26 @@ QString FigureNumber(double value) {
 }
 
 FiguresLine MakeFiguresLine(const QString& title, const WaveFigures& figures) {
-  const QString integration =
-      QStringLiteral("静止状態から台形公式で積分したもので、基線補正はしていません。");
-  const QString velocity = QStringLiteral("速度は、加速度を") + integration;
-  const QString displacement = QStringLiteral("変位は、速度を") + integration;
+  const QString velocity = QStringLiteral("静止状態から加速度を台形公式で積分した速度、基線補正なし。");
+  const QString displacement = QStringLiteral("静止状態から速度を台形公式で積分した変位、基線補正なし。");
   const auto figure = [](const QString& label, double value, const QString& unit, const QString& definition) {
     return FigureText{label, FigureNumber(value) + u' ' + unit, definition};
   };
-  return {
-      title,
-      {figure(QStringLiteral("最大加速度"), figures.pga, QStringLiteral("gal"),
-              QStringLiteral("加速度の絶対値の最大（PGA）。")),
-       figure(QStringLiteral("最大速度"), figures.pgv, QStringLiteral("cm/s"),
-              QStringLiteral("速度の絶対値の最大（PGV）。") + velocity),
-       figure(QStringLiteral("最大変位"), figures.pgd, QStringLiteral("cm"),
-              QStringLiteral("変位の絶対値の最大（PGD）。") + displacement),
-       figure(QStringLiteral("終端速度"), figures.endVelocity, QStringLiteral("cm/s"),
-              QStringLiteral("最後のデータでの速度。") + velocity),
-       figure(QStringLiteral("終端変位"), figures.endDisplacement, QStringLiteral("cm"),
-              QStringLiteral("最後のデータでの変位。") + displacement),
-       figure(QStringLiteral("アリアス強度"), figures.ariasIntensity, QStringLiteral("cm/s"),
-              QStringLiteral("π/(2g)・∫a²dt（波形全体、g = 980.665 gal、台形公式）。")),
-       figure(QStringLiteral("継続時間(5–95%)"), figures.duration, QStringLiteral("秒"),
-              QStringLiteral("アリアス強度が全体の 5 % に達する時刻から 95 % に達する時刻までの長さ。"))}};
+  return {title,
+          {figure(QStringLiteral("最大加速度"), figures.pga, QStringLiteral("gal"),
+                  QStringLiteral("加速度の絶対値の最大（PGA）。")),
+           figure(QStringLiteral("最大速度"), figures.pgv, QStringLiteral("cm/s"),
+                  QStringLiteral("速度の絶対値の最大（PGV）。") + velocity),
+           figure(QStringLiteral("最大変位"), figures.pgd, QStringLiteral("cm"),
+                  QStringLiteral("変位の絶対値の最大（PGD）。") + displacement),
+           figure(QStringLiteral("終端速度"), figures.endVelocity, QStringLiteral("cm/s"),
+                  QStringLiteral("波形の終わりの速度。") + velocity),
+           figure(QStringLiteral("終端変位"), figures.endDisplacement, QStringLiteral("cm"),
+                  QStringLiteral("波形の終わりの変位。") + displacement),
+           figure(QStringLiteral("アリアス強度"), figures.ariasIntensity, QStringLiteral("cm/s"),
+                  QStringLiteral("π/(2g)・∫a²dt、波形全体、台形公式、g = 980.665 gal。")),
+           figure(QStringLiteral("継続時間(5–95%)"), figures.duration, QStringLiteral("秒"),
+                  QStringLiteral("∫a²dt が全体の 5 % に達する時刻から 95 % に達する時刻まで。"))}};
 }
 
 std::vector<FiguresLine> FiguresOf(const CSeismicWave& wave) {

@@ -2,6 +2,7 @@
 
 #include "core/project/AdjustBaseRow.h"
 #include "core/project/SpectrumCurves.h"
+#include "core/waves/AdoptedWave.h"
 #include "window/graphs/CommandGate.h"
 #include "window/graphs/DlgGraphEditBaseSpec.h"
 #include "window/graphs/DrawFreqAccSpec.h"
@@ -10,6 +11,7 @@
 #include "window/graphs/NamedControl.h"
 #include "window/graphs/Spread7.h"
 #include "window/graphs/WaveGraphPanel.h"
+#include "window/waves/FiguresLabel.h"
 #include "window/waves/NoteLabel.h"
 
 #include <QHBoxLayout>
@@ -48,7 +50,8 @@ CFrmAdjustSeismicWave::CFrmAdjustSeismicWave(CMorvaneDoc& doc, Prompt& prompt, C
     : Screen(parent),
       m_doc(doc),
       m_gate(gate),
-      m_fitLabel(new NoteLabel("fitLabel", QStringLiteral("適合度"), this)) {
+      m_fitLabel(new NoteLabel("fitLabel", QStringLiteral("適合度"), this)),
+      m_figuresLabel(new FiguresLabel(this)) {
   setAccessibleName(QStringLiteral("原種波形の振幅調整"));
   MakeButtons(prompt);
   MakeGrids(rules, prompt, std::move(run));
@@ -121,11 +124,13 @@ void CFrmAdjustSeismicWave::LayOut() {
   layout->addWidget(m_waveGrid);
   layout->addLayout(row);
   layout->addWidget(m_graphPanel, 1);
+  layout->addWidget(m_figuresLabel);
   layout->addWidget(m_fitLabel);
 
   std::vector<QWidget*> controls{m_baseGrid, m_waveGrid, m_helpButton, m_showAllButton, m_hideAllButton};
   const std::vector<QWidget*> graphControls = m_graphPanel->Controls();
   controls.insert(controls.end(), graphControls.begin(), graphControls.end());
+  controls.push_back(m_figuresLabel);
   SetTabOrder(*this, controls);
 }
 
@@ -137,6 +142,8 @@ void CFrmAdjustSeismicWave::Refresh() {
   m_showAllButton->setEnabled(any);
   m_hideAllButton->setEnabled(any);
   m_graphPanel->Refresh();
+  const std::optional<std::size_t> adopted = AdoptedWave(m_doc.seedWaves);
+  m_figuresLabel->TellWave(adopted ? &m_doc.seedWaves.At(*adopted) : nullptr);
   m_fitLabel->Tell(m_waves->LastRunText());
 }
 

@@ -10,6 +10,7 @@ namespace tremlo {
 class CDrawGraph;
 class CommandGate;
 class CSpread7;
+class FiguresLabel;
 class NoteLabel;
 class WaveGraphPanel;
 
@@ -41,6 +42,7 @@ class CFrmAdjustSeismicWave : public Screen {
   QAbstractButton* m_helpButton;
   WaveGraphPanel* m_graphPanel;
   NoteLabel* m_fitLabel;
+  FiguresLabel* m_figuresLabel;  ///< of the adopted wave
 };
 
 }  // namespace tremlo

@@ -13,6 +13,7 @@
 #include "window/graphs/NamedControl.h"
 #include "window/graphs/WaitCursor.h"
 #include "window/graphs/WaveGraphPanel.h"
+#include "window/waves/FiguresLabel.h"
 #include "window/waves/NoteLabel.h"
 
 #include <QCheckBox>
@@ -121,6 +122,7 @@ void WaveVisualization::MakeGraphPanel() {
       {GraphKind::Time, GraphKind::Spectrum, GraphKind::Fourier},
       [this](GraphKind kind) { return MakeGraph(kind); }, settings, m_gate, this);
   connect(m_graphPanel, &WaveGraphPanel::KindShown, this, &WaveVisualization::ShowSwitches);
+  m_figuresLabel = new FiguresLabel(this);
   m_missingLabel = new NoteLabel("missingLabel", QStringLiteral("注意"), this);
 }
 
@@ -144,10 +146,12 @@ void WaveVisualization::BuildBody(QHBoxLayout* firstRow, std::vector<QWidget*> c
   layout->addLayout(firstRow);
   layout->addLayout(switchRow);
   layout->addWidget(m_graphPanel, 1);
+  layout->addWidget(m_figuresLabel);
   layout->addWidget(m_missingLabel);
 
   const std::vector<QWidget*> graphControls = m_graphPanel->Controls();
   controls.insert(controls.end(), graphControls.begin(), graphControls.end());
+  controls.push_back(m_figuresLabel);
   SetTabOrder(*this, controls);
 }
 
@@ -159,6 +163,7 @@ void WaveVisualization::Refresh() {
   m_exportAdjustedButton->setEnabled(wave != nullptr);
   const bool samples = wave && (!wave->acc.empty() || (wave->adjusted && !wave->adjustedAcc.empty()));
   m_graphPanel->Offer({.settings = wave != nullptr, .fourier = samples});
+  m_figuresLabel->TellWave(wave);
   m_graphPanel->Refresh();
   ShowSwitches();
 }

@@ -18,6 +18,7 @@ namespace tremlo {
 
 class CDrawGraph;
 class CExpEdit;
+class FiguresLabel;
 class NoteLabel;
 class WaveGraphPanel;
 
@@ -80,6 +81,7 @@ class WaveVisualization : public Screen {
   QAbstractButton* m_exportSeedButton;
   QAbstractButton* m_exportAdjustedButton;
   WaveGraphPanel* m_graphPanel;
+  FiguresLabel* m_figuresLabel;
   NoteLabel* m_missingLabel;
 };
 

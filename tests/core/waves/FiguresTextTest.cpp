@@ -42,7 +42,7 @@ TEST(FiguresText, EveryFigureSaysWhatItIs) {
   ASSERT_EQ(line.figures.size(), 7U);
   for (const FigureText& figure : line.figures) EXPECT_TRUE(figure.definition.endsWith(u'。'));
   for (std::size_t i = 1; i < 5; ++i)
-    EXPECT_TRUE(line.figures[i].definition.contains(QStringLiteral("基線補正はしていません"))) << i;
+    EXPECT_TRUE(line.figures[i].definition.contains(QStringLiteral("基線補正なし"))) << i;
   EXPECT_TRUE(line.figures[5].definition.contains(QStringLiteral("g = 980.665 gal")));
 }
 

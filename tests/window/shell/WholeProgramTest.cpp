@@ -8,6 +8,7 @@
 #include "window/graphs/ExpEdit.h"
 #include "window/graphs/Spread7.h"
 #include "window/shell/ShellParts.h"
+#include "window/waves/FiguresLabel.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -139,6 +140,20 @@ TEST_F(WholeProgramTest, ANewProjectBearsNoNameWhileItsRouteIsAsked) {
   EXPECT_TRUE(Title().startsWith("named.trml - "));
   Menu()->newProject->trigger();
   EXPECT_EQ(titleBehindTop, "無題 - Tremlo Version1.00　(オフライン)");
+}
+
+TEST_F(WholeProgramTest, TheFiguresAreReadInAWindowOf1200PixelsAndGiveWayInASmallerOne) {
+  Fit();
+  auto* const label = Find<FiguresLabel>("figuresLabel");
+  ASSERT_TRUE(label->isVisible());
+  app->Frame()->resize(1200, 800);
+  test::Settle();
+  ASSERT_EQ(app->Frame()->width(), 1200);
+  EXPECT_FALSE(label->IsElided()) << label->text().toStdString();
+  app->Frame()->resize(800, 600);
+  test::Settle();
+  EXPECT_EQ(app->Frame()->width(), 800);
+  EXPECT_TRUE(label->IsElided());
 }
 
 TEST_F(WholeProgramTest, AChangedWaveLosesItsFitAndTheNextVisitRunsAgain) {

@@ -1,4 +1,5 @@
 #include "core/project/BaseItemFields.h"
+#include "core/waves/FiguresText.h"
 #include "core/waves/FitText.h"
 #include "core/waves/WaveFile.h"
 #include "numeric/waves/ResponseSpectrum.h"
@@ -343,6 +344,32 @@ TEST_F(AdjustSeismicWaveScreen, CheckedWithoutAResultTheWaveIsRunForOnce) {
   Click(3, kAdjusted);
   Click(3, kAdjusted);
   EXPECT_EQ(runs.size(), 1U) << "the second check finds the result";
+}
+
+// --- The figures of the adopted wave ---
+
+TEST_F(AdjustSeismicWaveScreen, TheFiguresAreThoseOfTheAdoptedWave) {
+  auto& label = driver.Find<QLabel>("figuresLabel");
+  const auto told = [](const CSeismicWave& wave) {
+    QStringList lines;
+    for (const FiguresLine& line : FiguresOf(wave)) lines << line.Text();
+    return lines.join("\n");
+  };
+  EXPECT_EQ(label.text(), told(Wave(0)));
+  EXPECT_EQ(label.text().count("\n"), 1);
+  Click(3, kAdopted);
+  Wave(2).acc = {1.0, 2.0, 3.0};
+  screen.Refresh();
+  EXPECT_EQ(label.text(), told(Wave(2)));
+  EXPECT_EQ(label.text().count("\n"), 0) << "there is no result yet";
+  EXPECT_THAT(label.accessibleName().toStdString(), HasSubstr("「C」"));
+  Click(3, kAdjusted);
+  EXPECT_EQ(label.text(), told(Wave(2)));
+  EXPECT_THAT(label.text().toStdString(), HasSubstr("\n調整後波形　最大加速度 4.000 gal"));
+  doc.ClearAdjustment();
+  screen.Refresh();
+  EXPECT_EQ(label.text(), "") << "no wave is adopted";
+  EXPECT_FALSE(label.isVisible());
 }
 
 TEST_F(AdjustSeismicWaveScreen, AFailedRunTellsWhatItCameToAndChangesNothing) {

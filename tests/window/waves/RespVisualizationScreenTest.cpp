@@ -1,4 +1,5 @@
 #include "core/project/ResponseRoute.h"
+#include "core/waves/FiguresText.h"
 #include "numeric/waves/FourierSpectrum.h"
 #include "numeric/waves/ResponseSpectrum.h"
 #include "support/DocumentState.h"
@@ -243,6 +244,34 @@ TEST_F(RespVisualizationScreen, AFailedRunIsToldAsSuchUntilThereIsAResult) {
   EXPECT_EQ(label.text(), "");
 }
 
+TEST_F(RespVisualizationScreen, TheFiguresOfBothWavesAreToldUntilTheyAreOthers) {
+  auto& label = driver.Find<QLabel>("figuresLabel");
+  const auto text = [&](const std::vector<double>& seed) {
+    return MakeFiguresLine("原種波形", ComputeWaveFigures(seed, 0.01)).Text();
+  };
+  EXPECT_TRUE(label.isVisible());
+  EXPECT_EQ(label.text(),
+            text(Wave().acc) + "\n" +
+                MakeFiguresLine("調整後波形", ComputeWaveFigures(Wave().adjustedAcc, 0.01)).Text());
+  ChangeRespWave(doc, [this] { Wave().acc[50] = 999.0; });
+  screen.Prepare();
+  EXPECT_EQ(label.text(), text(Wave().acc));
+  EXPECT_THAT(label.text().toStdString(), testing::HasSubstr("最大加速度 999.0 gal"));
+  doc.seedWaves.Clear();
+  screen.Refresh();
+  EXPECT_FALSE(label.isVisible());
+}
+
+TEST_F(RespVisualizationScreen, PaintingComputesNoFigure) {
+  auto& label = driver.Find<QLabel>("figuresLabel");
+  const QString before = label.text();
+  Wave().acc[50] = 999.0;  // behind the back of the screen
+  driver.Picture();
+  label.resize(label.width() + 1, label.height());
+  driver.Picture();
+  EXPECT_EQ(label.text(), before);
+}
+
 TEST_F(RespVisualizationScreen, AnotherProjectShowsNothingOfTheLastRun) {
   const CSeismicWaveSet waves = doc.seedWaves;
   screen.ShowRun(RunOf(true));
@@ -451,14 +480,14 @@ TEST_F(RespVisualizationScreen, TheValuesUnderThePointerGoToTheStatusBar) {
 TEST_F(RespVisualizationScreen, TheTabKeyFollowsTheReadingOrder) {
   driver.Find<QWidget>("nameCombo").setFocus();
   std::vector<std::string> order;
-  for (int i = 0; i < 9; ++i) {
+  for (int i = 0; i < 10; ++i) {
     order.push_back(QApplication::focusWidget()->objectName().toStdString());
     EXPECT_FALSE(QApplication::focusWidget()->accessibleName().isEmpty());
     driver.Key(Qt::Key_Tab);
   }
-  EXPECT_THAT(order,
-              ElementsAre("nameCombo", "seedCheck", "adjustedCheck", "exportSeedButton",
-                          "exportAdjustedButton", "timeButton", "graph", "copyButton", "settingsButton"));
+  EXPECT_THAT(order, ElementsAre("nameCombo", "seedCheck", "adjustedCheck", "exportSeedButton",
+                                 "exportAdjustedButton", "timeButton", "graph", "copyButton",
+                                 "settingsButton", "figuresLabel"));
 }
 
 // The gate and the screen together.

@@ -1,3 +1,4 @@
+#include "core/waves/FiguresText.h"
 #include "numeric/waves/FourierSpectrum.h"
 #include "numeric/waves/ResponseSpectrum.h"
 #include "support/DocumentState.h"
@@ -103,6 +104,18 @@ class VisualizationScreen : public testing::Test {
   ScreenDriver driver{screen, {960, 700}};
   TestFolder folder;
 };
+
+TEST_F(VisualizationScreen, TheFiguresAreThoseOfTheAdoptedWave) {
+  auto& label = screen.findChild<QLabel*>("figuresLabel")[0];
+  const std::vector<FiguresLine> lines = FiguresOf(Wave());
+  EXPECT_EQ(label.text(), lines[0].Text() + "\n" + lines[1].Text());
+  rules.AdoptWave(2);
+  screen.Refresh();
+  EXPECT_EQ(label.text(), FiguresOf(doc.seedWaves.At(2))[0].Text());
+  doc.seedWaves.At(2).adopted = false;
+  screen.Refresh();
+  EXPECT_FALSE(label.isVisible());
+}
 
 TEST_F(VisualizationScreen, TheAdoptedWaveIsShown) {
   EXPECT_EQ(driver.Text("nameEdit"), "B");
