@@ -2,6 +2,7 @@
 
 #include "WaveInput.h"
 #include "core/waves/AdjustRun.h"
+#include "numeric/waves/WaveFigures.h"
 
 namespace tremlo::cli {
 
@@ -11,8 +12,10 @@ struct Adjustment {
   int passes = 0;  ///< sweeps made
   /// Of the last sweep; NaN as deviation when there was none.
   FitFigures fit{.deviation = std::numeric_limits<double>::quiet_NaN()};
-  std::vector<double> acc;                ///< the last wave, converged or not
-  std::vector<double> periods, spectrum;  ///< of that wave; the caller computes it
+  std::vector<double> acc;  ///< the last wave, converged or not
+  // The caller computes these, as far as it needs them.
+  std::vector<double> periods, spectrum;  ///< of that wave
+  WaveFigures seedFigures, adjustedFigures;
 };
 
 /// One adjustment with all that it takes, as the options of `adjust` say it.

@@ -15,6 +15,7 @@ class Arguments {
  public:
   /// Adds the options that every command has. Call Parse before anything else.
   explicit Arguments(const Command& command);
+  explicit Arguments(Command&&) = delete;  ///< the command must outlive it
 
   /// False, with Error() set, for an unknown option, a missing value, an output file without a name or a
   /// wrong number of file arguments.

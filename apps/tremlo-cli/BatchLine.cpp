@@ -64,7 +64,8 @@ SummaryRow BatchLine::RunToItsEnd(const std::atomic<bool>& stop) const {
   row.note = m_job.fault;
   if (!row.note.isEmpty()) return row;
   InputDigest digest = Digest();
-  Arguments arguments(AdjustCommand());
+  const Command command = AdjustCommand();
+  Arguments arguments(command);
   if (!arguments.Parse(Words())) {
     row.note = arguments.Error();
     return row;

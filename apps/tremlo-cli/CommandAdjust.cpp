@@ -12,10 +12,6 @@ namespace tremlo::cli {
 
 namespace {
 
-struct Figures {
-  WaveFigures seed, adjusted;
-};
-
 QList<QCommandLineOption> Options() {
   return RecordOptions::All() +
          QList<QCommandLineOption>{
@@ -31,7 +27,7 @@ QList<QCommandLineOption> Options() {
               QStringLiteral("BASE.csv")}};
 }
 
-void PrintObject(const WaveInput& seed, const Adjustment& result, const Figures& figures) {
+void PrintObject(const WaveInput& seed, const Adjustment& result) {
   JsonWriter json;
   json.BeginObject();
   json.Member("name", seed.name);
@@ -42,13 +38,13 @@ void PrintObject(const WaveInput& seed, const Adjustment& result, const Figures&
   json.Member("adjustedAcc", result.acc);
   json.Member("adjustedPeriods", result.periods);
   json.Member("adjustedSpec", result.spectrum);
-  WriteFigures(json, "seedFigures", figures.seed);
-  WriteFigures(json, "adjustedFigures", figures.adjusted);
+  WriteFigures(json, "seedFigures", result.seedFigures);
+  WriteFigures(json, "adjustedFigures", result.adjustedFigures);
   json.EndObject();
   PrintJson(json);
 }
 
-void PrintSummary(const WaveInput& seed, const Adjustment& result, const Figures& figures, double tolerance) {
+void PrintSummary(const WaveInput& seed, const Adjustment& result, double tolerance) {
   const auto percent = [](double fraction) { return QString::number(fraction * 100.0, 'f', 2); };
   PrintWaveLine(seed);
   PrintLine(QStringLiteral("調整後：%1 点").arg(result.acc.size()));
@@ -61,8 +57,8 @@ void PrintSummary(const WaveInput& seed, const Adjustment& result, const Figures
   if (result.fit.undershootPeriod > 0.0)
     PrintLine(QStringLiteral("目標を下回る最大：%1 %（周期 %2 秒）")
                   .arg(percent(result.fit.undershoot), NumberText(result.fit.undershootPeriod)));
-  PrintLine(MakeFiguresLine(QStringLiteral("原種波形"), figures.seed).Text());
-  PrintLine(MakeFiguresLine(QStringLiteral("調整後波形"), figures.adjusted).Text());
+  PrintLine(MakeFiguresLine(QStringLiteral("原種波形"), result.seedFigures).Text());
+  PrintLine(MakeFiguresLine(QStringLiteral("調整後波形"), result.adjustedFigures).Text());
 }
 
 int Run(const Arguments& arguments) {
@@ -87,8 +83,8 @@ int Run(const Arguments& arguments) {
     });
   }
   ComputeResponseSpectrum(result.acc, result.periods, result.spectrum, seed.timeStep);
-  const Figures figures{ComputeWaveFigures(seed.acc, seed.timeStep),
-                        ComputeWaveFigures(result.acc, seed.timeStep)};
+  result.seedFigures = ComputeWaveFigures(seed.acc, seed.timeStep);
+  result.adjustedFigures = ComputeWaveFigures(result.acc, seed.timeStep);
 
   if (result.converged && arguments.IsSet("out")) {
     const std::vector<FileContent> files =
@@ -98,9 +94,9 @@ int Run(const Arguments& arguments) {
       return Fail(kBadFile, *failed + QStringLiteral(": ファイルを保存できませんでした。"));
   }
   if (arguments.WantsJson()) {
-    PrintObject(seed, result, figures);
+    PrintObject(seed, result);
   } else {
-    PrintSummary(seed, result, figures, job.tolerance);
+    PrintSummary(seed, result, job.tolerance);
   }
   return result.converged ? kDone : kGoalMissed;
 }
