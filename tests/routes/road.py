@@ -37,8 +37,8 @@ NAMES = ["HSES 2016 N80W 0.005s 8192", "El Centro 1940 NS", "カイコウラ地�
 FITS, FITS_NOT, THIRD = range(3)
 PLANE_ROWS = 13  # of the ranking of the local service
 H17, H17_NAME = 2, "H17大規模地震に対するダム耐震性能照査指針（案）・同解説"
-# About the last acquisition, the last run, and the row of the list on which one stands.
-PASSING = "出典：防災科学技術研究所", "適合度", "ダムの固有周期での応答"
+# About the last acquisition, the files that were read, the last run, and the row of the list on which one stands.
+PASSING = "出典：防災科学技術研究所", "読み込んだ記録", "別の形式として読む", "適合度", "ダムの固有周期での応答"
 
 
 class Road(route.Route):

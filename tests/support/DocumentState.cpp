@@ -77,10 +77,11 @@ void Bytes::Add(const CSeismicWave& wave) {
                accSpec, lowerSelected, lowerGraph, baseColor, baseShow, baseSelected, spectrumArea,
                adjustColor, baseAdjustShow, adjustShow, adopted, adjustChecked, adjustedAcc, adjustedPeriods,
                adjustedSpec, adjusted, note] = wave;
+  static_cast<void>(note);  // a member of its own, since no file keeps it
   AddAll(name, spectrumValid, timeStep, acc, current, origGraph, siteColor, siteShow, siteUse, periods,
          accSpec, lowerSelected, lowerGraph, baseColor, baseShow, baseSelected, spectrumArea, adjustColor,
          baseAdjustShow, adjustShow, adopted, adjustChecked, adjustedAcc, adjustedPeriods, adjustedSpec,
-         adjusted, note);
+         adjusted);
 }
 
 void Bytes::Add(const RecordNote& record) {
@@ -180,6 +181,9 @@ DocumentState::DocumentState(const CMorvaneDoc& doc) {
   TREMLO_ADD(respSpectra);
   TREMLO_ADD(lastAcquisition);
 #undef TREMLO_ADD
+  std::vector<std::optional<RecordNote>> notes;
+  for (const CSeismicWave& wave : doc.seedWaves.Records()) notes.push_back(wave.note);
+  add("recordNotes", notes);
   add("modified", doc.IsModified());
 }
 

@@ -17,6 +17,7 @@ constexpr int kMostLines = 3;
 RecordLine::RecordLine(Prompt& prompt, CommandGate& gate,
                        std::function<void(const QString& path)> readOtherwise, QWidget* parent)
     : QWidget(parent), m_label(new NoteLabel("recordNote", QStringLiteral("読み込んだ記録"), this)) {
+  Named(this, "recordLine", QStringLiteral("読み込んだ記録"));
   m_label->SetMostLines(kMostLines);
   m_detailsButton = NamedButton<QPushButton>("recordDetailsButton", QStringLiteral("詳細"), this);
   m_detailsButton->setAccessibleName(QStringLiteral("読み込んだ記録の詳細"));

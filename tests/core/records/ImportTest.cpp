@@ -102,9 +102,9 @@ TEST(RecordImport, APartOfTheRecordIsKeptWithTheOffsetOfAllOfIt) {
 
 TEST(RecordImport, AMultipleOfTheStepThatIsNoDoubleStandsForItsSample) {
   RecordImport import = ImportOf("knet/SMP0010001010000.EW");
-  import.SetSpan(0.29, 0.57);  // 0.29 / 0.01 is 28.999999999999996
-  EXPECT_EQ(import.Wave(0).acc.size(), 29U);
-  EXPECT_NEAR(import.Wave(0).note->from, 0.29, 1e-12);
+  import.SetSpan(0.07, 0.57);  // 7.000000000000001 and 56.99999999999999 steps
+  EXPECT_EQ(import.Wave(0).acc.size(), 51U);
+  EXPECT_NEAR(import.Wave(0).note->from, 0.07, 1e-12);
 }
 
 TEST(RecordImport, WhatTheFileLeavesOpenStandsInTheWayUntilItIsAnswered) {
