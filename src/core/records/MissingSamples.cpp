@@ -11,7 +11,7 @@ void FillMissing(std::vector<double>& acc, const std::function<bool(double)>& is
     while (behind < acc.size() && isMissing(acc[behind])) ++behind;
     const double right = behind < acc.size() ? acc[behind] : first > 0 ? acc[first - 1] : 0.0;
     const double left = first > 0 ? acc[first - 1] : right;
-    const double gap = static_cast<double>(behind - first + 1);
+    const auto gap = static_cast<double>(behind - first + 1);
     for (std::size_t i = first; i < behind; ++i)
       acc[i] = left + (right - left) * static_cast<double>(i - first + 1) / gap;
     first = behind;

@@ -18,9 +18,9 @@ namespace tremlo {
 class RecordText {
  public:
   /// Larger files, more and longer lines are refused: no record comes near them.
-  static constexpr qsizetype kMostBytes = 64 * 1024 * 1024;
+  static constexpr qsizetype kMostBytes = qsizetype{64} * 1024 * 1024;
   static constexpr std::size_t kMostLines = 4'000'000;
-  static constexpr std::size_t kLongestLine = 1024 * 1024;
+  static constexpr std::size_t kLongestLine = std::size_t{1024} * 1024;
 
   /// `name` is the file in messages.
   RecordText(const QByteArray& content, QString name);
