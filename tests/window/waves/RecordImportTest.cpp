@@ -1,6 +1,7 @@
 #include "window/waves/RecordImportTest.h"
 
 #include "core/project/ResponseRoute.h"
+#include "core/records/ReadRecord.h"
 #include "core/records/RecordTerms.h"
 #include "core/records/RecordUnit.h"
 #include "window/waves/DlgReadRecord.h"
@@ -360,6 +361,45 @@ TEST_F(RecordImportScreen, MissingSamplesAndDecimalCommasAreAnswered) {
   ReadFixture("broken/text_decimal_comma.txt", 1);
   ASSERT_EQ(doc.seedWaves.Count(), 2U);
   EXPECT_NEAR(PeakOf(Wave(1).acc).pga, 43.548495, 1e-5);
+}
+
+TEST_F(RecordImportScreen, AFewLinesAreReadFromWhereTheUserSays) {
+  prompt.ExpectMessage("行番号の入力エラーです。");
+  const QString path = folder.Write("few.txt", "gal dt=0.01\n1\n-2\n3\n-4\n5\n");
+  WhenDialog::Opens("CDlgImportRecord", [](QWidget& dialog) {
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), "firstLineEdit");
+    TypeText("2.5");
+    PressKey(Qt::Key_Tab);
+    TypeText("3");
+    PressKey(Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), "lastLineEdit");
+    TypeText("5");
+    PressKey(Qt::Key_Tab);
+    PressIn(dialog, "okButton");
+  });
+  Read(path, 2);
+  ASSERT_EQ(doc.seedWaves.Count(), 1U);
+  EXPECT_EQ(Wave().acc.size(), 3U);
+}
+
+TEST_F(RecordImportScreen, SamplesBehindTheAnnouncedCountAreReadWhenTheUserWants) {
+  const QString path = RecordPath("broken/npts_too_small.AT2");
+  const RecordReading announced = ReadRecord(ReadAll(path), path, {}, {});
+  const std::size_t count = announced.components.at(0).acc.size();
+  ASSERT_GT(announced.leftOut, 0U);
+  WhenDialog::Opens("CDlgImportRecord", [&](QWidget& dialog) {
+    const auto shows = [&](std::size_t samples) {
+      return In<QLabel>(dialog, "caption").text().contains(QStringLiteral("　%1 点").arg(samples));
+    };
+    EXPECT_TRUE(shows(count));
+    TabTo(dialog, "allSamplesCheck");
+    PressKey(Qt::Key_Space);
+    EXPECT_TRUE(shows(count + announced.leftOut));
+    PressIn(dialog, "okButton");
+  });
+  Read(path);
+  ASSERT_EQ(doc.seedWaves.Count(), 1U);
+  EXPECT_EQ(Wave().acc.size(), count + announced.leftOut);
 }
 
 TEST_F(RecordImportScreen, AnotherFormatIsTriedInTheDialog) {
