@@ -68,7 +68,9 @@ Members PlainTar(const QByteArray& content) {
     const QByteArray name = header.left(header.indexOf('\0'));
     const bool isName = !name.isEmpty() && name.size() < 100 && !name.endsWith('/');
     const bool numbers = Octal(header.mid(100, 8)) >= 0 && Octal(header.mid(108, 8)) >= 0 &&
-                         Octal(header.mid(116, 8)) >= 0 && Octal(header.mid(136, 12)) >= 0;
+                         Octal(header.mid(116, 8)) >= 0 && Octal(header.mid(136, 12)) >= 0 &&
+                         (header.mid(329, 16) == QByteArray(16, '\0') ||
+                          (Octal(header.mid(329, 8)) >= 0 && Octal(header.mid(337, 8)) >= 0));
     const bool checked = Octal(header.mid(148, 7)) == sum && header[155] == ' ';
     const bool file = header.mid(156, 101) == '0' + QByteArray(100, '\0') &&
                       header.mid(257, 8) == QByteArray("ustar\00000", 8) &&
