@@ -19,10 +19,9 @@ QColor LinkColor(const QPalette& palette) {
 }
 
 QString AttributionText(const QPalette& palette) {
-  return QStringLiteral(
-             "この地図は国土地理院発行の地理院タイル『標準地図』を使用しています。<br>"
-             "<a href=\"%1\" style=\"color:%2\">国土地理院コンテンツ利用規約</a> （%1）")
-      .arg(QString::fromLatin1(kTileTermsAddress).toHtmlEscaped(), LinkColor(palette).name());
+  return QStringLiteral("%1<br><a href=\"%2\" style=\"color:%3\">%4</a> （%2）")
+      .arg(QString::fromUtf16(kMapCredit), QString::fromLatin1(kTileTermsAddress).toHtmlEscaped(),
+           LinkColor(palette).name(), QString::fromUtf16(kMapTerms));
 }
 
 void OpenTerms(Prompt& prompt) {

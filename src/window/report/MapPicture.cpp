@@ -7,6 +7,7 @@
 #include "core/location/TileCache.h"
 #include "core/location/TileMap.h"
 #include "numeric/location/TileGrid.h"
+#include "window/location/MapAttribution.h"
 #include "window/location/MapSurface.h"
 #include "window/location/TileImage.h"
 
@@ -47,10 +48,9 @@ std::optional<QImage> MapPicture(const CMorvaneDoc& doc, QSize size, double rati
 }
 
 QString MapAttributionText() {
-  return QStringLiteral(
-             "この地図は国土地理院発行の地理院タイル『標準地図』を使用しています。\n"
-             "国土地理院コンテンツ利用規約（%1）")
-      .arg(QString::fromLatin1(kTileTermsAddress));
+  return QStringLiteral("%1\n%2（%3）")
+      .arg(QString::fromUtf16(kMapCredit), QString::fromUtf16(kMapTerms),
+           QString::fromLatin1(kTileTermsAddress));
 }
 
 }  // namespace tremlo
