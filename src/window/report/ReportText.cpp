@@ -200,8 +200,8 @@ bool ReportText::BeginPageWith(const QTextBlock& block) {
     format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
     cursor.setBlockFormat(format);
   }
-  // All of it: laid out from here on alone, later headings lose their lines.
-  m_text.markContentsDirty(0, m_text.characterCount());
+  // To the end: of what the change itself lays out anew, later headings lose their lines.
+  m_text.markContentsDirty(block.position(), m_text.characterCount() - block.position());
   return true;
 }
 
