@@ -125,6 +125,14 @@ class PeekedSource : public ByteSource {
   qint64 m_given = 0;
 };
 
+/// Whether the entry of a zip is deflated or as it was. Other packings ask for as much memory as the file
+/// likes, hundreds of MiB for a few bytes; the name of the format tells which it is.
+bool IsUsualPacking(archive* reader) {
+  if ((archive_format(reader) & ARCHIVE_FORMAT_BASE_MASK) != ARCHIVE_FORMAT_ZIP) return true;
+  const std::string_view name = archive_format_name(reader);
+  return name.ends_with("(deflation)") || name.ends_with("(uncompressed)");
+}
+
 /// What libarchive reads from.
 struct Feed {
   ByteSource& source;
@@ -201,6 +209,9 @@ class Walk {
       const bool isFile = archive_entry_filetype(entry) == AE_IFREG && !archive_entry_hardlink(entry);
       const QString name = DecodeName(archive_entry_pathname(entry));
       const QString member = path.isEmpty() ? name : path + QLatin1Char('/') + name;
+      if (!IsUsualPacking(reader))
+        return Fail(Where(member) + QStringLiteral("この圧縮方式の ZIP は読めません（「%1」）。")
+                                        .arg(QString::fromLatin1(archive_format_name(reader))));
       EntrySource data(reader);
       CountedSource counted(data, m_bytes, m_bounds.mostBytes);
       PeekedSource inner(counted);

@@ -297,6 +297,19 @@ TEST(RecordArchive, ABombWithinIsBoundedByTheWhole) {
   EXPECT_EQ(found.error, QStringLiteral("展開すると全体で 100000 バイトを超えます。"));
 }
 
+TEST(RecordArchive, OnlyTheUsualPackingOfZipIsRead) {
+  // Others ask for as much memory as the file likes: 256 MiB for 42 bytes.
+  QByteArray zip = Packed(Pack::Zip, {{"a.txt", "one one one one one one one"}});
+  constexpr qsizetype kMethod = 8;
+  ASSERT_EQ(WalkOver(zip).error, QString());
+  zip[kMethod] = 98;
+  EXPECT_EQ(WalkOver(zip).error,
+            QStringLiteral("a.txt：この圧縮方式の ZIP は読めません（「ZIP 2.0 (ppmd-1)」）。"));
+  zip[kMethod] = 14;
+  EXPECT_EQ(WalkOver(zip).error,
+            QStringLiteral("a.txt：この圧縮方式の ZIP は読めません（「ZIP 2.0 (lzma)」）。"));
+}
+
 TEST(RecordArchive, TheTakerCanEndIt) {
   int count = 0;
   const ArchiveOutcome outcome = WalkArchive(Packed(Pack::Tar, {{"a", "1"}, {"b", "2"}}),
