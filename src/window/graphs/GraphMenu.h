@@ -6,6 +6,8 @@
 
 #include <QMenu>
 
+#include <functional>
+
 namespace tremlo {
 
 class GraphView;
@@ -23,8 +25,13 @@ class GraphMenu : public QMenu {
   Q_OBJECT
  public:
   GraphMenu(GraphView& graph, const GraphDoors& doors);
+  /// Of a graph in a dialog, which no command of the program gets in front of. Files and prompt outlive it.
+  GraphMenu(GraphView& graph, FileDialogs& files, Prompt& prompt);
 
  private:
+  GraphMenu(GraphView& graph, CommandGate* gate, FileDialogs& files, Prompt& prompt);
+  /// Behind a dialog nothing runs.
+  void Run(const std::function<void()>& command);
   QAction* AddCommand(const char* name, const QString& text, void (GraphMenu::*act)());
   void Open(const QPoint& globalSpot);
   void SavePicture();
@@ -32,7 +39,9 @@ class GraphMenu : public QMenu {
   void Write(const QString& path, std::string_view content);
 
   GraphView& m_graph;
-  GraphDoors m_doors;
+  CommandGate* m_gate;  ///< null in a dialog
+  FileDialogs& m_files;
+  Prompt& m_prompt;
   QAction* m_savePicture;
   QAction* m_saveCurves;
 };

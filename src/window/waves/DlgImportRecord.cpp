@@ -8,6 +8,7 @@
 #include "core/records/RecordText.h"
 #include "core/records/RecordUnit.h"
 #include "window/graphs/DrawTimeAccGal.h"
+#include "window/graphs/GraphMenu.h"
 #include "window/graphs/GraphView.h"
 #include "window/graphs/InfoButton.h"
 #include "window/graphs/NamedControl.h"
@@ -102,7 +103,7 @@ int LinesHeight(const QPlainTextEdit& edit, int lines) {
 
 }  // namespace
 
-CDlgImportRecord::CDlgImportRecord(RecordImport& import, Prompt& prompt, QWidget* parent)
+CDlgImportRecord::CDlgImportRecord(RecordImport& import, Prompt& prompt, FileDialogs& files, QWidget* parent)
     : QDialog(parent), m_import(import), m_prompt(prompt) {
   setObjectName(QStringLiteral("CDlgImportRecord"));
   setWindowTitle(QStringLiteral("記録の読込"));
@@ -115,7 +116,7 @@ CDlgImportRecord::CDlgImportRecord(RecordImport& import, Prompt& prompt, QWidget
   left->addWidget(MakeComponents());
   auto* const right = new QVBoxLayout;
   right->addWidget(MakeFields());
-  right->addWidget(MakeGraph(), 1);
+  right->addWidget(MakeGraph(files), 1);
   auto* const columns = new QHBoxLayout;
   columns->addLayout(left);
   columns->addLayout(right);
@@ -333,7 +334,7 @@ QWidget* CDlgImportRecord::MakeFields() {
   return group;
 }
 
-QWidget* CDlgImportRecord::MakeGraph() {
+QWidget* CDlgImportRecord::MakeGraph(FileDialogs& files) {
   auto* const box = new QWidget(this);
   auto* const layout = new QVBoxLayout(box);
   layout->setContentsMargins({});
@@ -345,6 +346,7 @@ QWidget* CDlgImportRecord::MakeGraph() {
   m_graph = Named(new GraphView(box), "graph", QStringLiteral("読み込まれる波形のグラフ"));
   m_graph->setMinimumSize(kGraphSize);
   m_graph->SetSource([this] { return MakeCurve(); });
+  new GraphMenu(*m_graph, files, m_prompt);
   layout->addWidget(m_graph, 1);
   return box;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/ask/FileDialogs.h"
 #include "core/ask/Prompt.h"
 #include "core/records/RecordImport.h"
 
@@ -26,8 +27,8 @@ class GraphView;
 class CDlgImportRecord : public QDialog {
   Q_OBJECT
  public:
-  /// Import and prompt outlive the dialog.
-  CDlgImportRecord(RecordImport& import, Prompt& prompt, QWidget* parent);
+  /// Import, prompt and files outlive the dialog.
+  CDlgImportRecord(RecordImport& import, Prompt& prompt, FileDialogs& files, QWidget* parent);
 
   void accept() override;
 
@@ -39,7 +40,7 @@ class CDlgImportRecord : public QDialog {
   QWidget* MakeHead();
   QWidget* MakeComponents();
   QWidget* MakeFields();
-  QWidget* MakeGraph();
+  QWidget* MakeGraph(FileDialogs& files);
   QWidget* MakeWarnings();
   QWidget* MakeButtons();
   void AddField(QGridLayout& layout, QWidget* field, const QString& label, const QString& unit = {});

@@ -35,7 +35,7 @@ std::vector<ImportedWave> Finish(RecordImport& import, bool ask, const RecordDoo
     }
     if (import.IsPlain()) return import.Waves();
   }
-  CDlgImportRecord dialog(import, door.prompt, door.parent);
+  CDlgImportRecord dialog(import, door.prompt, door.files, door.parent);
   if (dialog.exec() != QDialog::Accepted) return {};
   return import.Waves();
 }

@@ -8,9 +8,11 @@ class QWidget;
 
 namespace tremlo {
 
-/// What the reading of a chosen file takes. The prompt tells refusals; dialogs come up before `parent`.
+/// What the reading of a chosen file takes. The prompt tells refusals; dialogs come up before `parent`; the
+/// graph of what will be read is saved through the files.
 struct RecordDoor {
   Prompt& prompt;
+  FileDialogs& files;
   QWidget* parent;
   bool onlyOne;  ///< a single component is to be read
 };

@@ -273,11 +273,11 @@ void WaveRegistration::WidenTimeColumns() {
 
 void WaveRegistration::ReadFile() {
   const FileChoice choice = m_files.AskOpenFile(RecordFileToRead(m_readButton->text()));
-  if (!choice.path.isEmpty()) Take(ReadRecordFile(choice, {m_prompt, window(), m_onlyOne}));
+  if (!choice.path.isEmpty()) Take(ReadRecordFile(choice, {m_prompt, m_files, window(), m_onlyOne}));
 }
 
 void WaveRegistration::ReadOtherwise(const QString& path) {
-  Take(ReadRecordOtherwise(path, {m_prompt, window(), m_onlyOne}));
+  Take(ReadRecordOtherwise(path, {m_prompt, m_files, window(), m_onlyOne}));
 }
 
 void WaveRegistration::Take(std::vector<ImportedWave> waves) {

@@ -7,6 +7,8 @@
 #include "window/waves/DlgReadRecord.h"
 #include "window/waves/DlgSelectMembers.h"
 
+#include <QMenu>
+
 #include <numeric>
 
 namespace tremlo::test {
@@ -105,6 +107,41 @@ TEST_F(RecordImportScreen, WhatIsRefusedIsToldWithFileLineAndValueAndChangesNoth
     prompt.CheckUsedUp();
     EXPECT_THAT(DocumentState(doc).DifferencesTo(before), testing::IsEmpty()) << one.fixture;
   }
+}
+
+TEST_F(RecordImportScreen, TheGraphOfWhatWillBeReadIsSavedFromItsMenu) {
+  const QString picture = folder.Path(QStringLiteral("a.png"));
+  const QString curves = folder.Path(QStringLiteral("a.csv"));
+  WhenDialog::Opens("CDlgImportRecord", [&](QWidget& dialog) {
+    auto& menu = In<QMenu>(dialog, "graphMenu");
+    const auto choose = [&](const QString& path, int entry) {
+      files.Choose(path);
+      In<QWidget>(dialog, "graph").setFocus();
+      PressKey(Qt::Key_F10, Qt::ShiftModifier);
+      ASSERT_TRUE(menu.isVisible());
+      for (int i = 0; i < entry; ++i) QTest::keyClick(&menu, Qt::Key_Down);
+      QTest::keyClick(&menu, Qt::Key_Return);
+      Settle();
+    };
+    choose(picture, 1);
+    choose(curves, 2);
+    {
+      QDialog other(&dialog);
+      other.setModal(true);
+      other.show();
+      Settle();
+      menu.actions().front()->trigger();  // as over the accessibility bus
+    }
+    Settle();
+    EXPECT_TRUE(dialog.isVisible());
+    PressIn(dialog, "cancelButton");
+  });
+  ReadFixture("knet/SAMPLE_SMP001.csv", 1);
+  EXPECT_EQ(files.saved.size(), 2u);
+  EXPECT_FALSE(QImage(picture).isNull());
+  EXPECT_GT(ReadAll(curves).count('\n'), 100);
+  EXPECT_EQ(doc.seedWaves.Count(), 0U);
+  EXPECT_FALSE(doc.IsModified());
 }
 
 // The first filter
