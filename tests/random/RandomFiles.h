@@ -16,6 +16,7 @@ class RandomFiles : public FileDialogs {
   void SetDocument(const CMorvaneDoc* doc) { m_doc = doc; }
 
   QString AskOpenPath(const FileQuestion& question) override;
+  FileChoice AskOpenFile(const FileQuestion& question) override;
   QString AskSavePath(const FileQuestion& question) override;
 
   /// A file for the question that is asked last, for the real dialog's field.

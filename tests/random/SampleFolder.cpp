@@ -6,6 +6,8 @@
 #include "support/ProcedureParts.h"
 #include "support/Waves.h"
 
+#include <QDirIterator>
+
 #include <algorithm>
 
 namespace tremlo::test {
@@ -36,6 +38,7 @@ std::vector<double> SampleCut(std::size_t count) {
 SampleFolder::SampleFolder() {
   CopyTables(m_program);
   MakeWaves();
+  FindRecords();
   MakeSpectra();
   MakeProjects();
 }
@@ -61,6 +64,14 @@ void SampleFolder::MakeWaves() {
       m_files.Write(QStringLiteral("bytes"), QByteArray("\0\xff\x80\xfe\r\n\r", 7).repeated(300)));
   m_odd.push_back(m_files.Path(QStringLiteral("none.csv")));
   m_odd.push_back(m_files.Path());
+}
+
+void SampleFolder::FindRecords() {
+  QDirIterator files(SourcePath(QStringLiteral("tests/data/records")), QDir::Files,
+                     QDirIterator::Subdirectories);
+  while (files.hasNext()) m_records.push_back(files.next());
+  // A seed draws the same files whatever the order of the folder.
+  std::sort(m_records.begin(), m_records.end());
 }
 
 void SampleFolder::MakeSpectra() {
@@ -117,6 +128,10 @@ void SampleFolder::MakeProjects() {
 
 QString SampleFolder::Wave(RandomSource& random) const {
   return random.Percent(85) ? random.Pick(m_soundWaves) : Any(random);
+}
+
+QString SampleFolder::Record(RandomSource& random) const {
+  return random.Pick(m_records);
 }
 
 QString SampleFolder::Spectrum(RandomSource& random) const {

@@ -16,6 +16,8 @@ class SampleFolder {
   QString ProgramFolder() const { return m_program.Path(); }
 
   QString Wave(RandomSource& random) const;  ///< mostly a sound one
+  /// In one of the formats in which records come, sound or broken.
+  QString Record(RandomSource& random) const;
   QString Spectrum(RandomSource& random) const;
   QString Project(RandomSource& random) const;
   QString Any(RandomSource& random) const;
@@ -26,11 +28,12 @@ class SampleFolder {
 
  private:
   void MakeWaves();
+  void FindRecords();
   void MakeSpectra();
   void MakeProjects();
 
   TestFolder m_program, m_files;
-  std::vector<QString> m_soundWaves, m_soundSpectra, m_soundProjects, m_odd;
+  std::vector<QString> m_soundWaves, m_records, m_soundSpectra, m_soundProjects, m_odd;
   int m_saved = 0;
 };
 
