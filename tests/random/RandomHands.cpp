@@ -178,7 +178,9 @@ void RandomHands::TypeInto(QWidget& target, const QString& text) {
 
 void RandomHands::LeaveField(QWidget& field) {
   QWidget* const at = QApplication::focusWidget() ? QApplication::focusWidget() : &field;
-  switch (m_random.Below(8)) {
+  const int way = m_random.Below(8);
+  m_diary.Note(QStringLiteral("leaves it, way %1").arg(way));
+  switch (way) {
     case 0:
     case 1:
     case 2:

@@ -266,6 +266,10 @@ void RandomUser::CountStates() {
 
 void RandomUser::Fail(const std::string& what) {
   m_diary.Note(QStringLiteral("FAILURE: ") + QString::fromStdString(what));
+  const QWidget* const focus = QApplication::focusWidget();
+  const QWidget* const active = QApplication::activeWindow();
+  m_diary.Note(QStringLiteral("focus: %1, active window: %2")
+                   .arg(focus ? NameOf(*focus) : QString(), active ? NameOf(*active) : QString()));
   m_failure += what + "\n";
   if (m_failure.size() > what.size() + 1) return;  // the first one: the project as it is now
   const QString path = m_diary.Path() + QStringLiteral(".trml");

@@ -5,6 +5,7 @@
 #include "core/shell/UpdateCheck.h"
 #include "window/graphs/DarkPaletteStyle.h"
 #include "window/graphs/JapaneseFont.h"
+#include "window/graphs/ModalWindow.h"
 #include "window/graphs/WaitCursor.h"
 #include "window/shell/AboutDlg.h"
 #include "window/shell/DlgSplash.h"
@@ -193,10 +194,13 @@ void CMorvaneApp::ConnectFileMenu() {
   Connect(menu->writeReport, [this] { m_table.writeReport(*m_parts); });
   QObject::connect(menu, &MainMenu::FileMenuOpens, frame, [this] { UpdateReportEntry(); });
   QObject::connect(menu->exitProgram, &QAction::triggered, frame, [frame] { frame->close(); });
-  // The list is rebuilt by the command: its entries must not go while one of them is being carried out.
-  QObject::connect(
-      menu, &MainMenu::RecentChosen, frame,
-      [this](const QString& path) { Run([&] { m_projects->OpenRecent(path); }); }, Qt::QueuedConnection);
+  QObject::connect(menu, &MainMenu::RecentChosen, frame, [this, frame](const QString& path) {
+    // Refused now: when its turn comes, the dialog in front may have gone.
+    if (IsBehindModalWindow(frame)) return;
+    // The list is rebuilt by the command: its entries must not go while one of them is being carried out.
+    QMetaObject::invokeMethod(
+        frame, [this, path] { Run([&] { m_projects->OpenRecent(path); }); }, Qt::QueuedConnection);
+  });
 }
 
 void CMorvaneApp::ConnectSettingsMenu() {

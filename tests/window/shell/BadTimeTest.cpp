@@ -94,6 +94,19 @@ TEST_F(BadTimeTest, WhatWasQueuedIsLookedAtWhenItRuns) {
   EXPECT_EQ(Doc().PathName(), other);
 }
 
+TEST_F(BadTimeTest, ARecentFileChosenBehindADialogIsNotOpenedOnceTheDialogHasGone) {
+  SavedProject(QStringLiteral("b.trml"), true);
+  {
+    QDialog dialog(app->Frame());
+    dialog.setModal(true);
+    dialog.show();
+    Menu()->RecentEntries().front()->trigger();
+  }
+  QCoreApplication::processEvents();
+  EXPECT_THAT(TakeLog(), IsEmpty());
+  EXPECT_EQ(Doc().PathName(), path);
+}
+
 TEST_F(BadTimeTest, NoCommandRunsWithinAnother) {
   app.reset();
   Make();
