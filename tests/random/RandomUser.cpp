@@ -135,6 +135,11 @@ bool RandomUser::IsSettled() {
     if (m_dialogClock.hasExpired(kRunLimitMs)) Fail("a run does not end: " + NameOf(*window).toStdString());
     return false;
   }
+  // What the focus leaves may have something to tell.
+  if (m_focus != QApplication::focusWidget()) {
+    m_focus = QApplication::focusWidget();
+    m_quietBeats = 0;
+  }
   if (++m_quietBeats < kQuietBeats) return false;
   return !m_patient || m_sinceAction.hasExpired(kPatienceMs) || !AwaitsTimer(*window);
 }

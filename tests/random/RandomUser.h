@@ -74,10 +74,11 @@ class RandomUser : public QObject {
   QElapsedTimer m_clock;
   std::atomic<int> m_beats = 0;
 
-  bool m_ended = false;   ///< the program that runs has ended
-  bool m_checked = true;  ///< what the last action did has been looked at
-  bool m_patient = true;  ///< what the screen has set going is waited for
-  int m_quietBeats = 0;   ///< since the last action
+  bool m_ended = false;       ///< the program that runs has ended
+  bool m_checked = true;      ///< what the last action did has been looked at
+  bool m_patient = true;      ///< what the screen has set going is waited for
+  int m_quietBeats = 0;       ///< since the last action
+  QPointer<QWidget> m_focus;  ///< at the last beat
   QElapsedTimer m_sinceAction;
   std::optional<DocumentMoment> m_before;  ///< between the last two commands
   std::set<std::string> m_broughtByFile;   ///< invariants that the open project breaks by itself

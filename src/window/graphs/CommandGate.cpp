@@ -1,10 +1,13 @@
 #include "window/graphs/CommandGate.h"
 
 #include "window/graphs/ExceptionText.h"
+#include "window/graphs/ModalWindow.h"
 #include "window/graphs/PendingEntry.h"
 #include "window/graphs/Screen.h"
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QEvent>
 #include <QScopedValueRollback>
 #include <QThread>
 
@@ -18,7 +21,24 @@ int LoopLevel() {
 
 }  // namespace
 
-CommandGate::CommandGate(Prompt& prompt) : m_prompt(prompt), m_programLoop(LoopLevel() + 1) {}
+CommandGate::CommandGate(Prompt& prompt) : m_prompt(prompt), m_programLoop(LoopLevel() + 1) {
+  qApp->installEventFilter(this);
+}
+
+bool CommandGate::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Polish) {
+    if (auto* const button = qobject_cast<QAbstractButton*>(watched))
+      connect(button, &QAbstractButton::pressed, this, [this, button] {
+        std::erase(m_pressedBehind, button);
+        if (IsBehindModalWindow(button)) m_pressedBehind.push_back(button);
+      });
+  } else if (event->type() == QEvent::Timer && std::erase(m_pressedBehind, watched) > 0) {
+    const QScopedValueRollback refusing(m_running, true);
+    watched->event(event);
+    return true;
+  }
+  return false;
+}
 
 bool CommandGate::IsFree() const {
   // A dialog that has just been answered is no longer up, but what asked the question has not gone on yet.

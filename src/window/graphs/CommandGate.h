@@ -2,7 +2,10 @@
 
 #include "core/ask/Prompt.h"
 
+#include <QObject>
+
 #include <functional>
+#include <vector>
 
 namespace tremlo {
 
@@ -12,7 +15,7 @@ class Screen;
 /// file, a step of the pane, a drop, a close request, a button or switch of a screen. The accessibility bus
 /// reaches controls behind a dialog, and of several inputs that arrive at once the first may open one: so it
 /// is looked now whether the way is free, not when the input came in.
-class CommandGate {
+class CommandGate : public QObject {
  public:
   /// The prompt tells of a command that broke off. To be made before the event loop runs.
   explicit CommandGate(Prompt& prompt);
@@ -33,6 +36,9 @@ class CommandGate {
   void Close() { m_closed = true; }
 
  private:
+  /// A button that the accessibility bus presses clicks a tenth of a second later. One pressed behind a
+  /// dialog comes too late all the same when the dialog has gone by then: it may stand for another project.
+  bool eventFilter(QObject* watched, QEvent* event) override;
   bool IsFree() const;
   Screen* ScreenOnDisplay() const { return m_screenOnDisplay ? m_screenOnDisplay() : nullptr; }
   /// Lets no exception out.
@@ -40,7 +46,8 @@ class CommandGate {
 
   Prompt& m_prompt;
   std::function<Screen*()> m_screenOnDisplay;
-  const int m_programLoop;  ///< level of the event loop that the program runs in
+  const int m_programLoop;                      ///< level of the event loop that the program runs in
+  std::vector<const QObject*> m_pressedBehind;  ///< buttons that are yet to click; compared only
   bool m_running = false;
   bool m_closed = false;
 };

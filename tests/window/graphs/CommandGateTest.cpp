@@ -4,9 +4,11 @@
 #include "window/graphs/ModalWindow.h"
 #include "window/graphs/Screen.h"
 
+#include <QAccessible>
 #include <QComboBox>
 #include <QDialog>
 #include <QMainWindow>
+#include <QPushButton>
 
 #include <new>
 
@@ -52,6 +54,32 @@ TEST_F(CommandGateTest, TheScreenIsToldBeforeACommandAndAfterIt) {
 TEST_F(CommandGateTest, AScreenThatHasLeftTheDisplayIsNotToldOfTheEnd) {
   EXPECT_TRUE(gate.Run([this] { onDisplay = &other; }));
   EXPECT_THAT(log, ElementsAre("begins"));
+}
+
+TEST_F(CommandGateTest, AButtonThatTheBusPressedBehindADialogDoesNothingOnceTheDialogHasGone) {
+  QMainWindow window;
+  QPushButton button(&window);
+  int clicks = 0;
+  QObject::connect(&button, &QPushButton::clicked, &window, [&] {
+    ++clicks;
+    Run();
+  });
+  window.show();
+  const auto pressByBus = [&button] {
+    QAccessible::queryAccessibleInterface(&button)->actionInterface()->doAction(
+        QAccessibleActionInterface::pressAction());
+  };
+  {
+    QDialog dialog(&window);
+    dialog.setModal(true);
+    dialog.show();
+    pressByBus();
+  }
+  EXPECT_TRUE(QTest::qWaitFor([&] { return clicks == 1; }));
+  EXPECT_THAT(log, IsEmpty());
+  pressByBus();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return clicks == 2; }));
+  EXPECT_THAT(log, ElementsAre("begins", "command", "ended"));
 }
 
 TEST_F(CommandGateTest, WithoutAScreenACommandRunsToo) {
