@@ -5,6 +5,7 @@
 #include "core/shell/ProgramIdentity.h"
 #include "core/shell/TitleText.h"
 #include "window/report/ReportFont.h"
+#include "window/report/ReportLines.h"
 #include "window/report/ReportText.h"
 
 #include <QBuffer>
@@ -92,17 +93,32 @@ class Pages {
     m_painter.drawText(foot, Qt::AlignRight | Qt::AlignTop, m_facts.date.toString(Qt::ISODate));
   }
 
-  void PaintCover() {
-    double top = 75.0;
-    double points = 22.0;
-    for (const QString& line : CoverLines(m_doc)) {
-      m_painter.setFont(ReportFont(points, points > 20.0));
-      const QRectF place = PlaceMm(kSide, top, kPageWidth - 2 * kSide, 30.0);
-      QRectF used;
-      m_painter.drawText(place, Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, line, &used);
-      top += used.height() / kUnitsPerMm + 8.0;
-      points = 14.0;
+  /// In letters so small, if need be, that there is room for all of them.
+  void PaintCoverLines() {
+    constexpr double kTop = 75.0, kRoom = 170.0, kGap = 8.0, kLeastScale = 0.2;
+    const double width = Units(kPageWidth - 2 * kSide);
+    for (double scale = 1.0;; scale *= 0.9) {
+      std::vector<ReportLines> texts;
+      double height = 0.0;
+      for (const QString& line : CoverLines(m_doc)) {
+        const QFont font = texts.empty() ? ReportFont(22.0 * scale, true) : ReportFont(14.0 * scale);
+        texts.emplace_back(line, font, m_writer).Break(width);
+        for (int i = 0; i < texts.back().Count(); ++i) height += texts.back().Height(i);
+        height += Units(kGap);
+      }
+      if (height > Units(kRoom) && scale > kLeastScale) continue;
+      double top = Units(kTop);
+      for (const ReportLines& text : texts) {
+        for (int i = 0; i < text.Count(); top += text.Height(i++))
+          text.Draw(m_painter, i, Units(kSide), top, width, Qt::AlignHCenter);
+        top += Units(kGap);
+      }
+      return;
     }
+  }
+
+  void PaintCover() {
+    PaintCoverLines();
     m_painter.setFont(ReportFont(16.0, true));
     m_painter.drawText(PlaceMm(kSide, 50.0, kPageWidth - 2 * kSide, 12.0), Qt::AlignCenter,
                        QStringLiteral("設計地震波作成報告書"));

@@ -160,5 +160,30 @@ TEST(ReportPagesTest, NoPageBreakPartsAHeadingFromWhatFollows) {
   }
 }
 
+/// How many of a strip's rows show something; the strip from one distance from the upper edge to another, in
+/// mm.
+int RowsWithInk(const QImage& cover, int from, int to) {
+  int rows = 0;
+  for (int y = 2 * from; y < 2 * to; ++y) {
+    bool ink = false;
+    for (int x = 0; x < cover.width(); ++x) ink = ink || qGray(cover.pixel(x, y)) < 128;
+    rows += ink ? 1 : 0;
+  }
+  return rows;
+}
+
+TEST(ReportPagesTest, ALongTitleIsShownToItsEnd) {
+  CMorvaneDoc doc = SoundOnce().doc;
+  const auto cover = [&] { return test::CoverOfPdf(ReportOf(doc, SoundOnce().facts, SoundOnce().check)); };
+  EXPECT_EQ(RowsWithInk(cover(), 110, 250), 0);
+  doc.site.title = QStringLiteral("長い題名").repeated(60);
+  EXPECT_GT(RowsWithInk(cover(), 110, 180), 70);
+  EXPECT_EQ(RowsWithInk(cover(), 200, 250), 0);
+  // Smaller, where there is more than a page holds.
+  doc.site.title = QStringLiteral("長い題名").repeated(600);
+  EXPECT_GT(RowsWithInk(cover(), 110, 240), 130);
+  EXPECT_EQ(RowsWithInk(cover(), 245, 253), 0);
+}
+
 }  // namespace
 }  // namespace tremlo
