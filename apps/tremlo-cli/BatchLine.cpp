@@ -70,10 +70,12 @@ SummaryRow BatchLine::RunToItsEnd(const std::atomic<bool>& stop) const {
     row.note = arguments.Error();
     return row;
   }
+  // Before the job reads them: inputs that change in between do not pass for those of its results.
+  const bool known = digest.AddInput(SeedPath()) && digest.AddInput(TargetPath());
   AdjustJob job;
   QStringList warnings;
   if (job.Read(arguments, row.note, warnings) != kDone) return row;
-  if (!digest.AddInput(SeedPath()) || !digest.AddInput(TargetPath())) {
+  if (!known) {
     row.note = SeedPath() + QStringLiteral(": 読んでいる間に変わりました。");
     return row;
   }

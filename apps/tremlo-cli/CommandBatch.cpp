@@ -66,6 +66,14 @@ bool Settings::Parse(const Arguments& arguments, QString& error) {
   return error.isEmpty();
 }
 
+/// The path without links and "..", be the file there or not: it may be written yet.
+QString PlaceOfFile(const QString& path) {
+  const QFileInfo file(path);
+  if (file.exists()) return file.canonicalFilePath();
+  const QString folder = QDir(file.absolutePath()).canonicalPath();
+  return folder.isEmpty() ? QString() : QDir(folder).filePath(file.fileName());
+}
+
 /// Marks the lines that read what another line, or the summary, writes: what they came to would depend on who
 /// is first.
 void RefuseReadersOfOutput(std::vector<BatchJob>& jobs, const QDir& folder, const QDir& out,
@@ -76,11 +84,10 @@ void RefuseReadersOfOutput(std::vector<BatchJob>& jobs, const QDir& folder, cons
   for (BatchJob& job : jobs) {
     const BatchLine line(job, folder, out);
     for (const QString& path : {line.SeedPath(), line.TargetPath()}) {
-      const QString file = QFileInfo(path).canonicalFilePath();
+      const QString file = PlaceOfFile(path);
       if (const auto writer = writers.constFind(file); writer != writers.cend())
         job.fault = QStringLiteral("%1: %2 行目の結果を書くファイルです。").arg(path).arg(*writer);
-      if (!file.isEmpty() && file == summary)
-        job.fault = QStringLiteral("%1: 一覧を書くファイルです。").arg(path);
+      if (file == summary) job.fault = QStringLiteral("%1: 一覧を書くファイルです。").arg(path);
     }
   }
 }

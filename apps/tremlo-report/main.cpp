@@ -10,6 +10,7 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QFileInfo>
 
 #include <exception>
 
@@ -78,9 +79,12 @@ int Main(const QStringList& words) {
   if (files.size() != 2 || files.contains(QString()))
     return BadCommandLine(QStringLiteral("プロジェクトと報告書のファイル名を 1 つずつ指定してください。"));
   ReportCall call{files[0], files[1], parser.value(data), QDate::currentDate()};
-  if (parser.isSet(date)) call.date = QDate::fromString(parser.value(date), Qt::ISODate);
+  if (parser.isSet(date)) call.date = QDate::fromString(parser.value(date), QStringLiteral("yyyy-MM-dd"));
   if (!call.date.isValid())
     return BadCommandLine(QStringLiteral("--date: 日付ではありません：") + parser.value(date));
+  const QString place = QFileInfo(call.report).canonicalFilePath();
+  if (!place.isEmpty() && place == QFileInfo(call.project).canonicalFilePath())
+    return BadCommandLine(QStringLiteral("報告書がプロジェクトのファイルに上書きされます：") + call.report);
   try {
     return WriteReport(call);
   } catch (const std::exception& failure) {  // memory, for a project of any size

@@ -291,6 +291,17 @@ TEST(CliBatch, ALineThatReadsWhatAnotherWritesIsRefused) {
   for (const std::size_t i : {1U, 2U, 3U}) EXPECT_EQ(jobs.Rows().at(i)[kStatus], QString("2")) << i;
 }
 
+TEST(CliBatch, ALineThatReadsWhatAnotherIsYetToWriteIsRefused) {
+  const Jobs jobs;
+  // One after the other, so that the file is there when its reader's turn comes.
+  const CliResult result = jobs.Run(
+      jobs.Table("seed,target\na.csv,ta.csv\nnone/../out/0002_a.csv,ta.csv\nout/0002_a.csv,ta.csv\n"),
+      {"--jobs", "1"});
+  EXPECT_EQ(result.status, 2);
+  EXPECT_EQ(jobs.Rows().at(0)[kStatus], QString("0"));
+  for (const std::size_t i : {1U, 2U}) EXPECT_EQ(jobs.Rows().at(i)[kStatus], QString("2")) << i;
+}
+
 TEST(CliBatch, ResumeSkipsWhatIsThereOfTheSameInput) {
   const Jobs jobs;
   const QString table = jobs.Table(MixedTable(12));

@@ -9,6 +9,8 @@
 #include <QCryptographicHash>
 
 #include <algorithm>
+#include <new>
+#include <string_view>
 
 namespace tremlo {
 
@@ -44,15 +46,32 @@ std::vector<TableOrigin> OriginsOf(const QString& programFolder) {
   return origins;
 }
 
+/// Whether a project file of this content gives the document as it is now.
+bool Holds(const QByteArray& file, const CMorvaneDoc& doc, const std::string& bytes) {
+  const std::string_view content(file.constData(), static_cast<std::size_t>(file.size()));
+  if (content == bytes) return true;
+  // Not every file is as this program would write it: there may be more behind its last field.
+  CMorvaneDoc read(doc.ProgramFolder());
+  return LoadProject(read, content).whole && ProjectBytes(read) == bytes;
+}
+
+void TakeProject(const CMorvaneDoc& doc, ReportFacts& facts) {
+  const std::string bytes = ProjectBytes(doc);
+  if (bytes.empty()) throw std::bad_alloc();
+  QByteArray file;
+  facts.projectName = ProjectTitle(doc.PathName());
+  facts.unsaved =
+      doc.PathName().isEmpty() || !ReadWholeFile(doc.PathName(), file) || !Holds(file, doc, bytes);
+  facts.projectHash = facts.unsaved ? HashOf(bytes) : HashOf(file);
+}
+
 }  // namespace
 
 ReportFacts GatherReportFacts(const CMorvaneDoc& doc, QDate date) {
   const CSeismicWave& wave = *ReportWave(doc);
   ReportFacts facts;
   facts.date = date;
-  facts.projectName = ProjectTitle(doc.PathName());
-  facts.projectHash = HashOf(ProjectBytes(doc));
-  facts.unsaved = doc.PathName().isEmpty() || doc.IsModified();
+  TakeProject(doc, facts);
   facts.waveHash = HashOf(AdjustedWaveFile(wave));
   // The other route works with the user's own spectrum alone.
   if (doc.guidelineRoute) facts.tables = OriginsOf(doc.ProgramFolder());

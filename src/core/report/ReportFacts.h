@@ -21,16 +21,16 @@ struct TableOrigin {
 struct ReportFacts {
   QDate date;
   QString projectName;   ///< the file's, "無題" for an unnamed project
-  QString projectHash;   ///< SHA-256 of the project's bytes as they would be saved now
-  bool unsaved = false;  ///< they are not those of a file
+  QString projectHash;   ///< SHA-256 of the project's file; while unsaved of what a save now would write
+  bool unsaved = false;  ///< the project has no file, or that holds something else than the document
   QString waveHash;      ///< SHA-256 of the adjusted wave's file as "可視化" exports it
   std::vector<TableOrigin> tables;
   bool sampleTables = false;  ///< one of them is a sample
   AdjustResult run;           ///< of the wave, with the settings of now
 };
 
-/// Reads the tables' files and makes one run of the adjustment: up to seconds, on the calling thread. The
-/// document has a wave to report on.
+/// Reads the tables' files and the project's, and makes one run of the adjustment: up to seconds, on the
+/// calling thread. The document has a wave to report on. Throws std::bad_alloc when memory runs out.
 ReportFacts GatherReportFacts(const CMorvaneDoc& doc, QDate date);
 
 }  // namespace tremlo

@@ -28,6 +28,23 @@ QString ExtremeText(double size, double period) {
   return QStringLiteral("%1（周期 %2 s）").arg(PercentText(size), QString::number(period, 'g', 4));
 }
 
+/// What is to be said of a run that does not give the wave as it is stored.
+QString RunNote(const CSeismicWave& wave, const AdjustResult& run) {
+  if (run.passes == 0)
+    return QStringLiteral(
+        "保存されている設定、原種波形、目標スペクトルでは計算し直せません。調整後波形と目標スペクトルとの偏差"
+        "は"
+        "分かりません。");
+  if (run.converged && run.acc == wave.adjustedAcc) return {};
+  return (run.converged
+              ? QStringLiteral("保存されている設定と目標スペクトルで計算し直すと、調整後波形と一致しません")
+              : QStringLiteral("保存されている設定と目標スペクトルでは、調整計算は収束しません")) +
+         QStringLiteral(
+             "（付録「検算」を参照）。上の繰り返し回数と偏差は、計算し直した波形のもので、調整後波形のもので"
+             "はあり"
+             "ません。");
+}
+
 /// Settings and outcome of the adjustment, as a run with the project's settings makes it again.
 ReportSection AdjustSection(const CMorvaneDoc& doc, const CSeismicWave& wave, const AdjustResult& run) {
   ReportSection section{QStringLiteral("振幅調整"), {}};
@@ -45,14 +62,7 @@ ReportSection AdjustSection(const CMorvaneDoc& doc, const CSeismicWave& wave, co
         {QStringLiteral("目標を下回る最大"), ExtremeText(run.fit.undershoot, run.fit.undershootPeriod)});
   }
   section.blocks.emplace_back(PropertyTable({}, std::move(rows)));
-  if (!run.converged)
-    section.blocks.emplace_back(
-        QStringLiteral("保存されている設定と目標スペクトルでは、調整計算は収束しません。調整後波形は別の設定"
-                       "で作成されたものです。"));
-  else if (run.acc != wave.adjustedAcc)
-    section.blocks.emplace_back(QStringLiteral(
-        "保存されている設定と目標スペクトルで計算し直すと、調整後波形と一致しません（付録「検算」を参照）。"
-        "上の繰り返し回数と偏差は、計算し直した波形のものです。"));
+  if (const QString note = RunNote(wave, run); !note.isEmpty()) section.blocks.emplace_back(note);
   return section;
 }
 

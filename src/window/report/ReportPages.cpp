@@ -4,6 +4,8 @@
 #include "core/report/ReportSections.h"
 #include "core/shell/ProgramIdentity.h"
 #include "core/shell/TitleText.h"
+#include "window/report/ReportFont.h"
+#include "window/report/ReportLines.h"
 #include "window/report/ReportText.h"
 
 #include <QBuffer>
@@ -30,18 +32,10 @@ QRectF PlaceMm(double left, double top, double width, double height) {
   return {Units(left), Units(top), Units(width), Units(height)};
 }
 
-QFont Letters(double points, bool bold = false) {
-  QFont font;
-  font.setFamilies({QStringLiteral("IPAGothic"), QStringLiteral("MS Gothic")});
-  font.setPointSizeF(points);
-  font.setBold(bold);
-  return font;
-}
-
 /// One report on its way to paper.
 class Pages {
  public:
-  Pages(const CMorvaneDoc& doc, const ReportFacts& facts, QPdfWriter& writer, ReportText& text)
+  Pages(const CMorvaneDoc& doc, const ReportFacts& facts, QPdfWriter& writer, const ReportText& text)
       : m_doc(doc), m_facts(facts), m_writer(writer), m_text(text) {}
 
   bool Paint() {
@@ -79,15 +73,15 @@ class Pages {
     const double width = kPageWidth - 2 * kSide;
     const QRectF head = PlaceMm(kSide, kHeadLine - 6.0, width, 5.0);
     const QRectF foot = PlaceMm(kSide, kPageHeight - kFootLine, width, 5.0);
-    m_painter.setFont(Letters(8.0));
+    m_painter.setFont(ReportFont(8.0));
     const double room = m_facts.sampleTables ? 0.7 : 1.0;
     m_painter.drawText(
         QRectF(head.topLeft(), QSizeF(head.width() * room, head.height())), Qt::AlignLeft | Qt::AlignBottom,
         m_painter.fontMetrics().elidedText(Title(), Qt::ElideRight, static_cast<int>(head.width() * room)));
     if (m_facts.sampleTables) {
-      m_painter.setFont(Letters(8.0, true));
+      m_painter.setFont(ReportFont(8.0, true));
       m_painter.drawText(head, Qt::AlignRight | Qt::AlignBottom, QString::fromUtf16(kSampleNotice));
-      m_painter.setFont(Letters(8.0));
+      m_painter.setFont(ReportFont(8.0));
     }
     m_painter.setPen(QPen(Qt::gray, Units(0.2)));
     m_painter.drawLine(QLineF(Units(kSide), Units(kHeadLine), Units(kSide + width), Units(kHeadLine)));
@@ -99,25 +93,40 @@ class Pages {
     m_painter.drawText(foot, Qt::AlignRight | Qt::AlignTop, m_facts.date.toString(Qt::ISODate));
   }
 
-  void PaintCover() {
-    double top = 75.0;
-    double points = 22.0;
-    for (const QString& line : CoverLines(m_doc)) {
-      m_painter.setFont(Letters(points, points > 20.0));
-      const QRectF place = PlaceMm(kSide, top, kPageWidth - 2 * kSide, 30.0);
-      QRectF used;
-      m_painter.drawText(place, Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, line, &used);
-      top += used.height() / kUnitsPerMm + 8.0;
-      points = 14.0;
+  /// In letters so small, if need be, that there is room for all of them.
+  void PaintCoverLines() {
+    constexpr double kTop = 75.0, kRoom = 170.0, kGap = 8.0, kLeastScale = 0.2;
+    const double width = Units(kPageWidth - 2 * kSide);
+    for (double scale = 1.0;; scale *= 0.9) {
+      std::vector<ReportLines> texts;
+      double height = 0.0;
+      for (const QString& line : CoverLines(m_doc)) {
+        const QFont font = texts.empty() ? ReportFont(22.0 * scale, true) : ReportFont(14.0 * scale);
+        texts.emplace_back(line, font, m_writer).Break(width);
+        for (int i = 0; i < texts.back().Count(); ++i) height += texts.back().Height(i);
+        height += Units(kGap);
+      }
+      if (height > Units(kRoom) && scale > kLeastScale) continue;
+      double top = Units(kTop);
+      for (const ReportLines& text : texts) {
+        for (int i = 0; i < text.Count(); top += text.Height(i++))
+          text.Draw(m_painter, i, Units(kSide), top, width, Qt::AlignHCenter);
+        top += Units(kGap);
+      }
+      return;
     }
-    m_painter.setFont(Letters(16.0, true));
+  }
+
+  void PaintCover() {
+    PaintCoverLines();
+    m_painter.setFont(ReportFont(16.0, true));
     m_painter.drawText(PlaceMm(kSide, 50.0, kPageWidth - 2 * kSide, 12.0), Qt::AlignCenter,
                        QStringLiteral("設計地震波作成報告書"));
-    m_painter.setFont(Letters(12.0, true));
+    m_painter.setFont(ReportFont(12.0, true));
     if (m_facts.sampleTables)
       m_painter.drawText(PlaceMm(kSide, 30.0, kPageWidth - 2 * kSide, 10.0), Qt::AlignCenter,
                          QString::fromUtf16(kSampleNotice));
-    m_painter.setFont(Letters(10.0));
+    m_painter.setFont(ReportFont(10.0));
     m_painter.drawText(
         PlaceMm(kSide, 255.0, kPageWidth - 2 * kSide, 16.0), Qt::AlignHCenter | Qt::AlignTop,
         QStringLiteral("作成日 %1\n%2").arg(m_facts.date.toString(Qt::ISODate), m_facts.projectName));
@@ -125,10 +134,10 @@ class Pages {
 
   void PaintContents() {
     Turn(kCover);
-    m_painter.setFont(Letters(14.0, true));
+    m_painter.setFont(ReportFont(14.0, true));
     m_painter.drawText(PlaceMm(kSide, kAbove, kPageWidth - 2 * kSide, 10.0), Qt::AlignLeft,
                        QStringLiteral("目次"));
-    m_painter.setFont(Letters(10.0));
+    m_painter.setFont(ReportFont(10.0));
     double top = kAbove + 14.0;
     for (const SectionPlace& section : m_text.Sections()) {
       const QRectF line = PlaceMm(kSide, top, kPageWidth - 2 * kSide, 6.0);
@@ -148,7 +157,7 @@ class Pages {
   const CMorvaneDoc& m_doc;
   const ReportFacts& m_facts;
   QPdfWriter& m_writer;
-  ReportText& m_text;
+  const ReportText& m_text;
   QPainter m_painter;
 };
 
@@ -166,7 +175,7 @@ std::optional<QByteArray> ReportPdf(const CMorvaneDoc& doc, const ReportFacts& f
   writer.setTitle(CoverLines(doc).constFirst());
   writer.setCreator(QStringLiteral("Tremlo ") + AboutVersionText(kVersionMajor, kVersionMinor));
   const QSizeF room(Units(kPageWidth - 2 * kSide), Units(kPageHeight - kAbove - kBelow));
-  ReportText text(doc, ReportSections(doc, facts, check), writer, room);
+  const ReportText text(doc, ReportSections(doc, facts, check), writer, room);
   Pages pages(doc, facts, writer, text);
   if (!pages.Paint()) return std::nullopt;
   buffer.close();

@@ -11,9 +11,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QThread>
-
-#include <memory>
 
 namespace tremlo {
 
@@ -54,18 +51,12 @@ void WriteReport(const CMorvaneDoc& doc, Prompt& prompt, FileDialogs& files, QWi
   RunDialog dialog(QStringLiteral("報告書を作成しています。"), kEndOfReport, parent);
   // Screens may be painted meanwhile, and a graph in them may compute what it lacks.
   const CMorvaneDoc copy = doc;
-  const auto make = [&] {
+  const auto work = [&] {
     try {
       pdf = MakeReport(copy, dialog);
     } catch (...) {
       failure = CurrentExceptionText();
     }
-  };
-  const auto work = [&] {
-    // Texts are laid out with timers, which Qt's own threads alone have.
-    const std::unique_ptr<QThread> thread(QThread::create(make));
-    thread->start();
-    thread->wait();
     dialog.SetAllDone();
     return pdf.has_value();
   };

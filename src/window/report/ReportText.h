@@ -1,14 +1,14 @@
 #pragma once
 
 #include "core/report/ReportBlocks.h"
+#include "window/report/ReportPart.h"
 
-#include <QTextDocument>
+#include <QSizeF>
 
+#include <memory>
 #include <vector>
 
-class QPagedPaintDevice;
-class QTextBlock;
-class QTextCursor;
+class QPaintDevice;
 
 namespace tremlo {
 
@@ -26,28 +26,26 @@ struct SectionPlace {
 class ReportText {
  public:
   /// `page`: room for text on a page, in units of the device. Document and device outlive the text.
-  ReportText(const CMorvaneDoc& doc, const std::vector<ReportSection>& sections, QPagedPaintDevice& device,
+  ReportText(const CMorvaneDoc& doc, const std::vector<ReportSection>& sections, QPaintDevice& device,
              QSizeF page);
 
-  int PageCount() const { return m_text.pageCount(); }
+  int PageCount() const;
   const std::vector<SectionPlace>& Sections() const { return m_sections; }
   /// Draws the page, counted from 0, at the painter's origin.
-  void DrawPage(QPainter& painter, int page);
+  void DrawPage(QPainter& painter, int page) const;
 
  private:
-  void Fill(const CMorvaneDoc& doc, const std::vector<ReportSection>& sections);
-  void AddTable(QTextCursor& cursor, const ReportTable& table);
-  void MendPageBreaks();
-  /// Each returns whether a break has been added.
-  bool KeepShortTablesWhole();
-  bool KeepHeadingsWithText();
-  bool BeginPageWith(const QTextBlock& block);
-  void FindSections();
-  SectionPlace PlaceOf(const QTextBlock& block) const;  ///< of its first line
+  void AddBlock(const CMorvaneDoc& doc, const ReportBlock& block, QPaintDevice& device, double width);
+  template <class Part>
+  void Add(Part part);
 
-  QTextDocument m_text;
-  QSizeF m_page;
-  std::vector<int> m_headings;  ///< positions in the text
+  struct PlacedPart {
+    std::unique_ptr<ReportPart> part;
+    std::size_t firstPiece = 0;  ///< among all
+  };
+  std::vector<PlacedPart> m_parts;
+  std::vector<PagePiece> m_pieces;  ///< of all parts
+  std::vector<PiecePlace> m_places;
   std::vector<SectionPlace> m_sections;
   int m_tables = 0;
   int m_figures = 0;

@@ -38,7 +38,6 @@ void MainMenu::AddFileMenu() {
                         QStringLiteral("プロジェクトを別の名前で保存します。"));
   writeReport = Entry(menu, "writeReport", QStringLiteral("報告書の出力(PDF)..."),
                       QStringLiteral("プロジェクトの報告書をPDFで保存します。"));
-  connect(menu, &QMenu::aboutToShow, this, &MainMenu::FileMenuOpens);
   menu->addSeparator();
   m_recent = menu->addMenu(QStringLiteral("最近使ったファイル"));
   m_recent->setObjectName(QStringLiteral("recentMenu"));

@@ -32,7 +32,6 @@ class MainMenu : public QMenuBar {
   QAction* about = nullptr;
 
  Q_SIGNALS:
-  void FileMenuOpens();  ///< before it is on display
   void RecentChosen(const QString& path);
 
  private:

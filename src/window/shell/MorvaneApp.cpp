@@ -13,6 +13,7 @@
 #include "window/shell/Pictures.h"
 #include "window/shell/ScrollAreaAccess.h"
 
+#include <QAbstractEventDispatcher>
 #include <QAction>
 #include <QApplication>
 #include <QDesktopServices>
@@ -192,7 +193,10 @@ void CMorvaneApp::ConnectFileMenu() {
   Connect(menu->saveProject, [this] { m_projects->Save(); });
   Connect(menu->saveProjectAs, [this] { m_projects->SaveAs(); });
   Connect(menu->writeReport, [this] { m_table.writeReport(*m_parts); });
-  QObject::connect(menu, &MainMenu::FileMenuOpens, frame, [this] { UpdateReportEntry(); });
+  // It follows the document, which many screens change: looked at whenever the program has nothing to do. So
+  // it is right for who opens the menu and for who reads it without.
+  QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, frame,
+                   [this] { UpdateReportEntry(); });
   QObject::connect(menu->exitProgram, &QAction::triggered, frame, [frame] { frame->close(); });
   QObject::connect(menu, &MainMenu::RecentChosen, frame, [this, frame](const QString& path) {
     // Refused now: when its turn comes, the dialog in front may have gone.

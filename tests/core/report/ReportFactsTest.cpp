@@ -39,12 +39,43 @@ TEST(ReportFactsTest, TheHashesAreThoseOfTheFiles) {
   EXPECT_EQ(facts.waveHash, HashOfFile(folder.Path("w.csv")));
 }
 
-TEST(ReportFactsTest, AChangedOrUnnamedProjectIsUnsaved) {
+TEST(ReportFactsTest, TheHashIsThatOfTheFileWhateverItHoldsBehindTheProject) {
+  const test::TestFolder folder;
+  const QString path = folder.Write(
+      "p.trml", QByteArray::fromStdString(ProjectBytes(test::SoundProject())) + QByteArray("more"));
+  CMorvaneDoc doc(test::SourcePath("data"));
+  ASSERT_EQ(OpenProject(doc, path).result, OpenResult::kOpened);
+  EXPECT_EQ(FactsOf(doc).projectHash, HashOfFile(path));
+  EXPECT_FALSE(FactsOf(doc).unsaved);
+}
+
+TEST(ReportFactsTest, AnUnnamedProjectIsUnsaved) {
+  EXPECT_TRUE(FactsOf(test::SoundProject()).unsaved);
+}
+
+TEST(ReportFactsTest, AProjectIsSavedWhileItsFileHoldsTheSame) {
   const test::TestFolder folder;
   CMorvaneDoc doc = test::SoundProject();
-  EXPECT_TRUE(FactsOf(doc).unsaved);
-  ASSERT_TRUE(SaveProject(doc, folder.Path("p.trml")));
+  const QString path = folder.Path("p.trml");
+  ASSERT_TRUE(SaveProject(doc, path));
+  // To look at a screen is enough for the mark.
   doc.SetModified(true);
+  EXPECT_FALSE(FactsOf(doc).unsaved);
+
+  doc.site.title = QStringLiteral("別");
+  EXPECT_TRUE(FactsOf(doc).unsaved);
+  EXPECT_NE(FactsOf(doc).projectHash, HashOfFile(path));
+}
+
+TEST(ReportFactsTest, AFileThatAnotherHasReplacedIsNotTheProjects) {
+  const test::TestFolder folder;
+  CMorvaneDoc doc = test::SoundProject();
+  ASSERT_TRUE(SaveProject(doc, folder.Path("p.trml")));
+  const QString hash = FactsOf(doc).projectHash;
+  folder.Write("p.trml", "something else");
+  EXPECT_TRUE(FactsOf(doc).unsaved);
+  EXPECT_EQ(FactsOf(doc).projectHash, hash);
+  ASSERT_TRUE(QFile::remove(folder.Path("p.trml")));
   EXPECT_TRUE(FactsOf(doc).unsaved);
 }
 

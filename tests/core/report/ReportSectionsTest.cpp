@@ -160,7 +160,19 @@ TEST(ReportSectionsTest, AWaveOfOtherSettingsIsNotPassedOffAsTheirs) {
   doc.adjustMaxIterations = 1;
   doc.adjustTolerancePercent = 0.001;
   ASSERT_EQ(TextsOf(Section(doc, QStringLiteral("振幅調整"))).size(), 1);
-  EXPECT_TRUE(TextsOf(Section(doc, QStringLiteral("振幅調整")))[0].contains(u"収束しません"));
+  const QString text = TextsOf(Section(doc, QStringLiteral("振幅調整")))[0];
+  EXPECT_TRUE(text.contains(u"収束しません")) << text.toStdString();
+  // The figures above are not those of the wave that the report is about.
+  EXPECT_TRUE(text.contains(u"計算し直した波形のもの")) << text.toStdString();
+}
+
+TEST(ReportSectionsTest, WithoutATargetTheFitIsNotKnown) {
+  CMorvaneDoc doc = test::SoundResponseProject();
+  doc.respSpectra = {};
+  const ReportSection section = Section(doc, QStringLiteral("振幅調整"));
+  EXPECT_EQ(ValueOf(TablesOf(section).at(0), QStringLiteral("偏差（RMS）")), u"no row 偏差（RMS）");
+  ASSERT_EQ(TextsOf(section).size(), 1);
+  EXPECT_TRUE(TextsOf(section)[0].contains(u"計算し直せません")) << TextsOf(section)[0].toStdString();
 }
 
 TEST(ReportSectionsTest, BothWavesHaveTheirFigures) {

@@ -54,15 +54,19 @@ TEST_F(ReportProgramTest, TheReportIsWrittenWithoutADisplay) {
 
 TEST_F(ReportProgramTest, ABadCommandLineEndsWithOne) {
   const QString report = folder.Path("r.pdf");
+  const QByteArray before = test::ReadAll(project);
   for (const QStringList& words :
        {QStringList{}, QStringList{project}, QStringList{project, report, "x"},
         QStringList{project, QString()}, QStringList{project, report, "--date", "2026-02-30"},
-        QStringList{project, report, "--date", "today"}, QStringList{project, report, "--unknown"}}) {
+        QStringList{project, report, "--date", "2026/02/03"},
+        QStringList{project, report, "--date", "2026-02-03x"}, QStringList{project, project},
+        QStringList{project, report, "--unknown"}}) {
     const Outcome outcome = Run(words);
     EXPECT_EQ(outcome.status, 1) << words.join(u' ').toStdString();
     EXPECT_TRUE(outcome.err.contains(u"Usage: tremlo-report")) << outcome.err.toStdString();
   }
   EXPECT_EQ(folder.Names(), QStringList{"p.trml"});
+  EXPECT_EQ(test::ReadAll(project), before);
 }
 
 TEST_F(ReportProgramTest, FilesThatCannotBeUsedEndWithTwo) {
