@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <thread>
 
 namespace tremlo::cli {
@@ -105,7 +106,7 @@ struct Tally {
 };
 
 QString DurationText(double seconds) {
-  const auto whole = static_cast<qint64>(seconds + 0.5);
+  const qint64 whole = std::llround(seconds);
   if (whole < 60) return QStringLiteral("%1 秒").arg(whole);
   if (whole < 3600) return QStringLiteral("%1 分 %2 秒").arg(whole / 60).arg(whole % 60);
   return QStringLiteral("%1 時間 %2 分").arg(whole / 3600).arg(whole / 60 % 60);
@@ -114,10 +115,10 @@ QString DurationText(double seconds) {
 /// The lines of one run, and what becomes of them.
 class Batch {
  public:
-  Batch(std::vector<BatchJob> jobs, QDir folder, QDir out, SummaryTable& summary)
+  Batch(std::vector<BatchJob> jobs, const QDir& folder, const QDir& out, SummaryTable& summary)
       : m_jobs(std::move(jobs)),
-        m_folder(std::move(folder)),
-        m_out(std::move(out)),
+        m_folder(folder),
+        m_out(out),
         m_summary(summary),
         m_kept(m_jobs.size()),
         m_results(m_jobs.size()) {}

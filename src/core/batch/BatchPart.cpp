@@ -7,8 +7,7 @@ namespace tremlo {
 std::vector<BatchJob> BatchPart::JobsOf(const std::vector<BatchJob>& jobs) const {
   std::vector<BatchJob> own;
   const auto step = static_cast<std::size_t>(of);
-  for (std::size_t i = static_cast<std::size_t>(index - 1); i < jobs.size(); i += step)
-    own.push_back(jobs[i]);
+  for (auto i = static_cast<std::size_t>(index - 1); i < jobs.size(); i += step) own.push_back(jobs[i]);
   return own;
 }
 

@@ -54,7 +54,7 @@ QString SettingsText(const AdjustInput& input) {
 /// target passes through the same waves; the settings only say where it stops. So the stored wave is one of
 /// them if the run that stops at its deviation stops at it.
 QString CauseText(const AdjustInput& input, const std::vector<double>& stored) {
-  const QString other = QStringLiteral(
+  QString other = QStringLiteral(
       "繰り返し回数や収束判定の違いでは説明できません。種波形、目標スペクトル、調整後波形のどれかが計算の後で"
       "変わ"
       "っています。");
