@@ -32,7 +32,7 @@ bool CommandGate::eventFilter(QObject* watched, QEvent* event) {
         std::erase(m_pressedBehind, button);
         if (IsBehindModalWindow(button)) m_pressedBehind.push_back(button);
       });
-  } else if (event->type() == QEvent::Timer && std::erase(m_pressedBehind, watched) > 0) {
+  } else if (event->type() == QEvent::Timer && ClicksTooLate(watched)) {
     const QScopedValueRollback refusing(m_running, true);
     watched->event(event);
     return true;
@@ -58,6 +58,12 @@ bool CommandGate::Run(const std::function<void()>& command) {
   });
   if (screen && screen == ScreenOnDisplay()) CarryOut([screen] { screen->CommandEnded(); });
   return true;
+}
+
+bool CommandGate::ClicksTooLate(const QObject* pressed) {
+  if (std::erase(m_pressedBehind, pressed) > 0) return true;
+  const auto* const button = qobject_cast<const QAbstractButton*>(pressed);
+  return button && !button->isVisible();
 }
 
 void CommandGate::CarryOut(const std::function<void()>& task) {

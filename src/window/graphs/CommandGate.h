@@ -36,9 +36,11 @@ class CommandGate : public QObject {
   void Close() { m_closed = true; }
 
  private:
-  /// A button that the accessibility bus presses clicks a tenth of a second later. One pressed behind a
-  /// dialog comes too late all the same when the dialog has gone by then: it may stand for another project.
+  /// A button that the accessibility bus presses clicks a tenth of a second later, by a timer of its own.
   bool eventFilter(QObject* watched, QEvent* event) override;
+  /// Whether it was pressed behind a dialog, which may have gone by now, or has left the display since: the
+  /// project may be another one.
+  bool ClicksTooLate(const QObject* pressed);
   bool IsFree() const;
   Screen* ScreenOnDisplay() const { return m_screenOnDisplay ? m_screenOnDisplay() : nullptr; }
   /// Lets no exception out.

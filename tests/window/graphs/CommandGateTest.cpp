@@ -56,30 +56,47 @@ TEST_F(CommandGateTest, AScreenThatHasLeftTheDisplayIsNotToldOfTheEnd) {
   EXPECT_THAT(log, ElementsAre("begins"));
 }
 
-TEST_F(CommandGateTest, AButtonThatTheBusPressedBehindADialogDoesNothingOnceTheDialogHasGone) {
-  QMainWindow window;
-  QPushButton button(&window);
-  int clicks = 0;
-  QObject::connect(&button, &QPushButton::clicked, &window, [&] {
-    ++clicks;
-    Run();
-  });
-  window.show();
-  const auto pressByBus = [&button] {
+class BusPressTest : public CommandGateTest {
+ protected:
+  BusPressTest() {
+    QObject::connect(&button, &QPushButton::clicked, &window, [this] {
+      ++clicks;
+      Run();
+    });
+    window.show();
+  }
+  void Press() {
     QAccessible::queryAccessibleInterface(&button)->actionInterface()->doAction(
         QAccessibleActionInterface::pressAction());
-  };
+  }
+  bool Clicks(int count) {
+    return QTest::qWaitFor([&] { return clicks == count; });
+  }
+
+  QMainWindow window;
+  QPushButton button{&window};
+  int clicks = 0;
+};
+
+TEST_F(BusPressTest, BehindADialogDoesNothingOnceTheDialogHasGone) {
   {
     QDialog dialog(&window);
     dialog.setModal(true);
     dialog.show();
-    pressByBus();
+    Press();
   }
-  EXPECT_TRUE(QTest::qWaitFor([&] { return clicks == 1; }));
+  EXPECT_TRUE(Clicks(1));
   EXPECT_THAT(log, IsEmpty());
-  pressByBus();
-  EXPECT_TRUE(QTest::qWaitFor([&] { return clicks == 2; }));
+  Press();
+  EXPECT_TRUE(Clicks(2));
   EXPECT_THAT(log, ElementsAre("begins", "command", "ended"));
+}
+
+TEST_F(BusPressTest, DoesNothingOnceTheButtonHasLeftTheDisplay) {
+  Press();
+  button.hide();
+  EXPECT_TRUE(Clicks(1));
+  EXPECT_THAT(log, IsEmpty());
 }
 
 TEST_F(CommandGateTest, WithoutAScreenACommandRunsToo) {
