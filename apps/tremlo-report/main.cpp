@@ -1,6 +1,7 @@
 #include "Command.h"
 #include "Output.h"
 #include "ProjectInput.h"
+#include "StandardStreams.h"
 #include "core/files/WholeFile.h"
 #include "core/report/ReportFacts.h"
 #include "core/report/ReportWave.h"
@@ -93,7 +94,7 @@ int Main(const QStringList& words) {
 }  // namespace tremlo::cli
 
 int main(int argc, char* argv[]) {
-  tremlo::cli::PrepareOutput();
+  tremlo::cli::PrepareStreams();
   // It paints on paper alone: without a display too, and the same wherever it runs.
   qputenv("QT_QPA_PLATFORM", "offscreen");
   const QApplication application(argc, argv);
