@@ -95,8 +95,11 @@ int Main(const QStringList& words) {
 
 int main(int argc, char* argv[]) {
   tremlo::cli::PrepareStreams();
-  // It paints on paper alone: without a display too, and the same wherever it runs.
+#ifndef _WIN32
+  // It paints on paper alone: without a display too, and the same wherever it runs. On Windows there is
+  // always one.
   qputenv("QT_QPA_PLATFORM", "offscreen");
+#endif
   const QApplication application(argc, argv);
   QCoreApplication::setApplicationName(QStringLiteral("tremlo-report"));
   tremlo::InstallJapaneseFonts();
