@@ -73,16 +73,7 @@ class SvgEngine : public QPaintEngine {
     return true;
   }
 
-  void updateState(const QPaintEngineState& state) override {
-    m_matrix = state.transform();
-    if (!(state.state() & (DirtyClipEnabled | DirtyClipPath | DirtyClipRegion))) return;
-    m_clip.clear();
-    if (!state.isClipEnabled()) return;
-    m_clip = QStringLiteral(" clip-path=\"url(#c%1)\"").arg(++m_clips);
-    m_text += QStringLiteral("<clipPath id=\"c%1\"><path d=\"%2\"/></clipPath>\n")
-                  .arg(m_clips)
-                  .arg(PathData(m_matrix.map(painter()->clipPath())));
-  }
+  void updateState(const QPaintEngineState& now) override { m_matrix = now.transform(); }
 
   void drawPath(const QPainterPath& path) override { Put(path, painter()->brush()); }
 
@@ -129,9 +120,8 @@ class SvgEngine : public QPaintEngine {
  private:
   void Put(const QString& element) {
     const double opacity = painter()->opacity();
-    QString group = m_clip;
-    if (opacity < 1.0) group += QStringLiteral(" opacity=\"%1\"").arg(Number(opacity));
-    m_text += group.isEmpty() ? element + u'\n' : QStringLiteral("<g%1>%2</g>\n").arg(group, element);
+    m_text += opacity < 1.0 ? QStringLiteral("<g opacity=\"%1\">%2</g>\n").arg(Number(opacity), element)
+                            : element + u'\n';
   }
 
   void Put(const QPainterPath& path, const QBrush& brush) {
@@ -159,8 +149,6 @@ class SvgEngine : public QPaintEngine {
 
   const QSvgGenerator& m_device;
   QString m_text;
-  QString m_clip;  ///< the attribute that refers to it; empty without
-  int m_clips = 0;
   QTransform m_matrix;
 };
 

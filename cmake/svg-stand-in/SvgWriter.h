@@ -11,7 +11,7 @@ class QIODevice;
 class SvgEngine;
 
 /// What the program asks of Qt's class of this name: a device whose painter writes an SVG file, text as text
-/// and lines as lines.
+/// and lines as lines. As there, clips are not written.
 class QSvgGenerator : public QPaintDevice {
  public:
   QSvgGenerator();
