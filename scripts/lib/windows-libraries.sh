@@ -56,7 +56,8 @@ fetch() {
 library() {
   local name=$1 source=$2 recipe=$3 state log=$cache/$1.log start=$SECONDS
   fetch "$source" || return 1
-  state=$(cat "$cache/sources/$source.version"; declare -f "$recipe" to_prefix for_windows; cat "$toolchain"; $cxx --version)
+  state=$(cat "$cache/sources/$source.version"; declare -f "$recipe"; $cxx --version)
+  if [[ $state == *for_windows* ]]; then state+=$(declare -f for_windows; cat "$toolchain"); fi
   if [ "$(cat "$cache/build/$name.made" 2>/dev/null)" = "$state" ]; then return; fi
   echo "Building $name $(cat "$cache/sources/$source.version") (log: $log)"
   rm -rf "${cache:?}/build/$name" "$cache/build/$name.made"
