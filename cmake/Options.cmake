@@ -1,7 +1,7 @@
 # What differs between systems stands in files of that ending, one of which is compiled.
-set(TREMLO_SYSTEM Unix)
+set(TREMLO_PLATFORM Unix)
 if(WIN32)
-  set(TREMLO_SYSTEM Windows)
+  set(TREMLO_PLATFORM Windows)
 endif()
 
 # One interface library carries the compiler settings of every target.

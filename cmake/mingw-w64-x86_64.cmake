@@ -17,7 +17,8 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
 # The system aligns a stack to 16 bytes, the compiler takes vectors of 32 and 64 there for aligned.
 set(CMAKE_C_FLAGS_INIT "-Wa,-muse-unaligned-vector-move")
-set(CMAKE_CXX_FLAGS_INIT "-Wa,-muse-unaligned-vector-move")
+# Of the libraries Qt alone is shared; this one has to be told.
+set(CMAKE_CXX_FLAGS_INIT "-Wa,-muse-unaligned-vector-move -DLIBARCHIVE_STATIC")
 
 # The same code gives the same file, whenever it is linked.
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-Wl,--no-insert-timestamp")
