@@ -1,4 +1,4 @@
-# The libraries of the Windows build, out of Debian's own source packages. To be sourced by scripts/windows, which sets
+# The libraries of the Windows build, out of Debian's own source packages. To be sourced by scripts/windows, which exports
 #   cache      folder that keeps what was made between runs; outside the working tree
 #   toolchain  the CMake toolchain file
 #   jobs       how many compilers run at once
@@ -62,7 +62,9 @@ library() {
   echo "Building $name $(cat "$cache/sources/$source.version") (log: $log)"
   rm -rf "${cache:?}/build/$name" "$cache/build/$name.made"
   mkdir -p "$cache/build/$name" "$prefix/lib" "$prefix/include"
-  if ! (set -e; cd "$cache/build/$name"; "$recipe" "$cache/sources/$source") >"$log" 2>&1; then
+  # In a shell of its own: a function called in a condition goes on after an error.
+  if ! bash -euc '. scripts/lib/windows-libraries.sh; cd "$0"; "$@"' "$cache/build/$name" "$recipe" "$cache/sources/$source" \
+    >"$log" 2>&1; then
     grep -E 'error|Error|FAILED' -A5 "$log" | head -n 40 >&2
     tail -n 20 "$log" >&2
     return 1
@@ -112,11 +114,14 @@ make_proj() {
 
 # It looks for certificates in no folder: the program gives it a file, or Windows its store.
 make_openssl() {
-  "$1/Configure" mingw64 --prefix="$prefix" --libdir=lib --openssldir=/nowhere no-shared no-module no-engine no-tests \
+  "$1/Configure" mingw64 --prefix=/nowhere --openssldir=/nowhere no-shared no-module no-engine no-tests \
     no-legacy no-comp no-srp no-idea no-camellia no-seed no-aria no-sm2 no-sm3 no-sm4 no-cms no-ts no-ssl3 no-dtls \
     CC=$cc AR=$triplet-ar RANLIB=$triplet-ranlib RC=$triplet-windres
   make -j "$jobs" build_libs
-  make install_dev
+  to_prefix libssl.a lib
+  to_prefix libcrypto.a lib
+  mkdir -p "$prefix/include/openssl"
+  cp -p "$1"/include/openssl/*.h include/openssl/*.h "$prefix/include/openssl/"
 }
 
 make_curl() {
@@ -127,11 +132,12 @@ make_curl() {
 }
 
 make_libarchive() {
-  local off=(TEST TAR CPIO CAT OPENSSL MBEDTLS NETTLE LIBB2 LZ4 LZO LZMA ZSTD BZip2 LIBXML2 EXPAT PCREPOSIX PCRE2POSIX LIBGCC
+  local off=(TEST TAR CPIO CAT OPENSSL MBEDTLS NETTLE LIBB2 LZ4 LZO LZMA ZSTD BZip2 LIBXML2 EXPAT PCREPOSIX PCRE2POSIX
     CNG ICONV ACL XATTR)
   local name options=()
   for name in "${off[@]}"; do options+=("-DENABLE_$name=OFF"); done
-  for_windows "$1" "${options[@]}"
+  # What it would find out by running a program of Windows is given.
+  for_windows "$1" "${options[@]}" -DPOSIX_REGEX_LIB=NONE -DZLIB_WINAPI_EXITCODE=1 -DZLIB_WINAPI_EXITCODE__TRYRUN_OUTPUT=
   ninja -j "$jobs" archive_static
   to_prefix libarchive/libarchive.a lib
   to_prefix "$1/libarchive/archive.h" include
