@@ -1,3 +1,9 @@
+# What differs between systems stands in files of that ending, one of which is compiled.
+set(TREMLO_PLATFORM Unix)
+if(WIN32)
+  set(TREMLO_PLATFORM Windows)
+endif()
+
 # One interface library carries the compiler settings of every target.
 add_library(tremlo_options INTERFACE)
 target_compile_features(tremlo_options INTERFACE cxx_std_20)

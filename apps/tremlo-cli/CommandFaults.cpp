@@ -9,6 +9,7 @@
 #include "core/sources/FaultAcquisition.h"
 #include "core/sources/FaultConversion.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QTemporaryDir>
 
@@ -212,7 +213,8 @@ int Run(const Arguments& arguments) {
   if (const auto failure = ReadInputs(arguments, input, settings)) return Fail(kBadFile, *failure);
   const QTemporaryDir answers;
   if (!answers.isValid())
-    return Fail(kBadFile, answers.path() + QStringLiteral(": ") + answers.errorString());
+    return Fail(kBadFile, QDir::toNativeSeparators(QDir::tempPath()) +
+                              QStringLiteral(": 一時フォルダを作れませんでした。"));
   settings.answerFolder = answers.path();
 
   KeptMessages messages;

@@ -2,6 +2,7 @@
 
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 
 namespace tremlo::cli {
 
@@ -45,8 +46,13 @@ const std::atomic<bool>& Interruption::Flag() const {
 void Interruption::EndIfRaised() const {
   if (!raised) return;
   std::fflush(stdout);
+#ifdef _WIN32
+  // The default there ends with 3, which means something else here. This is what Ctrl+C itself ends with.
+  std::_Exit(static_cast<int>(0xC000013AU));
+#else
   std::signal(signalRaised, SIG_DFL);
   std::raise(signalRaised);
+#endif
 }
 
 }  // namespace tremlo::cli

@@ -1,53 +1,16 @@
 #include "Output.h"
 
 #include "Command.h"
+#include "StandardStreams.h"
 #include "core/sources/SystemTables.h"
 
 #include <QCoreApplication>
 #include <QStringList>
 
 #include <algorithm>
-#include <csignal>
 #include <cstdio>
 
-#ifdef _WIN32
-#include <io.h>
-#else
-#include <fcntl.h>
-#include <unistd.h>
-#endif
-
 namespace tremlo::cli {
-
-namespace {
-
-void Put(std::FILE* stream, std::string_view text) {
-  std::fwrite(text.data(), 1, text.size(), stream);
-}
-
-bool IsErrorTerminal() {
-#ifdef _WIN32
-  return _isatty(_fileno(stderr)) != 0;
-#else
-  return isatty(STDERR_FILENO) != 0;
-#endif
-}
-
-}  // namespace
-
-void PrepareOutput() {
-#ifdef SIGPIPE
-  std::signal(SIGPIPE, SIG_IGN);
-#endif
-#ifdef SIGXFSZ
-  std::signal(SIGXFSZ, SIG_IGN);
-#endif
-#ifndef _WIN32
-  // A file opened later must not take the number of a closed stream: what goes to the stream would end in it.
-  for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
-    if (fcntl(stream, F_GETFD) == -1) open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
-#endif
-}
 
 int FinishOutput(int status) {
   const bool flushed = std::fflush(stdout) == 0;
@@ -56,15 +19,15 @@ int FinishOutput(int status) {
 }
 
 void PrintLine(const QString& line) {
-  Put(stdout, line.toStdString() + '\n');
+  WriteText(stdout, line.toStdString() + '\n');
 }
 
 void PrintJson(const JsonWriter& json) {
-  Put(stdout, json.Text() + '\n');
+  WriteText(stdout, json.Text() + '\n');
 }
 
 int Fail(int status, const QString& line) {
-  Put(stderr, line.toStdString() + '\n');
+  WriteText(stderr, line.toStdString() + '\n');
   return status;
 }
 
@@ -90,16 +53,16 @@ void PrintSpectrum(const QString& title, const std::vector<double>& periods,
                      NumberText(periods[static_cast<std::size_t>(peak - values.begin())])));
 }
 
-ProgressLine::ProgressLine() : m_terminal(IsErrorTerminal()) {}
+ProgressLine::ProgressLine() : m_terminal(IsTerminal(stderr)) {}
 
 ProgressLine::~ProgressLine() {
-  if (m_used) Put(stderr, "\r\x1b[K");
+  if (m_used) WriteText(stderr, "\r\x1b[K");
 }
 
 void ProgressLine::Show(const QString& text) {
   if (!m_terminal) return;
   m_used = true;
-  Put(stderr, "\r\x1b[K" + text.toStdString());
+  WriteText(stderr, "\r\x1b[K" + text.toStdString());
   std::fflush(stderr);
 }
 

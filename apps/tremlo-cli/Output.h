@@ -8,10 +8,6 @@ namespace tremlo::cli {
 
 class Arguments;
 
-/// Call it first: output that is cut off or may not grow then fails as on a full disk, in place of ending the
-/// program by a signal.
-void PrepareOutput();
-
 /// Call it last: writes what is left. Returns `status`, or kBadFile, with a line on standard error, when not
 /// everything reached standard output.
 int FinishOutput(int status);

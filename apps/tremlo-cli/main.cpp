@@ -1,6 +1,7 @@
 #include "Arguments.h"
 #include "Command.h"
 #include "Output.h"
+#include "StandardStreams.h"
 
 #include <QCoreApplication>
 
@@ -115,7 +116,7 @@ int Main(const QStringList& line) {
 }  // namespace tremlo::cli
 
 int main(int argc, char* argv[]) {
-  tremlo::cli::PrepareOutput();
+  tremlo::cli::PrepareStreams();
   const QCoreApplication application(argc, argv);
   QCoreApplication::setApplicationName(QStringLiteral("tremlo-cli"));
   return tremlo::cli::FinishOutput(tremlo::cli::Main(QCoreApplication::arguments().mid(1)));

@@ -1,6 +1,7 @@
 #include "Command.h"
 #include "Output.h"
 #include "ProjectInput.h"
+#include "StandardStreams.h"
 #include "core/files/WholeFile.h"
 #include "core/report/ReportFacts.h"
 #include "core/report/ReportWave.h"
@@ -97,9 +98,12 @@ int Main(const QStringList& words) {
 }  // namespace tremlo::cli
 
 int main(int argc, char* argv[]) {
-  tremlo::cli::PrepareOutput();
-  // It paints on paper alone: without a display too, and the same wherever it runs.
+  tremlo::cli::PrepareStreams();
+#ifndef _WIN32
+  // It paints on paper alone: without a display too, and the same wherever it runs. On Windows there is
+  // always one.
   qputenv("QT_QPA_PLATFORM", "offscreen");
+#endif
   const QApplication application(argc, argv);
   QCoreApplication::setApplicationName(QStringLiteral("tremlo-report"));
   tremlo::InstallJapaneseFonts();

@@ -341,14 +341,35 @@ TEST_F(FaultsCommandTest, DiskThatIsFullIsStatusTwo) {
 }
 #endif
 
+/// The folder for temporary files, for the length of a test.
+class TemporaryFolder {
+ public:
+  explicit TemporaryFolder(const QString& path) : m_before(qgetenv("TMPDIR")) {
+    qputenv("TMPDIR", path.toUtf8());
+  }
+  ~TemporaryFolder() { m_before.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", m_before); }
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+ private:
+  QByteArray m_before;
+};
+
 TEST_F(FaultsCommandTest, AnswersLeaveNoFileBehind) {
   const TestFolder folder;
-  const QByteArray before = qgetenv("TMPDIR");
-  qputenv("TMPDIR", folder.Path().toUtf8());
+  const TemporaryFolder temporary(folder.Path());
   const CliResult result = Run(kJson);
-  before.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", before);
   EXPECT_EQ(result.status, 0);
   EXPECT_THAT(folder.Names(), IsEmpty());
+}
+
+TEST_F(FaultsCommandTest, WithoutRoomForAnswersTheFolderIsNamedInJapanese) {
+  const TestFolder folder;
+  const QString file = folder.Write(QStringLiteral("file"), "");
+  const TemporaryFolder temporary(file);
+  const CliResult result = Run(kJson);
+  ExpectFailure(result, 2, "");
+  EXPECT_EQ(QString::fromUtf8(result.err), file + QStringLiteral(": 一時フォルダを作れませんでした。\n"));
 }
 
 }  // namespace

@@ -139,6 +139,9 @@ void HttpClient::Session::SetOptions(const QString& certificateFile) {
     curl_easy_setopt(easy, CURLOPT_CAINFO, QFile::encodeName(certificateFile).constData());
     // Without this the system's folder of certificates would still be trusted beside the file.
     curl_easy_setopt(easy, CURLOPT_CAPATH, nullptr);
+  } else {
+    // On Windows the authorities stand in the system's store; elsewhere the library knows their file anyway.
+    curl_easy_setopt(easy, CURLOPT_SSL_OPTIONS, static_cast<long>(CURLSSLOPT_NATIVE_CA));
   }
   curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
   // The system's resolver cannot be stopped: with name servers that do not answer, waiting for its thread

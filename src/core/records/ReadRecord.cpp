@@ -5,6 +5,7 @@
 #include "core/records/RecordFindings.h"
 #include "core/records/RecordReaders.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -132,7 +133,7 @@ void WalkRecords(const QString& path, const RecordAnswers& answers,
   const auto refuse = [&](const QString& reason) {
     RecordReading reading;
     reading.file = path;
-    reading.error = path + QStringLiteral(": ") + reason;
+    reading.error = QDir::toNativeSeparators(path) + QStringLiteral(": ") + reason;
     take(std::move(reading));
   };
   QFile file(path);

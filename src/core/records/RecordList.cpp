@@ -3,6 +3,7 @@
 #include "core/records/ReadRecord.h"
 #include "core/records/RecordArchive.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QStringList>
@@ -44,8 +45,12 @@ double ShareOf(const QFile& file) {
   return file.size() > 0 ? static_cast<double>(file.pos()) / static_cast<double>(file.size()) : 1.0;
 }
 
+QString Of(const QString& path, const QString& fault) {
+  return QDir::toNativeSeparators(path) + QStringLiteral(": ") + fault;
+}
+
 QString CannotOpen(const QString& path) {
-  return path + QStringLiteral(": ファイルを開けません。");
+  return Of(path, QStringLiteral("ファイルを開けません。"));
 }
 
 }  // namespace
@@ -62,9 +67,9 @@ MemberList ListMembers(const QString& path, const GoOn& goOn) {
     list.ended = !goOn(static_cast<int>(list.members.size()), ShareOf(file));
     return !list.ended;
   });
-  if (!outcome.error.isEmpty()) list.error = path + QStringLiteral(": ") + outcome.error;
+  if (!outcome.error.isEmpty()) list.error = Of(path, outcome.error);
   if (list.error.isEmpty() && list.members.empty())
-    list.error = path + QStringLiteral(": 記録が入っていません。");
+    list.error = Of(path, QStringLiteral("記録が入っていません。"));
   return list;
 }
 
@@ -75,7 +80,7 @@ LoadedMembers LoadMembers(const QString& path, const MemberList& list, const std
   for (const std::size_t place : chosen) bytesOfAll += list.members.at(place).bytes;
   const auto refuse = [&](const QString& error) {
     loaded.files.clear();
-    loaded.error = path + QStringLiteral(": ") + error;
+    loaded.error = Of(path, error);
     return loaded;
   };
   if (bytesOfAll > kMostChosenBytes)

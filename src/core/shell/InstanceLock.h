@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QLockFile>
-
 #include <memory>
 
 namespace tremlo {
@@ -11,10 +9,10 @@ class InstanceLock {
  public:
   /// False when another instance runs.
   bool Take();
-  void Release() { m_lock.reset(); }
+  void Release() { m_mark.reset(); }
 
  private:
-  std::unique_ptr<QLockFile> m_lock;
+  std::shared_ptr<void> m_mark;  ///< what the system keeps the mark by; gone with it
 };
 
 }  // namespace tremlo

@@ -28,7 +28,7 @@ void AppendNumber(std::string& text, double value) {
 }  // namespace
 
 QString CannotOpenText(const QString& path) {
-  return path + QStringLiteral("を開けません。（読み取りオープン）");
+  return QDir::toNativeSeparators(path) + QStringLiteral("を開けません。（読み取りオープン）");
 }
 
 std::optional<QString> ReadWaveFile(const QString& path, QString& name, double& timeStep,

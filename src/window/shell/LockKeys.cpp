@@ -4,6 +4,8 @@
 #include <QGuiApplication>
 
 #include <X11/XKBlib.h>
+#elif defined(_WIN32)
+#include <windows.h>
 #endif
 
 namespace tremlo {
@@ -30,6 +32,13 @@ std::optional<LockKeys> LockKeysNow() {
   return LockKeys{.caps = IsLit(display, "Caps Lock"),
                   .num = IsLit(display, "Num Lock"),
                   .scroll = IsLit(display, "Scroll Lock")};
+}
+
+#elif defined(_WIN32)
+
+std::optional<LockKeys> LockKeysNow() {
+  const auto isOn = [](int key) { return (GetKeyState(key) & 1) != 0; };
+  return LockKeys{.caps = isOn(VK_CAPITAL), .num = isOn(VK_NUMLOCK), .scroll = isOn(VK_SCROLL)};
 }
 
 #else

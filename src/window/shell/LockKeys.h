@@ -14,7 +14,7 @@ struct LockKeys {
 };
 
 /// Asks the window system. Empty where it does not tell: Qt has no question for it, so this is known on X11
-/// alone. Needs the application object.
+/// and Windows alone. Needs the application object.
 std::optional<LockKeys> LockKeysNow();
 
 }  // namespace tremlo

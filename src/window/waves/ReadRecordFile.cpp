@@ -9,6 +9,7 @@
 #include "window/waves/DlgReadRecord.h"
 #include "window/waves/DlgSelectMembers.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -65,7 +66,9 @@ std::vector<ImportedWave> ReadArchive(const QString& path, const RecordDoor& doo
   if (!ReadBehindDialog(door.parent, [&](const GoOn& goOn) { list = ListMembers(path, goOn); })) return {};
   if (std::none_of(list.members.begin(), list.members.end(),
                    [](const ListedMember& member) { return member.isRecord; })) {
-    door.prompt.Tell(list.error.isEmpty() ? path + QStringLiteral(": 記録が入っていません。") : list.error);
+    door.prompt.Tell(list.error.isEmpty()
+                         ? QDir::toNativeSeparators(path) + QStringLiteral(": 記録が入っていません。")
+                         : list.error);
     return {};
   }
   const std::vector<std::size_t> chosen = ChooseMembers(list, door);

@@ -47,6 +47,31 @@ TEST(Cp932Text, CharactersWithoutACodeBecomeAQuestionMark) {
   EXPECT_EQ(EncodeCp932(QString(u'x') + QChar(0xDC00)), "x?");
 }
 
+TEST(Cp932Text, OfSeveralCodesTheOneThatWindowsWritesIsWritten) {
+  const auto expectWritten = [](const char* read, const char* written) {
+    EXPECT_EQ(EncodeCp932(DecodeCp932(read)), written);
+  };
+  expectWritten("\x81\xE6", "\x81\xE6");  // because: JIS X 0208, row 13 and IBM's extension
+  expectWritten("\x87\x9A", "\x81\xE6");
+  expectWritten("\xFA\x5B", "\x81\xE6");
+  expectWritten("\xFA\x4A", "\x87\x54");  // Roman one: row 13 and IBM's extension
+  expectWritten("\xEE\xEF", "\xFA\x40");  // small Roman one: IBM's extension and NEC's selection
+  expectWritten("\xEE\xF9", "\x81\xCA");  // not: all but row 13
+}
+
+TEST(Cp932Text, CharactersOfTheUserKeepTheirPlaces) {
+  ExpectBothWays("\xF0\x40", QString(QChar(0xE000)));
+  ExpectBothWays("\xF9\xFC", QString(QChar(0xE757)));
+}
+
+TEST(Cp932Text, BytesThatMeanNothingTakeNoOtherWithThem) {
+  // No pair of the page, though its second byte may stand in one.
+  EXPECT_EQ(DecodeCp932("\x85\x40"), QStringLiteral("\uFFFD@"));
+  EXPECT_EQ(DecodeCp932("\x81\xAD,"), QStringLiteral("\uFFFDｭ,"));
+  EXPECT_EQ(DecodeCp932("\xFF\x93\xFA"), QStringLiteral("\uFFFD日"));
+  EXPECT_EQ(DecodeCp932(std::string_view("a\0\x96", 3)), QString(u'a') + QChar(0) + QChar(0xFFFD));
+}
+
 TEST(Cp932Text, LongTextIsConvertedWhole) {
   const QString text = QString(QStringLiteral("地震波形")).repeated(5000);
   EXPECT_EQ(DecodeCp932(EncodeCp932(text)), text);

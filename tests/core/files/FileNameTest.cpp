@@ -13,6 +13,15 @@ TEST(FileName, KeepsWhatEveryFileSystemTakes) {
   EXPECT_EQ(PlainFileName(".hidden"), QString("_hidden"));
 }
 
+/// Windows takes these names for devices, whatever ending stands behind them.
+TEST(FileName, NamesOfDevicesAreMarked) {
+  for (const char* name : {"CON", "nul", "Aux", "PRN", "com1", "LPT9", "COM³", "con.1", "NUL "})
+    EXPECT_EQ(PlainFileName(QString::fromUtf8(name)), u'_' + QString::fromUtf8(name).trimmed()) << name;
+  EXPECT_EQ(PlainFileName("CON .1"), QString("_CON .1"));
+  for (const char* name : {"CONCRETE", "COM", "COM10", "LPT0", "EW.CON", "CON_1", "コンCON"})
+    EXPECT_EQ(PlainFileName(QString::fromUtf8(name)), QString::fromUtf8(name));
+}
+
 TEST(FileName, LeavesRoomForAnEndingAndCutsNoCharacterInHalf) {
   const QString cut = PlainFileName(QString(300, u'波'));
   EXPECT_EQ(cut, QString(66, u'波'));

@@ -11,8 +11,6 @@
 namespace tremlo {
 namespace {
 
-const QString kName = QStringLiteral("Morvane.exe.lock");
-
 TEST(InstanceLock, SecondIsRefusedWhileTheFirstLives) {
   InstanceLock first;
   InstanceLock second;
@@ -21,6 +19,10 @@ TEST(InstanceLock, SecondIsRefusedWhileTheFirstLives) {
   first.Release();
   EXPECT_TRUE(second.Take());
 }
+
+#ifndef _WIN32
+
+const QString kName = QStringLiteral("Morvane.exe.lock");
 
 TEST(InstanceLock, StandsInTheFolderOfTheLogin) {
   InstanceLock lock;
@@ -74,6 +76,8 @@ TEST(InstanceLock, NoRoomForAMarkIsNoOtherInstance) {
   InstanceLock lock;
   EXPECT_TRUE(lock.Take());
 }
+
+#endif
 
 }  // namespace
 }  // namespace tremlo

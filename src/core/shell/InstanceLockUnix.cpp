@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QLockFile>
 #include <QStandardPaths>
 
 namespace tremlo {
@@ -23,10 +24,10 @@ QStringList LockPaths() {
 
 bool InstanceLock::Take() {
   for (const QString& path : LockPaths()) {
-    auto lock = std::make_unique<QLockFile>(path);
+    auto lock = std::make_shared<QLockFile>(path);
     lock->setStaleLockTime(0);
     if (lock->tryLock(0)) {
-      m_lock = std::move(lock);
+      m_mark = std::move(lock);
       return true;
     }
     if (lock->error() == QLockFile::LockFailedError) return false;
