@@ -30,7 +30,8 @@ bool BringsText(const QKeyEvent& event) {
 CExpEdit::CExpEdit(QWidget* parent)
     : QLineEdit(parent), m_gate(new EntryGate(this, [this] { return !m_dirty || FinishEntry(); })) {
   connect(this, &QLineEdit::textChanged, this, [this] {
-    if (!m_setting && IsBehindModalWindow(this)) {
+    // The accessibility bus writes anywhere.
+    if (!m_setting && (isReadOnly() || IsBehindModalWindow(this))) {
       SetText(QString(m_savedText));
       return;
     }

@@ -3,6 +3,7 @@
 #include "window/graphs/PendingEntry.h"
 #include "window/graphs/Spread7.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
@@ -228,6 +229,15 @@ TEST_F(ExpEditTest, NothingIsSelectedWhereThatIsOff) {
   next.setFocus();
   Click(&edit);
   EXPECT_EQ(edit.selectedText(), QString());
+}
+
+TEST_F(ExpEditTest, TheAccessibilityBusCannotWriteIntoAReadOnlyField) {
+  edit.setReadOnly(true);
+  edit.SetText(QStringLiteral("512"));
+  QAccessible::queryAccessibleInterface(&edit)->setText(QAccessible::Value, QStringLiteral("8"));
+  EXPECT_EQ(edit.text(), "512");
+  edit.SetText(QStringLiteral("64"));
+  EXPECT_EQ(edit.text(), "64");
 }
 
 TEST_F(ExpEditTest, AReadOnlyFieldPassesTheFocusOn) {
