@@ -54,7 +54,7 @@ int RunWindow(int argc, char* argv[]) {
   QStringList words = QCoreApplication::arguments();
   ProgramSettings settings;
   settings.splashMs = 0;
-  settings.programFolder = words.at(2);
+  settings.folders = words.at(2);
   settings.services.hazardAddress = settings.services.tileAddress = words.at(3);
   settings.services.certificateFile = words.at(4);
   settings.services.probePauseMs = 0;

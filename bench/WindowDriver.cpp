@@ -18,7 +18,7 @@ ProgramSettings SettingsOf(const ProgramFolder& folder, const ServiceSettings& s
   settings.services = services;
   settings.services.probePauseMs = 0;
   settings.splashMs = 0;
-  settings.programFolder = folder.Path();
+  settings.folders = folder.Path();
   return settings;
 }
 

@@ -34,4 +34,24 @@ if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
   endif()
 endif()
 
+option(TREMLO_HARDENING "Checks of the compiler and linker against overruns" ON)
+if(TREMLO_HARDENING AND CMAKE_SYSTEM_NAME STREQUAL "Linux" AND CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
+  target_compile_options(tremlo_options INTERFACE -fstack-protector-strong -Wformat -Wformat-security -fPIE)
+  if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64")
+    target_compile_options(tremlo_options INTERFACE -fcf-protection)
+  endif()
+  target_link_options(tremlo_options INTERFACE -Wl,-z,relro -Wl,-z,now
+    $<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>:-pie>)
+  # The checked functions of the C library need an optimising compiler, and hide faults from the sanitizers.
+  if(NOT TREMLO_SANITIZE)
+    target_compile_definitions(tremlo_options INTERFACE $<$<NOT:$<CONFIG:Debug,>>:_FORTIFY_SOURCE=2>)
+  endif()
+endif()
+
+# The same binary wherever it is built. A debug build keeps the paths, by which a debugger finds the sources.
+if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
+  target_compile_options(tremlo_options INTERFACE $<$<NOT:$<CONFIG:Debug>>:
+    -ffile-prefix-map=${PROJECT_SOURCE_DIR}=. -ffile-prefix-map=${PROJECT_BINARY_DIR}=./build>)
+endif()
+
 target_compile_definitions(tremlo_options INTERFACE QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)

@@ -42,8 +42,8 @@ bool Arguments::Parse(const QStringList& words) {
   return true;
 }
 
-QString Arguments::DataFolder() const {
-  return IsSet("data") ? Text("data") : QCoreApplication::applicationDirPath();
+ProgramFolders Arguments::Folders() const {
+  return IsSet("data") ? ProgramFolders(Text("data")) : InstalledFolders();
 }
 
 bool Arguments::Number(const char* option, double& value) const {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/files/ProgramFolders.h"
+
 #include <QCommandLineParser>
 #include <QStringList>
 
@@ -25,8 +27,8 @@ class Arguments {
   bool WantsHelp() const { return m_parser.isSet(QStringLiteral("help")); }
   bool WantsVersion() const { return m_parser.isSet(QStringLiteral("version")); }
   bool WantsJson() const { return m_parser.isSet(QStringLiteral("json")); }
-  /// The folder that holds DamCoef, LowSpec and SystemData.
-  QString DataFolder() const;
+  /// Where DamCoef, LowSpec and SystemData are.
+  ProgramFolders Folders() const;
 
   QStringList Positionals() const { return m_parser.positionalArguments(); }
   QString Positional(int index) const { return m_parser.positionalArguments().at(index); }

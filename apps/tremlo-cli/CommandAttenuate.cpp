@@ -71,7 +71,7 @@ int Run(const Arguments& arguments) {
   const QString wrong = ReadPlane(arguments, faults.front());
   if (!wrong.isEmpty()) return FailUsage(wrong);
 
-  CMorvaneDoc doc(arguments.DataFolder());
+  CMorvaneDoc doc(arguments.Folders());
   if (const auto failure = LoadTables(doc)) return Fail(kBadFile, *failure);
   if (const auto failure = CalculateDamSpectra(doc.damCoefSets, method, faults))
     return Fail(kBadFile, failure->text);
@@ -85,7 +85,7 @@ int Run(const Arguments& arguments) {
                 QStringLiteral("gal"));
   PrintSpectrum(QStringLiteral("等価震源距離の式"), fault.equivalentPeriods.front(),
                 fault.equivalentSpectrum.front(), QStringLiteral("gal"));
-  PrintSampleNotice(doc.ProgramFolder());
+  PrintSampleNotice(doc.Folders());
   return kDone;
 }
 

@@ -156,7 +156,7 @@ QStringList LeftOutLines(const FaultAcquisitionResult& result) {
 }
 
 void PrintSummary(const FaultAcquisitionInput& input, const std::vector<FaultInfo>& faults,
-                  const QStringList& notes, const QString& dataFolder) {
+                  const QStringList& notes, const ProgramFolders& folders) {
   const bool ranking = input.mode == kAcquireRanking;
   PrintLine(QStringLiteral("断層：%1 個").arg(faults.size()));
   for (const FaultInfo& fault : faults) PrintFault(fault, ranking);
@@ -168,7 +168,7 @@ void PrintSummary(const FaultAcquisitionInput& input, const std::vector<FaultInf
                      u'、');
   PrintLine(QStringLiteral("出典：防災科学技術研究所 J-SHIS 地震ハザードステーション（地図バージョン：%1）")
                 .arg(versions));
-  PrintSampleNotice(dataFolder);
+  PrintSampleNotice(folders);
 }
 
 /// The line for a request that came to nothing: what was asked, then the reason.
@@ -188,7 +188,7 @@ std::optional<QString> ReadInputs(const Arguments& arguments, FaultAcquisitionIn
       return settings.certificateFile + QStringLiteral(": 証明書のファイルを開けません。");
   }
   if (input.mode != kAcquireRange) return std::nullopt;
-  CMorvaneDoc doc(arguments.DataFolder());
+  CMorvaneDoc doc(arguments.Folders());
   if (auto failure = LoadTables(doc)) return failure;
   input.mainFaultRows = doc.mainFaultRows;
   return std::nullopt;
@@ -234,7 +234,7 @@ int Run(const Arguments& arguments) {
     PrintObject(faults);
     errors = leftOut + errors;
   } else {
-    PrintSummary(input, faults, messages.texts + leftOut, arguments.DataFolder());
+    PrintSummary(input, faults, messages.texts + leftOut, arguments.Folders());
   }
   const int status = !result.unread.empty() ? kBadFile : faults.empty() ? kGoalMissed : kDone;
   return errors.isEmpty() ? status : Fail(status, errors.join(u'\n'));

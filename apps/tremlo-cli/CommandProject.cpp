@@ -29,15 +29,15 @@ int Save(CMorvaneDoc& doc, const QString& path, const Arguments& arguments) {
 }
 
 int RunNew(const Arguments& arguments) {
-  CMorvaneDoc doc(arguments.DataFolder());
+  CMorvaneDoc doc(arguments.Folders());
   if (const auto failure = LoadTables(doc)) return Fail(kBadFile, *failure);
   const int status = Save(doc, arguments.Positional(0), arguments);
-  if (status == kDone && !arguments.WantsJson()) PrintSampleNotice(doc.ProgramFolder());
+  if (status == kDone && !arguments.WantsJson()) PrintSampleNotice(doc.Folders());
   return status;
 }
 
 int RunCopy(const Arguments& arguments) {
-  CMorvaneDoc doc(arguments.DataFolder());
+  CMorvaneDoc doc(arguments.Folders());
   const int status = OpenInput(doc, arguments.Positional(0));
   return status == kDone ? Save(doc, arguments.Positional(1), arguments) : status;
 }
@@ -72,7 +72,7 @@ void PrintSummary(const CMorvaneDoc& doc) {
 }
 
 int RunShow(const Arguments& arguments) {
-  CMorvaneDoc doc(arguments.DataFolder());
+  CMorvaneDoc doc(arguments.Folders());
   if (const int status = OpenInput(doc, arguments.Positional(0)); status != kDone) return status;
   if (!arguments.WantsJson()) {
     PrintSummary(doc);

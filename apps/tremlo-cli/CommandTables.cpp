@@ -2,6 +2,7 @@
 #include "Command.h"
 #include "Output.h"
 #include "TablesInput.h"
+#include "core/shell/TitleText.h"
 
 namespace tremlo::cli {
 
@@ -71,6 +72,7 @@ void PrintObject(const CMorvaneDoc& doc) {
 }
 
 void PrintSummary(const CMorvaneDoc& doc) {
+  PrintLine(TablePlacesText(doc.Folders()));
   PrintLine(QStringLiteral("距離減衰式の係数：%1 組").arg(doc.damCoefSets.size()));
   for (const DamCoefSet& set : doc.damCoefSets)
     PrintLine(QStringLiteral("  %1 %2（%3 周期）%4")
@@ -84,11 +86,11 @@ void PrintSummary(const CMorvaneDoc& doc) {
     PrintLine(QStringLiteral("  %1%2（%3 点）")
                   .arg(spectrum.lowerSelected ? QStringLiteral("* ") : QString(), spectrum.name,
                        QString::number(spectrum.periods.size())));
-  PrintSampleNotice(doc.ProgramFolder());
+  PrintSampleNotice(doc.Folders());
 }
 
 int Run(const Arguments& arguments) {
-  CMorvaneDoc doc(arguments.DataFolder());
+  CMorvaneDoc doc(arguments.Folders());
   if (const auto failure = LoadTables(doc)) return Fail(kBadFile, *failure);
   if (arguments.WantsJson()) {
     PrintObject(doc);

@@ -60,10 +60,10 @@ void PrintSummary(const VerifyReport& report) {
 }
 
 int Run(const Arguments& arguments) {
-  CMorvaneDoc doc(arguments.DataFolder());
+  CMorvaneDoc doc(arguments.Folders());
   if (const int status = OpenInput(doc, arguments.Positional(0)); status != kDone) return status;
   std::vector<DamCoefSet> sets;
-  const std::optional<TableFailure> failure = LoadDamCoefFolder(doc.ProgramFolder(), sets);
+  const std::optional<TableFailure> failure = LoadDamCoefFolder(doc.Folders(), sets);
   VerifyReport report;
   {
     ProgressLine line;
@@ -75,7 +75,7 @@ int Run(const Arguments& arguments) {
     PrintObject(report);
   } else {
     PrintSummary(report);
-    PrintSampleNotice(doc.ProgramFolder());
+    PrintSampleNotice(doc.Folders());
   }
   return report.outcome == VerifyOutcome::Differs ? kGoalMissed : kDone;
 }

@@ -73,9 +73,9 @@ void ProgressLine::ShowShare(const QString& text, std::size_t done, std::size_t 
   Show(QStringLiteral("%1 %2 %").arg(text).arg(percent));
 }
 
-void PrintSampleNotice(const QString& dataFolder) {
+void PrintSampleNotice(const ProgramFolders& folders) {
   QStringList names;
-  for (const QString& folder : SampleTableFolders(dataFolder)) names << folder;
+  for (const QString& folder : SampleTableFolders(folders)) names << folder;
   if (!names.isEmpty())
     PrintLine(
         QStringLiteral("見本の表を使用中：%1（公表値ではありません）").arg(names.join(QStringLiteral("、"))));

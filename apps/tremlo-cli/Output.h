@@ -1,6 +1,7 @@
 #pragma once
 
 #include "JsonWriter.h"
+#include "core/files/ProgramFolders.h"
 
 #include <QString>
 
@@ -51,6 +52,6 @@ class ProgressLine {
 };
 
 /// The line that says which table folders hold samples; nothing when none does.
-void PrintSampleNotice(const QString& dataFolder);
+void PrintSampleNotice(const ProgramFolders& folders);
 
 }  // namespace tremlo::cli

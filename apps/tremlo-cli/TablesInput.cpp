@@ -5,10 +5,10 @@
 namespace tremlo::cli {
 
 std::optional<QString> LoadTables(CMorvaneDoc& doc) {
-  auto failure = CheckTableFolders(doc.ProgramFolder());
+  auto failure = CheckTableFolders(doc.Folders());
   if (!failure) failure = doc.ResetDocument();
   if (!failure) return std::nullopt;
-  return QDir::toNativeSeparators(doc.ProgramFolder()) + QStringLiteral(": ") + failure->text;
+  return QDir::toNativeSeparators(failure->place) + QStringLiteral(": ") + failure->text;
 }
 
 }  // namespace tremlo::cli

@@ -2,6 +2,7 @@
 #include "Command.h"
 #include "Output.h"
 #include "StandardStreams.h"
+#include "core/shell/TitleText.h"
 
 #include <QCoreApplication>
 
@@ -21,13 +22,13 @@ void PrintSummary(const Command& command) {
 void PrintHelp() {
   PrintLine(QStringLiteral("Usage: tremlo-cli COMMAND [OPTIONS]\n"));
   for (const Command& command : AllCommands()) PrintSummary(command);
-  PrintLine(QStringLiteral(
-      "\nすべてのコマンドに共通：\n"
-      "  --json      結果を JSON で標準出力に書く\n"
-      "  --data DIR  DamCoef, LowSpec, SystemData のあるフォルダ（既定値はプログラムのフォルダ）\n"
-      "  --help      説明を表示する\n"
-      "  --version   版を表示する\n\n"
-      "終了状態：0 正常、1 コマンドの誤り、2 ファイルの誤り、3 目標に達しない"));
+  PrintLine(
+      QStringLiteral("\nすべてのコマンドに共通：\n"
+                     "  --json      結果を JSON で標準出力に書く\n"
+                     "  --data DIR  DamCoef, LowSpec, SystemData のあるフォルダ（既定値はプログラムの表）\n"
+                     "  --help      説明を表示する\n"
+                     "  --version   版を表示する\n\n"
+                     "終了状態：0 正常、1 コマンドの誤り、2 ファイルの誤り、3 目標に達しない"));
 }
 
 void PrintHelp(const Command& command) {
@@ -42,7 +43,7 @@ void PrintHelp(const Command& command) {
 }
 
 void PrintVersion() {
-  PrintLine(QStringLiteral("tremlo-cli " TREMLO_VERSION));
+  PrintLine(QStringLiteral("tremlo-cli ") + VersionAndCommit());
 }
 
 /// The commands whose name begins with the word and goes on behind it.

@@ -5,6 +5,7 @@
 #include "core/files/WholeFile.h"
 #include "core/report/ReportFacts.h"
 #include "core/report/ReportWave.h"
+#include "core/shell/TitleText.h"
 #include "core/verify/VerifyProject.h"
 #include "window/graphs/JapaneseFont.h"
 #include "window/report/ReportPages.h"
@@ -25,7 +26,7 @@ void PrintHelp() {
   PrintLine(QStringLiteral("Usage: ") + QLatin1String(kUsage));
   PrintLine(QStringLiteral(
       "\nプロジェクトの報告書を PDF で書き出す\n\n"
-      "  --data DIR         DamCoef, LowSpec, SystemData のあるフォルダ（既定値はプログラムのフォルダ）\n"
+      "  --data DIR         DamCoef, LowSpec, SystemData のあるフォルダ（既定値はプログラムの表）\n"
       "  --date YYYY-MM-DD  報告書の日付（既定値は今日）\n"
       "  --help             説明を表示する\n"
       "  --version          版を表示する\n\n"
@@ -37,17 +38,18 @@ int BadCommandLine(const QString& reason) {
 }
 
 struct ReportCall {
-  QString project, report, dataFolder;
+  QString project, report;
+  ProgramFolders folders;
   QDate date;
 };
 
 int WriteReport(const ReportCall& call) {
-  CMorvaneDoc doc(call.dataFolder);
+  CMorvaneDoc doc(call.folders);
   if (const int status = OpenInput(doc, call.project); status != kDone) return status;
   if (!OffersReport(doc))
     return Fail(kBadFile, call.project + QStringLiteral(": 調整後の波形がありません。"));
   std::vector<DamCoefSet> sets;
-  const std::optional<TableFailure> failure = LoadDamCoefFolder(doc.ProgramFolder(), sets);
+  const std::optional<TableFailure> failure = LoadDamCoefFolder(doc.Folders(), sets);
   const VerifyReport check = VerifyProject(doc, failure);
   const ReportFacts facts = GatherReportFacts(doc, call.date);
   const std::optional<QByteArray> pdf = ReportPdf(doc, facts, check);
@@ -55,14 +57,13 @@ int WriteReport(const ReportCall& call) {
   if (!WriteWholeFile(call.report, {pdf->constData(), static_cast<std::size_t>(pdf->size())}))
     return Fail(kBadFile, call.report + QStringLiteral(": ファイルを保存できませんでした。"));
   PrintLine(QStringLiteral("保存しました：") + call.report);
-  if (facts.sampleTables) PrintSampleNotice(doc.ProgramFolder());
+  if (facts.sampleTables) PrintSampleNotice(doc.Folders());
   return kDone;
 }
 
 int Main(const QStringList& words) {
   QCommandLineParser parser;
-  const QCommandLineOption data(QStringLiteral("data"), {}, QStringLiteral("DIR"),
-                                QCoreApplication::applicationDirPath());
+  const QCommandLineOption data(QStringLiteral("data"), {}, QStringLiteral("DIR"));
   const QCommandLineOption date(QStringLiteral("date"), {}, QStringLiteral("YYYY-MM-DD"));
   const QCommandLineOption help(QStringLiteral("help")), version(QStringLiteral("version"));
   parser.addOptions({data, date, help, version});
@@ -72,14 +73,16 @@ int Main(const QStringList& words) {
     return kDone;
   }
   if (parser.isSet(version)) {
-    PrintLine(QStringLiteral("tremlo-report " TREMLO_VERSION));
+    PrintLine(QStringLiteral("tremlo-report ") + VersionAndCommit());
     return kDone;
   }
   if (!understood) return BadCommandLine(parser.errorText());
   const QStringList files = parser.positionalArguments();
   if (files.size() != 2 || files.contains(QString()))
     return BadCommandLine(QStringLiteral("プロジェクトと報告書のファイル名を 1 つずつ指定してください。"));
-  ReportCall call{files[0], files[1], parser.value(data), QDate::currentDate()};
+  ReportCall call{files[0], files[1],
+                  parser.isSet(data) ? ProgramFolders(parser.value(data)) : InstalledFolders(),
+                  QDate::currentDate()};
   if (parser.isSet(date)) call.date = QDate::fromString(parser.value(date), QStringLiteral("yyyy-MM-dd"));
   if (!call.date.isValid())
     return BadCommandLine(QStringLiteral("--date: 日付ではありません：") + parser.value(date));

@@ -1,17 +1,25 @@
 # Asks dpkg what is missing and installs only that, as root or through sudo. To be sourced.
 
 packages_build="g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libproj-dev libcurl4-openssl-dev libarchive-dev zlib1g-dev picojson-dev libeigen3-dev"
-packages_test="git poppler-utils libgtest-dev libgmock-dev locales python3 openssl clang-format fonts-ipafont-gothic qt6-translations-l10n xvfb xauth openbox xdotool dbus at-spi2-core python3-gi gir1.2-atspi-2.0 imagemagick"
+packages_test="git poppler-utils libgtest-dev libgmock-dev locales python3 openssl clang-format fonts-ipafont-gothic qt6-translations-l10n xvfb xauth openbox xdotool dbus at-spi2-core python3-gi gir1.2-atspi-2.0 imagemagick desktop-file-utils libglib2.0-bin shared-mime-info xdg-utils"
+packages_package="debhelper dpkg-dev debootstrap lintian appstream desktop-file-utils"
 packages_bench="libbenchmark-dev python3 openssl fonts-ipafont-gothic"
 packages_window="fonts-ipafont-gothic qt6-translations-l10n"
 packages_wayland="qt6-wayland"
 packages_figure="gnuplot-nox fonts-ipafont-gothic"
 
-need_packages() {
-  local missing=() name
+# missing_packages NAME...: sets `missing` to those that are not installed.
+missing_packages() {
+  local name
+  missing=()
   for name in "$@"; do
     [ "$(dpkg-query -W -f='${db:Status-Status}' "$name" 2>/dev/null)" = installed ] || missing+=("$name")
   done
+}
+
+need_packages() {
+  local missing
+  missing_packages "$@"
   [ ${#missing[@]} -eq 0 ] && return 0
   echo "Installing: ${missing[*]}"
   local as_root=()
@@ -26,13 +34,13 @@ need_packages() {
   "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 }
 
-# Configures and builds a preset; its whole output stands in build/<preset>.log.
+# Configures, with the words of `configure_options`, and builds a preset; its whole output stands in build/<preset>.log.
 build_preset() {
   local preset=$1
   shift
   mkdir -p build
   echo "Building the $preset preset (log: build/$preset.log)"
-  if ! { cmake --preset "$preset" && cmake --build --preset "$preset" "$@"; } >"build/$preset.log" 2>&1; then
+  if ! { cmake --preset "$preset" ${configure_options:-} && cmake --build --preset "$preset" "$@"; } >"build/$preset.log" 2>&1; then
     grep -E 'error|Error|FAILED' -A5 "build/$preset.log" | head -n 60 >&2
     tail -n 20 "build/$preset.log" >&2
     return 1

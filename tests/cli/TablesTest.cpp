@@ -40,6 +40,15 @@ TEST(TablesCommand, SaysThatTheTablesAreSamplesWhileTheyAre) {
   EXPECT_FALSE(out().contains(QStringLiteral("見本の表")));
 }
 
+TEST(TablesCommand, NamesTheFoldersInUse) {
+  const TestFolder folder;
+  test::CopyTables(folder);
+  const QString out = QString::fromUtf8(RunCli({"tables", "--data", folder.Path()}).out);
+  for (const char* name : {"DamCoef", "LowSpec", "SystemData"})
+    EXPECT_TRUE(out.contains(QStringLiteral("%1：%2/%1\n").arg(QString::fromUtf8(name), folder.Path())))
+        << out.toStdString();
+}
+
 TEST(TablesCommand, MissingOrBadTablesEndWithTwo) {
   const TestFolder folder;
   CliResult result = RunCli({"tables", "--json", "--data", folder.Path()});

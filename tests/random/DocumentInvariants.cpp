@@ -154,7 +154,7 @@ std::vector<std::string> BrokenInvariants(const CMorvaneDoc& doc) {
 std::string RoundTripFailure(const CMorvaneDoc& doc) {
   const std::string bytes = ProjectBytes(doc);
   if (bytes.empty()) return "the project cannot be written";
-  CMorvaneDoc other(doc.ProgramFolder());
+  CMorvaneDoc other(doc.Folders());
   if (!LoadProject(other, bytes).whole) return "the project cannot be read back";
   if (ProjectBytes(other) != bytes) return "the project read back is another one";
   return {};

@@ -43,7 +43,7 @@ RandomUser::RandomUser(const RandomUserLimits& limits, Diary& diary)
   m_settings.services.hazard.connectAttempts = 1;
   m_settings.services.hazard.connectTimeoutMs = m_settings.services.hazard.silenceTimeoutMs = 700;
   m_settings.services.tiles = m_settings.services.hazard;
-  m_settings.programFolder = m_samples.ProgramFolder();
+  m_settings.folders = m_samples.ProgramFolder();
   m_settings.splashMs = 0;
   // Pages and the manual open nothing.
   for (const char* scheme : kSchemes)
@@ -214,7 +214,7 @@ void RandomUser::CheckRefused() {
   const std::optional<WatchedPrompt::Refused> refused = m_prompt.TakeRefused();
   if (!refused || refused->generation != m_app->Document().Generation()) return;
   if (ProjectBytes(m_app->Document()) == refused->bytes) return;
-  CMorvaneDoc before(m_settings.programFolder);
+  CMorvaneDoc before(m_settings.folders);
   LoadProject(before, refused->bytes);
   Fail("a No has changed the project (" +
        DifferingMembers(DocumentMoment(before), DocumentMoment(m_app->Document())) +

@@ -17,7 +17,7 @@ tremlo::ProgramSettings TestSettings() {
   settings.services.certificateFile = Word("TREMLO_TEST_CERTIFICATE");
   settings.services.probePauseMs = 1;
   settings.splashMs = 1;
-  settings.programFolder = Word("TREMLO_TEST_PROGRAM_FOLDER");
+  settings.folders = Word("TREMLO_TEST_PROGRAM_FOLDER");
   return settings;
 }
 

@@ -34,10 +34,10 @@ double ToNumber(std::string_view field) {
 
 }  // namespace
 
-std::optional<QString> LoadZonePolygons(const QString& programFolder, std::vector<CDPoly>& polygons) {
+std::optional<QString> LoadZonePolygons(const ProgramFolders& folders, std::vector<CDPoly>& polygons) {
   QByteArray content;
-  if (!ReadWholeFile(QDir(programFolder).filePath(QStringLiteral("SystemData/keiarea.csv")), content))
-    content.clear();
+  const QDir systemData(folders.TableFolder(QStringLiteral("SystemData")));
+  if (!ReadWholeFile(systemData.filePath(QStringLiteral("keiarea.csv")), content)) content.clear();
   return ParseZonePolygons(content, polygons);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/files/ProgramFolders.h"
 #include "core/location/DPoly.h"
 
 #include <QString>
@@ -9,12 +10,11 @@
 
 namespace tremlo {
 
-/// Reads the zone polygons of the 500 x 500 map from SystemData/keiarea.csv below `programFolder`: one per
-/// zone, in the order of the zones, each a line that starts with "KEI" and the lines of its points (pixels
-/// from the left, pixels up from the bottom edge). `polygons` is replaced; it becomes empty when the file
-/// cannot be opened. Returns the user's message for a point with fewer than two fields; `polygons` is then as
-/// it was.
-std::optional<QString> LoadZonePolygons(const QString& programFolder, std::vector<CDPoly>& polygons);
+/// Reads the zone polygons of the 500 x 500 map from keiarea.csv in SystemData: one per zone, in the order of
+/// the zones, each a line that starts with "KEI" and the lines of its points (pixels from the left, pixels up
+/// from the bottom edge). `polygons` is replaced; it becomes empty when the file cannot be opened. Returns
+/// the user's message for a point with fewer than two fields; `polygons` is then as it was.
+std::optional<QString> LoadZonePolygons(const ProgramFolders& folders, std::vector<CDPoly>& polygons);
 /// The same for the file's content.
 std::optional<QString> ParseZonePolygons(const QByteArray& content, std::vector<CDPoly>& polygons);
 

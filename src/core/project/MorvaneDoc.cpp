@@ -51,8 +51,8 @@ std::optional<TableFailure> CMorvaneDoc::ResetDocument() {
 }
 
 std::optional<TableFailure> CMorvaneDoc::LoadSystemData() {
-  std::optional<TableFailure> failure = LoadDamCoefFolder(m_programFolder, damCoefSets);
-  if (auto tableFailure = LoadFaultTable(m_programFolder, mainFaultRows); !failure) failure = tableFailure;
+  std::optional<TableFailure> failure = LoadDamCoefFolder(m_folders, damCoefSets);
+  if (auto tableFailure = LoadFaultTable(m_folders, mainFaultRows); !failure) failure = tableFailure;
   faults.clear();
   faultAcquireMode = 0;
   searchRangeKm = 50.0;
@@ -63,7 +63,7 @@ std::optional<TableFailure> CMorvaneDoc::LoadSystemData() {
 }
 
 std::optional<TableFailure> CMorvaneDoc::LoadLowerSpectra() {
-  std::optional<TableFailure> failure = LoadLowSpecFolder(m_programFolder, lowerSpectra);
+  std::optional<TableFailure> failure = LoadLowSpecFolder(m_folders, lowerSpectra);
   MarkDefaultLowerSpectrum();
   return failure;
 }

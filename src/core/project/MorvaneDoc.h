@@ -20,8 +20,8 @@ namespace tremlo {
 /// state only and write here at once. No undo, no lock.
 class CMorvaneDoc {
  public:
-  /// `programFolder` holds DamCoef, LowSpec and SystemData. Nothing is read yet.
-  explicit CMorvaneDoc(QString programFolder) : m_programFolder(std::move(programFolder)) {}
+  /// `folders`: where DamCoef, LowSpec and SystemData are. Nothing is read yet.
+  explicit CMorvaneDoc(ProgramFolders folders) : m_folders(std::move(folders)) {}
 
   /// Brings the document to the state of a new project and reads the tables again. Returns the first failure
   /// of a table, after which the program cannot go on; the members are at their defaults even then. The
@@ -34,7 +34,7 @@ class CMorvaneDoc {
 
   bool IsModified() const { return m_modified; }
   void SetModified(bool modified) { m_modified = modified; }
-  const QString& ProgramFolder() const { return m_programFolder; }
+  const ProgramFolders& Folders() const { return m_folders; }
   /// The project file; empty while the project is unnamed. A reset leaves it alone.
   const QString& PathName() const { return m_pathName; }
   void SetPathName(const QString& path) { m_pathName = path; }
@@ -94,7 +94,7 @@ class CMorvaneDoc {
   std::optional<TableFailure> LoadSystemData();
   std::optional<TableFailure> LoadLowerSpectra();
 
-  QString m_programFolder;
+  ProgramFolders m_folders;
   QString m_pathName;
   bool m_modified = false;
   std::uint64_t m_generation = 0;

@@ -31,13 +31,13 @@ std::string AdjustedWaveFile(const CSeismicWave& wave) {
   return CsvContent(wave.name, wave.timeStep, times, wave.adjustedAcc);
 }
 
-std::vector<TableOrigin> OriginsOf(const QString& programFolder) {
-  const std::vector<QString> samples = SampleTableFolders(programFolder);
+std::vector<TableOrigin> OriginsOf(const ProgramFolders& folders) {
+  const std::vector<QString> samples = SampleTableFolders(folders);
   std::vector<TableOrigin> origins;
   for (const char* folder : {"DamCoef", "LowSpec", "SystemData"}) {
     const QString name = QLatin1String(folder);
     const bool sample = std::find(samples.begin(), samples.end(), name) != samples.end();
-    for (const TableFile& file : ListTableFiles(programFolder, name)) {
+    for (const TableFile& file : ListTableFiles(folders, name)) {
       QByteArray content;
       origins.push_back(
           {file.shown, ReadWholeFile(file.path, content) ? HashOf(content) : QString(), sample});
@@ -74,7 +74,7 @@ ReportFacts GatherReportFacts(const CMorvaneDoc& doc, QDate date) {
   TakeProject(doc, facts);
   facts.waveHash = HashOf(AdjustedWaveFile(wave));
   // The other route works with the user's own spectrum alone.
-  if (doc.guidelineRoute) facts.tables = OriginsOf(doc.ProgramFolder());
+  if (doc.guidelineRoute) facts.tables = OriginsOf(doc.Folders());
   facts.sampleTables = std::any_of(facts.tables.begin(), facts.tables.end(),
                                    [](const TableOrigin& table) { return table.sample; });
   facts.run = RunAdjustment(ReportInput(doc, wave));

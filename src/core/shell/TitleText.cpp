@@ -1,7 +1,9 @@
 #include "core/shell/TitleText.h"
 
+#include "core/shell/ProgramCommit.h"
 #include "core/shell/ProgramIdentity.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 namespace tremlo {
@@ -27,6 +29,14 @@ QString AboutVersionText(int major, int minor) {
   return QStringLiteral("Version %1.%2").arg(major).arg(minor, 2, 10, QLatin1Char('0'));
 }
 
+QString VersionAndCommit(const QString& version, const QString& commit) {
+  return commit.isEmpty() ? version : QStringLiteral("%1 (%2)").arg(version, commit);
+}
+
+QString VersionAndCommit() {
+  return VersionAndCommit(QString::fromLatin1(kVersion), QString::fromLatin1(kProgramCommit));
+}
+
 QString LegalLine() {
   return QStringLiteral("Copyright (C) %1 Tremlo").arg(kLegalYear);
 }
@@ -34,6 +44,14 @@ QString LegalLine() {
 QString SampleTablesText(const std::vector<QString>& folders) {
   const QStringList names(folders.begin(), folders.end());
   return QStringLiteral("見本の表を使用中：") + names.join(QStringLiteral("、"));
+}
+
+QString TablePlacesText(const ProgramFolders& folders) {
+  QStringList lines;
+  for (const char* name : {"DamCoef", "LowSpec", "SystemData"})
+    lines << QStringLiteral("%1：%2").arg(QLatin1String(name),
+                                          QDir::toNativeSeparators(folders.TableFolder(QLatin1String(name))));
+  return lines.join(u'\n');
 }
 
 }  // namespace tremlo

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/files/ProgramFolders.h"
+
 #include <QString>
 
 #include <vector>
@@ -22,10 +24,18 @@ QString WindowTitle(const QString& pathName, const QString& captionMark);
 /// "Version 1.06" for version 1.6, as the about box shows it.
 QString AboutVersionText(int major, int minor);
 
+/// "1.0 (0123456789ab)" as the programs of the command line tell it: version and commit, where that is known.
+QString VersionAndCommit(const QString& version, const QString& commit);
+/// The same for this program.
+QString VersionAndCommit();
+
 /// Name of the program and year.
 QString LegalLine();
 
 /// That the tables of these folders are samples.
 QString SampleTablesText(const std::vector<QString>& folders);
+
+/// Where each table folder in use is, a line each.
+QString TablePlacesText(const ProgramFolders& folders);
 
 }  // namespace tremlo

@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <algorithm>
 #include <array>
@@ -24,8 +25,14 @@ QString ShownName(const QString& folder, const QString& name) {
   return name == kFaultTable ? name : folder + u'\\' + name;
 }
 
+/// The folder around a table folder.
+QString PlaceOf(const QString& tableFolder) {
+  return QFileInfo(tableFolder).path();
+}
+
 TableFailure CannotOpen(const TableFile& file) {
-  return {file.shown + QStringLiteral("を開けません。（読み取りオープン）"), 1};
+  return {file.shown + QStringLiteral("を開けません。（読み取りオープン）"), 1,
+          PlaceOf(QFileInfo(file.path).path())};
 }
 
 /// Of the names that contain `part`, the one that equals it, else the first; the end when there is none.
@@ -84,8 +91,8 @@ void ScanFaultLine(const QString& line, FaultFields& fields) {
 
 }  // namespace
 
-std::vector<TableFile> ListTableFiles(const QString& programFolder, const QString& folder) {
-  const QDir dir(QDir(programFolder).filePath(folder));
+std::vector<TableFile> ListTableFiles(const ProgramFolders& folders, const QString& folder) {
+  const QDir dir(folders.TableFolder(folder));
   QStringList names = dir.entryList(QDir::Files);
   names.removeIf([](const QString& name) { return !name.endsWith(u".csv", Qt::CaseInsensitive); });
   std::sort(names.begin(), names.end(), [](const QString& a, const QString& b) {
@@ -97,7 +104,7 @@ std::vector<TableFile> ListTableFiles(const QString& programFolder, const QStrin
   return files;
 }
 
-std::optional<TableFailure> CheckTableFolders(const QString& programFolder) {
+std::optional<TableFailure> CheckTableFolders(const ProgramFolders& folders) {
   const std::array<std::pair<QString, QStringList>, 3> required = {{
       {kLowSpec, {QStringLiteral("h17.csv"), QStringLiteral("h20_h.csv"), QStringLiteral("h20_v.csv")}},
       {kDamCoef,
@@ -106,29 +113,33 @@ std::optional<TableFailure> CheckTableFolders(const QString& programFolder) {
       {kSystemData, {QStringLiteral("keiarea.csv"), kFaultTable}},
   }};
   for (const auto& [folder, names] : required) {
-    const std::vector<TableFile> files = ListTableFiles(programFolder, folder);
+    const std::vector<TableFile> files = ListTableFiles(folders, folder);
     for (const QString& name : names) {
       const bool found =
           std::any_of(files.begin(), files.end(), [&](const TableFile& file) { return file.name == name; });
-      if (!found) return TableFailure{ShownName(folder, name) + QStringLiteral("がありません。"), 0};
+      if (!found)
+        return TableFailure{ShownName(folder, name) + QStringLiteral("がありません。"), 0,
+                            PlaceOf(folders.TableFolder(folder))};
     }
   }
   return std::nullopt;
 }
 
-std::vector<QString> SampleTableFolders(const QString& programFolder) {
-  std::vector<QString> folders;
+std::vector<QString> SampleTableFolders(const ProgramFolders& folders) {
+  std::vector<QString> samples;
   for (const QString& folder : {kDamCoef, kLowSpec, kSystemData}) {
-    const QDir dir(QDir(programFolder).filePath(folder));
-    if (QFile::exists(dir.filePath(QStringLiteral("見本.txt")))) folders.push_back(folder);
+    const QDir dir(folders.TableFolder(folder));
+    if (QFile::exists(dir.filePath(QStringLiteral("見本.txt")))) samples.push_back(folder);
   }
-  return folders;
+  return samples;
 }
 
 std::optional<TableFailure> LoadDamCoefFile(const TableFile& file, DamCoefSet& set) {
   QByteArray content;
   if (!ReadWholeFile(file.path, content)) return CannotOpen(file);
-  return ParseDamCoef(content, file.shown, set);
+  std::optional<TableFailure> failure = ParseDamCoef(content, file.shown, set);
+  if (failure) failure->place = PlaceOf(QFileInfo(file.path).path());
+  return failure;
 }
 
 std::optional<TableFailure> ParseDamCoef(const QByteArray& content, const QString& shown, DamCoefSet& set) {
@@ -223,9 +234,9 @@ void ParseLowSpec(const QByteArray& content, QString& name, std::vector<double>&
   }
 }
 
-std::optional<TableFailure> LoadDamCoefFolder(const QString& programFolder, std::vector<DamCoefSet>& sets) {
+std::optional<TableFailure> LoadDamCoefFolder(const ProgramFolders& folders, std::vector<DamCoefSet>& sets) {
   sets.clear();
-  for (const TableFile& file : ListTableFiles(programFolder, kDamCoef)) {
+  for (const TableFile& file : ListTableFiles(folders, kDamCoef)) {
     DamCoefSet set;
     if (auto failure = LoadDamCoefFile(file, set)) return failure;
     sets.push_back(std::move(set));
@@ -233,17 +244,17 @@ std::optional<TableFailure> LoadDamCoefFolder(const QString& programFolder, std:
   return std::nullopt;
 }
 
-std::optional<TableFailure> LoadFaultTable(const QString& programFolder, std::vector<MainFaultRow>& rows) {
+std::optional<TableFailure> LoadFaultTable(const ProgramFolders& folders, std::vector<MainFaultRow>& rows) {
   rows.clear();
-  std::vector<TableFile> files = ListTableFiles(programFolder, kSystemData);
+  std::vector<TableFile> files = ListTableFiles(folders, kSystemData);
   const auto table = FindTable(files, kFaultTable);
   if (table == files.end()) return std::nullopt;
   return LoadFaultDataFile(*table, rows);
 }
 
-std::optional<TableFailure> LoadLowSpecFolder(const QString& programFolder, CSeismicWaveSet& spectra) {
+std::optional<TableFailure> LoadLowSpecFolder(const ProgramFolders& folders, CSeismicWaveSet& spectra) {
   spectra.Clear();
-  std::vector<TableFile> files = ListTableFiles(programFolder, kLowSpec);
+  std::vector<TableFile> files = ListTableFiles(folders, kLowSpec);
   auto place = files.begin();
   for (const QString& part :
        {QStringLiteral("h20_h.csv"), QStringLiteral("h20_v.csv"), QStringLiteral("h17.csv")}) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/files/ProgramFolders.h"
 #include "core/waves/SeismicWaveSet.h"
 
 #include <QByteArray>
@@ -11,7 +12,7 @@
 
 namespace tremlo {
 
-/// The read-only tables beside the program, in the folders DamCoef, LowSpec and SystemData. Text in them is
+/// The read-only tables of the program, in the folders DamCoef, LowSpec and SystemData. Text in them is
 /// CP932 (UTF-8 behind a UTF-8 mark). No reader checks how many fields a numeric line yields: a short line
 /// keeps the values of the line before (or 0).
 
@@ -20,6 +21,7 @@ namespace tremlo {
 struct TableFailure {
   QString text;
   int exitStatus = 0;
+  QString place = {};  ///< the folder that holds the table folder; empty where only the content was looked at
 };
 
 /// Coefficients of one form of the attenuation relation: one file of DamCoef. The twelve vectors have one
@@ -62,15 +64,15 @@ struct TableFile {
   QString shown;  ///< as messages name it: "DamCoef\H20_Ehd_H.csv", for the fault table "FaultData.csv"
 };
 
-/// The `.csv` files of `folder` below `programFolder`, by name compared without case; names that start with a
+/// The `.csv` files of the table folder `folder`, by name compared without case; names that start with a
 /// point are passed over.
-std::vector<TableFile> ListTableFiles(const QString& programFolder, const QString& folder);
+std::vector<TableFile> ListTableFiles(const ProgramFolders& folders, const QString& folder);
 
 /// Whether every required table is there. The first that is missing ends the program with status 0.
-std::optional<TableFailure> CheckTableFolders(const QString& programFolder);
+std::optional<TableFailure> CheckTableFolders(const ProgramFolders& folders);
 
 /// Folders whose tables are samples and not the published ones: those that hold a file 見本.txt.
-std::vector<QString> SampleTableFolders(const QString& programFolder);
+std::vector<QString> SampleTableFolders(const ProgramFolders& folders);
 
 /// Readers of one file. What they fill is replaced. A failure (status 1) leaves it as it was.
 std::optional<TableFailure> LoadDamCoefFile(const TableFile& file, DamCoefSet& set);
@@ -81,10 +83,10 @@ std::optional<TableFailure> LoadLowSpecFile(const TableFile& file, QString& name
 
 /// All files of a folder, as a document is initialised: a file that the listing does not hold is silently not
 /// read. What they fill is emptied first; after a failure it holds what was read before it.
-std::optional<TableFailure> LoadDamCoefFolder(const QString& programFolder, std::vector<DamCoefSet>& sets);
-std::optional<TableFailure> LoadFaultTable(const QString& programFolder, std::vector<MainFaultRow>& rows);
+std::optional<TableFailure> LoadDamCoefFolder(const ProgramFolders& folders, std::vector<DamCoefSet>& sets);
+std::optional<TableFailure> LoadFaultTable(const ProgramFolders& folders, std::vector<MainFaultRow>& rows);
 /// Order of the records: h20_h, h20_v, h17, then the others as listed.
-std::optional<TableFailure> LoadLowSpecFolder(const QString& programFolder, CSeismicWaveSet& spectra);
+std::optional<TableFailure> LoadLowSpecFolder(const ProgramFolders& folders, CSeismicWaveSet& spectra);
 
 /// What the readers of one file make of its content; messages call the file `shown`.
 std::optional<TableFailure> ParseDamCoef(const QByteArray& content, const QString& shown, DamCoefSet& set);

@@ -41,12 +41,13 @@ CellFormat FormatOf(int column) {
 
 }  // namespace
 
-CDlgSelectRectangularPlane::CDlgSelectRectangularPlane(const QString& programFolder,
+CDlgSelectRectangularPlane::CDlgSelectRectangularPlane(const ProgramFolders& folders,
                                                        std::vector<CDPoly> areas, int current,
                                                        QWidget* parent)
     : QDialog(parent),
-      m_map(new ZoneMapView(QDir(programFolder).filePath(QStringLiteral("SystemData/kei_map_500.svg")),
-                            std::move(areas))),
+      m_map(new ZoneMapView(
+          QDir(folders.TableFolder(QStringLiteral("SystemData"))).filePath(QStringLiteral("kei_map_500.svg")),
+          std::move(areas))),
       m_grid(new CSpread7),
       m_area(new QLabel) {
   setObjectName(QStringLiteral("CDlgSelectRectangularPlane"));
@@ -170,14 +171,14 @@ void CDlgSelectRectangularPlane::ShowHelp() {
   CDlgHelpFieldRect(this).exec();
 }
 
-std::optional<int> SelectZoneDialog(const QString& programFolder, int current, Prompt& prompt,
+std::optional<int> SelectZoneDialog(const ProgramFolders& folders, int current, Prompt& prompt,
                                     QWidget* parent) {
   std::vector<CDPoly> areas;
-  if (const std::optional<QString> fault = LoadZonePolygons(programFolder, areas)) {
+  if (const std::optional<QString> fault = LoadZonePolygons(folders, areas)) {
     prompt.Tell(*fault, PromptIcon::Stop);
     return std::nullopt;
   }
-  CDlgSelectRectangularPlane dialog(programFolder, std::move(areas), current, parent);
+  CDlgSelectRectangularPlane dialog(folders, std::move(areas), current, parent);
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   return dialog.Selected();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/ask/Prompt.h"
+#include "core/files/ProgramFolders.h"
 #include "core/location/DPoly.h"
 
 #include <QDialog>
@@ -19,8 +20,8 @@ class ZoneMapView;
 class CDlgSelectRectangularPlane : public QDialog {
   Q_OBJECT
  public:
-  /// `programFolder` holds the map's picture. `current`: the zone selected at first, 0 to 18, or -1 for none.
-  CDlgSelectRectangularPlane(const QString& programFolder, std::vector<CDPoly> areas, int current,
+  /// `folders`: where the map's picture is. `current`: the zone selected at first, 0 to 18, or -1 for none.
+  CDlgSelectRectangularPlane(const ProgramFolders& folders, std::vector<CDPoly> areas, int current,
                              QWidget* parent);
 
   int Selected() const { return m_selected; }  ///< 0 to 18, or -1
@@ -38,10 +39,10 @@ class CDlgSelectRectangularPlane : public QDialog {
   int m_selected = -1;
 };
 
-/// Reads the areas from the program's folder and lets the user choose. None when the file of the areas is
+/// Reads the areas from the tables and lets the user choose. None when the file of the areas is
 /// faulty, which the user is told in place of the dialog, or when the user has cancelled; else the selection,
 /// -1 for none.
-std::optional<int> SelectZoneDialog(const QString& programFolder, int current, Prompt& prompt,
+std::optional<int> SelectZoneDialog(const ProgramFolders& folders, int current, Prompt& prompt,
                                     QWidget* parent);
 
 }  // namespace tremlo

@@ -226,7 +226,7 @@ void CFrmField::Refresh() {
 void CFrmField::SelectZone() {
   if (!m_rules.BeginSiteChange()) return;
   const int zone = ZoneFromLabel(m_doc.site.planeZone);
-  const auto chosen = SelectZoneDialog(m_doc.ProgramFolder(), zone < 0 ? -1 : zone - 1, m_prompt, window());
+  const auto chosen = SelectZoneDialog(m_doc.Folders(), zone < 0 ? -1 : zone - 1, m_prompt, window());
   if (!chosen) return;
   const bool known = *chosen >= 0 && static_cast<std::size_t>(*chosen) < kPlaneZoneCount;
   m_doc.site.planeZone = PlaneZones()[known ? static_cast<std::size_t>(*chosen) : 0].label.toString();

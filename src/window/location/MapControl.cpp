@@ -132,7 +132,8 @@ void MapControl::TakeAnswer(const TileNumber& tile, TileOutcome outcome) {
 }
 
 void MapControl::PaintOffline() {
-  const QString path = QDir(m_doc.ProgramFolder()).filePath(QStringLiteral("SystemData/OffLine.bmp"));
+  const QString path =
+      QDir(m_doc.Folders().TableFolder(QStringLiteral("SystemData"))).filePath(QStringLiteral("OffLine.bmp"));
   if (const auto picture = LoadPicture(path, kLargestOfflineSide)) m_surface.DrawOver(*picture);
   Show();
 }

@@ -31,7 +31,7 @@ TileMap MapOfSite(const CMorvaneDoc& doc, QSize size) {
 
 std::optional<QImage> MapPicture(const CMorvaneDoc& doc, QSize size, double ratio) {
   const TileMap map = MapOfSite(doc, size);
-  const TileCache cache(doc.ProgramFolder(), {}, {});
+  const TileCache cache(doc.Folders().Own(), {}, {});
   MapSurface surface;
   surface.Begin(size, ratio);
   TileGrid grid(map.view);

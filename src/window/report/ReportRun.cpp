@@ -27,7 +27,7 @@ QString ProposedName(const CMorvaneDoc& doc) {
 
 std::optional<QByteArray> MakeReport(const CMorvaneDoc& doc, RunDialog& dialog) {
   std::vector<DamCoefSet> sets;
-  const std::optional<TableFailure> failure = LoadDamCoefFolder(doc.ProgramFolder(), sets);
+  const std::optional<TableFailure> failure = LoadDamCoefFolder(doc.Folders(), sets);
   const VerifyReport check = VerifyProject(doc, failure, [&](int done, int count, const QString& name) {
     dialog.SetProgress(done, count, QStringLiteral("検算 %1 / %2　%3").arg(done).arg(count).arg(name));
   });

@@ -1,7 +1,9 @@
 #include "window/shell/AboutDlg.h"
 
+#include "core/shell/ProgramCommit.h"
 #include "core/shell/ProgramIdentity.h"
 #include "core/shell/TitleText.h"
+#include "core/sources/SystemTables.h"
 
 #include <QDialogButtonBox>
 #include <QIcon>
@@ -33,7 +35,7 @@ void AddText(QVBoxLayout* column, const QString& name, const QString& text) {
 
 }  // namespace
 
-CAboutDlg::CAboutDlg(const std::vector<QString>& sampleFolders, QWidget* parent) : QDialog(parent) {
+CAboutDlg::CAboutDlg(const ProgramFolders& folders, QWidget* parent) : QDialog(parent) {
   setObjectName(QStringLiteral("aboutDlg"));
   setWindowTitle(QStringLiteral("バージョン情報"));
   auto* picture = new QLabel(this);
@@ -42,8 +44,12 @@ CAboutDlg::CAboutDlg(const std::vector<QString>& sampleFolders, QWidget* parent)
   texts->setSpacing(12);
   AddText(texts, QStringLiteral("version"),
           QStringLiteral("Tremlo\n") + AboutVersionText(kVersionMajor, kVersionMinor));
+  if (const QString commit = QString::fromLatin1(kProgramCommit); !commit.isEmpty())
+    AddText(texts, QStringLiteral("commit"), QStringLiteral("コミット：") + commit);
   AddText(texts, QStringLiteral("legalLine"), LegalLine());
   AddText(texts, QStringLiteral("hazardNotice"), kHazardNotice);
+  AddText(texts, QStringLiteral("tablePlaces"), QStringLiteral("使用中の表\n") + TablePlacesText(folders));
+  const std::vector<QString> sampleFolders = SampleTableFolders(folders);
   if (!sampleFolders.empty())
     AddText(texts, QStringLiteral("sampleTables"),
             SampleTablesText(sampleFolders) +

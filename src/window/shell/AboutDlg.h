@@ -1,16 +1,17 @@
 #pragma once
 
-#include <QDialog>
+#include "core/files/ProgramFolders.h"
 
-#include <vector>
+#include <QDialog>
 
 namespace tremlo {
 
-/// Version, legal line, notice on the hazard service's data, and which tables are samples.
+/// Version and commit, legal line, notice on the hazard service's data, where the tables in use are and which
+/// of them are samples.
 class CAboutDlg : public QDialog {
   Q_OBJECT
  public:
-  CAboutDlg(const std::vector<QString>& sampleFolders, QWidget* parent);
+  CAboutDlg(const ProgramFolders& folders, QWidget* parent);
 };
 
 }  // namespace tremlo

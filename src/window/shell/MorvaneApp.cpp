@@ -67,10 +67,10 @@ CMorvaneApp::CMorvaneApp(ProgramSettings settings, ScreenTable screens, ProgramD
       m_doors(std::move(doors)),
       m_prompt(m_doors.prompt ? *m_doors.prompt : m_boxes),
       m_gate(m_prompt),
-      m_doc(m_settings.programFolder),
+      m_doc(m_settings.folders),
       m_fileBoxes(m_doc),
       m_files(m_doors.files ? *m_doors.files : m_fileBoxes) {
-  m_settings.services.answerFolder = m_settings.programFolder;
+  m_settings.services.answerFolder = m_settings.folders.Own();
   if (!m_doors.askRoute) m_doors.askRoute = CDlgTop::Ask;
   if (!m_doors.endProgram) m_doors.endProgram = [](int status) { QCoreApplication::exit(status); };
   MakeDialogsForget();
@@ -116,7 +116,7 @@ bool CMorvaneApp::ReadyToStart() {
   }
   CDlgSplash(m_settings.splashMs).exec();
   StartUpdateCheck(false);
-  if (m_settings.programFolder.isEmpty()) {
+  if (m_settings.folders.Own().isEmpty()) {
     // The probes come first, and have no other place for their answers.
     const QTemporaryDir folder;
     ServiceSettings services = m_settings.services;
@@ -125,8 +125,11 @@ bool CMorvaneApp::ReadyToStart() {
     m_prompt.Tell(QStringLiteral("EXEファイルのパスを取得できませんでした。"), PromptIcon::Stop);
     return false;
   }
+  // In the system's layout the user's folder does not come with the program. Without it the probe fails, as
+  // in one that cannot be written.
+  QDir().mkpath(m_settings.folders.Own());
   Probe(m_settings.services);
-  const std::optional<TableFailure> failure = CheckTableFolders(m_settings.programFolder);
+  const std::optional<TableFailure> failure = CheckTableFolders(m_settings.folders);
   if (!failure) return true;
   m_prompt.Tell(failure->text, PromptIcon::None);
   EndProgram(failure->exitStatus);
@@ -223,8 +226,7 @@ void CMorvaneApp::ConnectHelpMenu() {
   Connect(menu->supportPage, [this] { OpenPage(m_settings.supportPage); });
   Connect(menu->portalPage, [this] { OpenPage(m_settings.portalPage); });
   Connect(menu->updateCheck, [] { StartUpdateCheck(true); });
-  Connect(menu->about,
-          [this] { CAboutDlg(SampleTableFolders(m_settings.programFolder), m_frame.get()).exec(); });
+  Connect(menu->about, [this] { CAboutDlg(m_settings.folders, m_frame.get()).exec(); });
 }
 
 void CMorvaneApp::EndProgram(int status) {
@@ -256,12 +258,13 @@ void CMorvaneApp::EditApiParameters() {
 
 void CMorvaneApp::ClearMapImages() {
   if (!m_prompt.Ask(QString::fromUtf16(kClearMapCacheQuestion))) return;
-  if (!ClearMapCache(m_settings.programFolder))
+  if (!ClearMapCache(m_settings.folders.Own()))
     m_prompt.Tell(QStringLiteral("地図画像キャッシュを削除できませんでした。"));
 }
 
 void CMorvaneApp::OpenManual() {
-  const QString path = QDir(m_settings.programFolder).filePath(QStringLiteral("SystemData/manual.pdf"));
+  const QString folder = m_settings.folders.TableFolder(QStringLiteral("SystemData"));
+  const QString path = QDir(folder).filePath(QStringLiteral("manual.pdf"));
   const QString shown = QDir::toNativeSeparators(path);
   if (!QFileInfo(path).isFile()) {
     m_prompt.Tell(QStringLiteral("取り扱い説明書がありません。次の場所に置いてください。\n") + shown);
@@ -309,7 +312,7 @@ void CMorvaneApp::ProjectChanged() {
   RebuildTitle();
   UpdateMenu();
   // Every new project and every open reads the tables again.
-  m_frame->ShowSampleFolders(SampleTableFolders(m_settings.programFolder));
+  m_frame->ShowSampleFolders(SampleTableFolders(m_settings.folders));
 }
 
 }  // namespace tremlo

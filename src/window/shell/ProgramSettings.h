@@ -1,9 +1,9 @@
 #pragma once
 
+#include "core/files/ProgramFolders.h"
 #include "core/location/ServiceSettings.h"
 #include "core/shell/ProgramIdentity.h"
 
-#include <QCoreApplication>
 #include <QString>
 
 namespace tremlo {
@@ -13,8 +13,8 @@ namespace tremlo {
 struct ProgramSettings {
   ServiceSettings services;  ///< its answer folder is set by the program
   int splashMs = 3000;
-  /// Where the tables, the manual and the answers of the services are. Empty when it cannot be found.
-  QString programFolder = QCoreApplication::applicationDirPath();
+  /// Where the tables, the manual and the answers of the services are.
+  ProgramFolders folders = InstalledFolders();
   QString supportPage = QString::fromUtf8(kSupportPage);
   QString portalPage = QString::fromUtf8(kPortalPage);
 };

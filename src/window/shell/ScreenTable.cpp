@@ -101,7 +101,7 @@ void AddAdjustment(ScreenTable& table) {
 }
 
 TileCache MapTiles(const ScreenParts& parts) {
-  return {parts.doc.ProgramFolder(), parts.services.tileAddress, MakeTileDownload(parts.services)};
+  return {parts.doc.Folders().Own(), parts.services.tileAddress, MakeTileDownload(parts.services)};
 }
 
 /// The site, with its map.

@@ -37,6 +37,21 @@ TEST(TitleText, AboutBoxHasTwoDigitsBehindThePoint) {
   EXPECT_EQ(AboutVersionText(2, 10), u"Version 2.10");
 }
 
+TEST(TitleText, CommitStandsBehindTheVersionWhereItIsKnown) {
+  EXPECT_EQ(VersionAndCommit("1.0", "0123456789ab"), u"1.0 (0123456789ab)");
+  EXPECT_EQ(VersionAndCommit("1.0", {}), u"1.0");
+}
+
+TEST(TitleText, PlacesOfTheTablesAreThoseInUse) {
+  const test::TestFolder own, shared;
+  own.Write(QStringLiteral("LowSpec/h17.csv"), "");
+  for (const char* name : {"DamCoef", "LowSpec"})
+    shared.Write(QLatin1String(name) + QStringLiteral("/a.csv"), "");
+  EXPECT_EQ(TablePlacesText({own.Path(), {shared.Path()}}),
+            QStringLiteral("DamCoef：") + shared.Path("DamCoef") + QStringLiteral("\nLowSpec：") +
+                own.Path("LowSpec") + QStringLiteral("\nSystemData：") + own.Path("SystemData"));
+}
+
 TEST(TitleText, LegalLineNamesProgramAndYear) {
   EXPECT_TRUE(LegalLine().contains(QStringLiteral("Tremlo")));
   EXPECT_TRUE(LegalLine().contains(QString::number(kLegalYear)));

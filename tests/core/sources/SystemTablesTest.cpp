@@ -63,6 +63,26 @@ TEST_F(SystemTablesTest, CoefficientsOfAFolderStandInTheOrderOfTheListing) {
   EXPECT_EQ(titles, (QStringList{"10", "9", "a", "B", "b", "C"}));
 }
 
+TEST_F(SystemTablesTest, AFolderOfTheUsersIsNeverFilledUpFromAnother) {
+  const TestFolder shared;
+  test::CopyTables(shared);
+  const ProgramFolders folders(m_folder.Path(), {shared.Path()});
+  EXPECT_FALSE(CheckTableFolders(folders));
+  EXPECT_EQ(SampleTableFolders(folders), (std::vector<QString>{"DamCoef", "LowSpec", "SystemData"}));
+  m_folder.Write(QStringLiteral("LowSpec/h17.csv"), "mine\n1,2\n");
+  const std::optional<TableFailure> failure = CheckTableFolders(folders);
+  ExpectFailure(failure, QStringLiteral("LowSpec\\h20_h.csvがありません。"), 0);
+  EXPECT_EQ(failure->place, m_folder.Path());
+  EXPECT_EQ(SampleTableFolders(folders), (std::vector<QString>{"DamCoef", "SystemData"}));
+  std::vector<DamCoefSet> sets;
+  EXPECT_FALSE(LoadDamCoefFolder(folders, sets));
+  EXPECT_EQ(sets.size(), 4u);
+  CSeismicWaveSet spectra;
+  EXPECT_FALSE(LoadLowSpecFolder(folders, spectra));
+  ASSERT_EQ(spectra.Count(), 1u);
+  EXPECT_EQ(spectra.Records()[0].name, QStringLiteral("mine"));
+}
+
 TEST_F(SystemTablesTest, NumbersOfAllTablesHaveAPointInALocaleWithAComma) {
   const test::CommaLocale locale;
   ASSERT_FALSE(LoadCoefficients(m_horizontal + "0\n\n\n0.5,1.5,2.5,3.5,4.5,5.5,6.5,7.5,8.5,9.5,10.5,11.5\n"));

@@ -30,7 +30,7 @@ QStringList FillCache(const CMorvaneDoc& doc, QSize size) {
   TileGrid grid(view);
   QStringList paths;
   while (const auto placement = grid.Next()) {
-    paths << TileFilePath(doc.ProgramFolder(), placement->tile);
+    paths << TileFilePath(doc.Folders().Own(), placement->tile);
     QDir().mkpath(QFileInfo(paths.last()).path());
     QFile::copy(test::SourcePath("tests/data/tiles/tile.png"), paths.last());
   }

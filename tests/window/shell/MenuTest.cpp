@@ -1,5 +1,6 @@
 #include "core/location/OnlineMode.h"
 #include "core/project/ChangeQuestions.h"
+#include "core/shell/ProgramCommit.h"
 #include "core/shell/TitleText.h"
 #include "support/CurrentFolder.h"
 #include "support/LocalService.h"
@@ -212,6 +213,15 @@ TEST_F(MenuTest, ManualIsOpenedOrItsPlaceIsTold) {
   EXPECT_THAT(desktop.opened, ElementsAre(QUrl::fromLocalFile(path)));
 }
 
+TEST_F(MenuTest, ManualOfTheSystemIsOpened) {
+  Desktop desktop;
+  settings.folders = ProgramFolders(folder.Path(QStringLiteral("own")), {folder.Path()});
+  StartNew(TopChoice::ResponseRoute);
+  const QString path = folder.Write(QStringLiteral("SystemData/manual.pdf"), "%PDF");
+  Menu()->manual->trigger();
+  EXPECT_THAT(desktop.opened, ElementsAre(QUrl::fromLocalFile(path)));
+}
+
 TEST_F(MenuTest, PagesAreOpenedInTheBrowser) {
   Desktop desktop;
   settings.supportPage = QStringLiteral("https://127.0.0.1/support");
@@ -259,6 +269,10 @@ TEST_F(MenuTest, AboutBoxTellsVersionLegalLineAndSampleTables) {
     };
     EXPECT_TRUE(text("version").contains(QStringLiteral("Version 1.00")));
     EXPECT_EQ(text("legalLine"), LegalLine());
+    EXPECT_EQ(text("tablePlaces"), QStringLiteral("使用中の表\n") + TablePlacesText(folder.Path()));
+    if (*kProgramCommit) {
+      EXPECT_TRUE(text("commit").endsWith(QString::fromLatin1(kProgramCommit)));
+    }
     EXPECT_TRUE(text("hazardNotice").contains(QStringLiteral("J-SHIS")));
     EXPECT_TRUE(
         text("sampleTables").startsWith(QStringLiteral("見本の表を使用中：DamCoef、LowSpec、SystemData\n")));
@@ -269,7 +283,8 @@ TEST_F(MenuTest, AboutBoxTellsVersionLegalLineAndSampleTables) {
 }
 
 TEST_F(MenuTest, AboutBoxIsSilentOnPublishedTables) {
-  const CAboutDlg about({}, nullptr);
+  const test::TestFolder published;
+  const CAboutDlg about(published.Path(), nullptr);
   EXPECT_EQ(about.findChild<QLabel*>(QStringLiteral("sampleTables")), nullptr);
 }
 

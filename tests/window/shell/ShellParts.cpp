@@ -77,7 +77,7 @@ void WhenModal(const QString& name, std::function<void(QWidget*)> act) {
 
 ShellTest::ShellTest() {
   CopyTables(folder);
-  settings.programFolder = folder.Path();
+  settings.folders = folder.Path();
   settings.splashMs = 0;
   settings.services.hazardAddress = settings.services.tileAddress = QStringLiteral("http://127.0.0.1:9");
   settings.services.hazard.connectAttempts = 1;

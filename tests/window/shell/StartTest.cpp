@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QColorDialog>
 #include <QDir>
+#include <QFileInfo>
 #include <QLabel>
 #include <QScreen>
 #include <QTimer>
@@ -118,12 +119,20 @@ TEST_F(StartTest, NextInstanceStartsOnceTheFirstHasEnded) {
 }
 
 TEST_F(StartTest, FolderThatCannotBeFoundEndsTheStartBehindTheProbes) {
-  settings.programFolder.clear();
+  settings.folders = QString();
   Make();
   ExpectOffline();
   prompt.ExpectMessage(QStringLiteral("EXEファイルのパスを取得できませんでした。"), PromptIcon::Stop);
   EXPECT_EQ(Start(), 0);
   EXPECT_EQ(app->Frame(), nullptr);
+}
+
+TEST_F(StartTest, TablesOfTheSystemServeAUserWhoseFolderTheStartMakes) {
+  const QString own = folder.Path(QStringLiteral("home/data/tremlo"));
+  settings.folders = ProgramFolders(own, {folder.Path()});
+  StartNew(TopChoice::GuidelineRoute);
+  EXPECT_TRUE(QFileInfo(own).isDir());
+  EXPECT_EQ(Doc().damCoefSets.size(), 4u);
 }
 
 TEST_F(StartTest, ServicesThatAnswerAreNotCalledOfflineForLackOfAFolder) {
@@ -132,7 +141,7 @@ TEST_F(StartTest, ServicesThatAnswerAreNotCalledOfflineForLackOfAFolder) {
   const LocalService service;
   ASSERT_TRUE(service.IsReady());
   settings.services = service.Settings();
-  settings.programFolder.clear();
+  settings.folders = QString();
   Make();
   prompt.ExpectMessage(QStringLiteral("EXEファイルのパスを取得できませんでした。"), PromptIcon::Stop);
   EXPECT_EQ(Start(), 0);
