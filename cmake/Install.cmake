@@ -12,6 +12,10 @@ install(CODE "
   set(TO \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${TREMLO_INSTALL_DIR}\")
   include(\"${PROJECT_SOURCE_DIR}/cmake/CopyTables.cmake\")")
 
+# The manual and the pages of its chapters, where the target "manual" has made them.
+install(FILES ${TREMLO_PROGRAM_DIR}/SystemData/manual.pdf ${TREMLO_PROGRAM_DIR}/SystemData/manual.pages
+        DESTINATION ${TREMLO_INSTALL_DIR}/SystemData OPTIONAL)
+
 foreach(program IN LISTS TREMLO_PROGRAMS)
   install(CODE "
     set(link \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}/${program}\")

@@ -5,13 +5,21 @@ packages_test="git poppler-utils libgtest-dev libgmock-dev locales python3 opens
 packages_bench="libbenchmark-dev python3 openssl fonts-ipafont-gothic"
 packages_window="fonts-ipafont-gothic qt6-translations-l10n"
 packages_wayland="qt6-wayland"
+# munkres by its name: left to itself apt takes scipy for it, five times the size of all of these.
+packages_manual="weasyprint python3-munkres python3-markdown python3-pil fonts-migmix poppler-utils openssl python3"
 packages_figure="gnuplot-nox fonts-ipafont-gothic"
 
-need_packages() {
-  local missing=() name
+# missing_packages NAME...: those of them that are not installed.
+missing_packages() {
+  local name
   for name in "$@"; do
-    [ "$(dpkg-query -W -f='${db:Status-Status}' "$name" 2>/dev/null)" = installed ] || missing+=("$name")
+    [ "$(dpkg-query -W -f='${db:Status-Status}' "$name" 2>/dev/null)" = installed ] || echo "$name"
   done
+}
+
+need_packages() {
+  local missing
+  mapfile -t missing < <(missing_packages "$@")
   [ ${#missing[@]} -eq 0 ] && return 0
   echo "Installing: ${missing[*]}"
   local as_root=()
@@ -32,7 +40,8 @@ build_preset() {
   shift
   mkdir -p build
   echo "Building the $preset preset (log: build/$preset.log)"
-  if ! { cmake --preset "$preset" && cmake --build --preset "$preset" "$@"; } >"build/$preset.log" 2>&1; then
+  # One build at a time: ./run may have left the manual's at work.
+  if ! flock "build/$preset.lock" sh -c 'cmake --preset "$0" && cmake --build --preset "$0" "$@"' "$preset" "$@" >"build/$preset.log" 2>&1; then
     grep -E 'error|Error|FAILED' -A5 "build/$preset.log" | head -n 60 >&2
     tail -n 20 "build/$preset.log" >&2
     return 1
