@@ -48,7 +48,7 @@ void TakeProcedure(Photographer& camera) {
   camera.TakeFrame("flowchart2");
   camera.Doc().flowFixed = false;
   camera.PressStep(FlowStep::FlowCheck);
-  camera.AnswerDialogs({{"question", "yesButton"},
+  camera.AnswerDialogs({{"question", "yesButton", "questions_chart"},
                         {nullptr, "yesButton"},
                         {nullptr, "yesButton"},
                         {nullptr, "yesButton"},
@@ -57,6 +57,7 @@ void TakeProcedure(Photographer& camera) {
                         {"question_end", "yesButton"}},
                        [&] { camera.Press("questionsButton"); });
   camera.TakeFrame("flowchart3");
+  camera.Take("pane_guideline", *camera.Frame().Pane());
 }
 
 void TakeWaves(Photographer& camera, const QString& records) {
@@ -98,7 +99,6 @@ void TakeGuidelineRoute(const Places& places, const test::LocalService& service)
   camera.TakeDialog("graph_edit_spectrum", "CDlgGraphEditAccSpec", [&] { camera.Press("settingsButton"); });
 
   camera.PressStep(FlowStep::BaseSpectrum);
-  camera.TakeFrame("base_open");
   camera.ClickCell("candidateGrid", kLowerLimitRow, 7);
   camera.TakeFrame("base");
   camera.TakeDialog("graph_edit_base", "CDlgGraphEditBaseSpec", [&] { camera.Press("settingsButton"); });

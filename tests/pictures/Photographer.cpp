@@ -210,6 +210,7 @@ void Photographer::AnswerDialogs(const std::vector<Reply>& replies, const std::f
     ++next;
     window->setProperty(kAnswered, true);
     if (reply.picture) Take(reply.picture, *window);
+    if (reply.behind) TakeFrame(reply.behind);
     button->click();
   });
   timer.start(5);

@@ -46,11 +46,11 @@ class Photographer {
   /// dialog that stands yet is cancelled.
   void TakeDialog(const char* picture, const char* dialog, const std::function<void()>& open,
                   const std::function<void(QWidget&)>& then = {});
-  /// Answers the dialogs that `act` puts up, in their order, by pressing a button of each. A picture without
-  /// a name is not kept.
+  /// Answers the dialogs that `act` puts up, in their order, by pressing a button of each.
   struct Reply {
-    const char* picture;
+    const char* picture;  ///< of the dialog; null: none
     const char* button;
+    const char* behind = nullptr;  ///< of the window behind it
   };
   void AnswerDialogs(const std::vector<Reply>& replies, const std::function<void()>& act);
 

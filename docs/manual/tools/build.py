@@ -19,7 +19,7 @@ import markdown  # noqa: E402
 import weasyprint  # noqa: E402
 
 import source  # noqa: E402
-from runs import Runner  # noqa: E402
+from runs import TABLES, Runner  # noqa: E402
 
 
 class Complaints(logging.Handler):
@@ -61,6 +61,7 @@ def shown(text):
 
 def chapter_html(identity, text, pictures, runner):
     text = source.RUN.sub(lambda m: "<pre>" + html.escape(runner.shown(m.group(1))) + "</pre>", text)
+    text = source.TABLE.sub(lambda m: TABLES[m.group(1)](), text)
     text = source.VALUE.sub(lambda m: runner.value(m.group(1)), text)
     text = source.FIGURE.sub(lambda m: figure(m, pictures), text)
     text = source.FIGURE_REFERENCE.sub(r'<a class="fig" href="#fig-\1"></a>', text)
@@ -89,6 +90,16 @@ def contents(chapters):
     return "<nav><h1>目次</h1><ul>" + "".join(lines) + "</ul></nav>"
 
 
+def places(chapters):
+    """What F1 can open, by anchor: a chapter by its name, a section behind it by its heading."""
+    found = {}
+    for identity, text in chapters:
+        found[f"ch-{identity}"] = identity
+        heads = [line[3:] for line in text.split("\n") if line.startswith("## ")]
+        found |= {f"ch-{identity}-{k}": f"{identity}/{head}" for k, head in enumerate(heads, 1)}
+    return found
+
+
 def cover(runner):
     return ('<div class="cover"><h1>Tremlo</h1><p class="sub">取り扱い説明書</p>'
             f"<p>プログラムの版 {html.escape(runner.value('program_version'))}</p><br><br>"
@@ -111,7 +122,7 @@ def main():
             + "".join(chapter_html(identity, text, call.pictures, runner) for identity, text in chapters) + "</body></html>")
     style = weasyprint.CSS(filename=str(source.MANUAL / "style.css"))
     document = weasyprint.HTML(string=page, base_url=str(source.MANUAL)).render(stylesheets=[style])
-    pages = {f"ch-{identity}": None for identity, _ in chapters}
+    pages = {anchor: None for anchor in places(chapters)}
     for number, sheet in enumerate(document.pages, 1):
         for anchor in sheet.anchors:
             if anchor in pages and pages[anchor] is None:
@@ -125,7 +136,7 @@ def main():
     if complaints.lines:
         partial.unlink()
         raise SystemExit("\n".join(complaints.lines))
-    table = "".join(f"{anchor.removeprefix('ch-')}\t{number}\n" for anchor, number in pages.items())
+    table = "".join(f"{place}\t{pages[anchor]}\n" for anchor, place in places(chapters).items())
     call.out.with_suffix(".pages").write_text(table, encoding="utf-8")
     partial.replace(call.out)
     print(f"{call.out}: {len(document.pages)} pages")

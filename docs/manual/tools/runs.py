@@ -95,4 +95,45 @@ def _version(runner):
     return re.search(r"\d+\.\d+\S*", runner.text("version")).group(0)
 
 
+# figures of adjust that a value may end in
+ADJUST_KEYS = ("passes", "error", "converged", "pga", "pgv", "pgd", "endVelocity", "endDisplacement", "ariasIntensity", "duration")
+
+
+def is_value(name):
+    run, _, key = name.rpartition("_")
+    return name in VALUES or (run.startswith("adjust") and run in RUNS and key in ADJUST_KEYS)
+
+
+def _sign():
+    """What docs/numerics.md has measured."""
+    lines = (ROOT / "docs/numerics.md").read_text(encoding="utf-8").splitlines()
+    rows = [line for line in lines if line.startswith("|")]
+    first = next(i for i, row in enumerate(rows) if row.startswith("| record |"))
+    table = []
+    for row in rows[first:]:
+        if row.count("|") != rows[first].count("|"):
+            break
+        table.append(row)
+    if len(table) < 3:
+        raise SystemExit("docs/numerics.md has no table of the sign")
+    return "\n".join([table[0].replace("record", "記録").replace("above", "それより上"), *table[1:]])
+
+
+def _bench():
+    """What README.md has measured, with the count of steps for its length."""
+    lines = (ROOT / "README.md").read_text(encoding="utf-8").splitlines()
+    first = next(i for i, line in enumerate(lines) if line.startswith("| samples | plain loop |"))
+    rows = ["| 点数 | 振動子の計算（N²/2） | 通常の計算 | SSE2 | AVX2 | AVX-512 |", "|---|---|---|---|---|---|"]
+    for line in lines[first + 2:]:
+        if not line.startswith("|"):
+            break
+        cells = [cell.strip().replace(" times", " 倍").replace(" ms", " ミリ秒").replace(" s", " 秒") for cell in line.strip("|").split("|")]
+        count = int(cells[0].replace(",", ""))
+        rows.append(f"| {cells[0]} | {count * count // 2:,} | " + " | ".join(cells[1:]) + " |")
+    if len(rows) < 4:
+        raise SystemExit("README.md has no table of the sweep")
+    return "\n".join(rows)
+
+
+TABLES = {"sign": _sign, "bench": _bench}
 VALUES = {"lower_limits": _limit_names, "program_version": _version}

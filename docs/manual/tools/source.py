@@ -12,6 +12,7 @@ FIGURE_REFERENCE = re.compile(r"\{\{fig ([a-z0-9_]+)\}\}")
 CHAPTER_REFERENCE = re.compile(r"\{\{chapter ([a-z0-9-]+)\}\}")
 RUN = re.compile(r"^\{\{run ([a-z0-9_]+)\}\}$", re.M)
 VALUE = re.compile(r"\{\{value ([a-z0-9_]+)\}\}")
+TABLE = re.compile(r"^\{\{table ([a-z_]+)\}\}$", re.M)
 MESSAGES = "{{messages}}"
 ANY = re.compile(r"\{\{[^}]*\}\}")
 

@@ -1,6 +1,7 @@
 #include "window/shell/MorvaneApp.h"
 
 #include "core/report/ReportWave.h"
+#include "core/shell/ManualPages.h"
 #include "core/shell/TitleText.h"
 #include "core/shell/UpdateCheck.h"
 #include "window/graphs/DarkPaletteStyle.h"
@@ -16,10 +17,13 @@
 #include <QApplication>
 #include <QDesktopServices>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QIcon>
 #include <QLibraryInfo>
 #include <QSettings>
+#include <QShortcut>
+#include <QStatusBar>
 #include <QTemporaryDir>
 #include <QUrl>
 
@@ -36,6 +40,8 @@ const QString kTopNotShown = QStringLiteral("トップ画面を表示させる�
 void MakeDialogsForget() {
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QCoreApplication::applicationFilePath());
 }
+
+constexpr qint64 kLargestManualTable = 1 << 20;  // bytes
 
 /// In the order in which the screens are made.
 constexpr std::array kScreenOrder = {
@@ -211,7 +217,10 @@ void CMorvaneApp::ConnectSettingsMenu() {
 
 void CMorvaneApp::ConnectHelpMenu() {
   MainMenu* menu = m_frame->Menu();
-  Connect(menu->manual, [this] { OpenManual(); });
+  Connect(menu->manual, [this] { OpenManual({}); });
+  auto* const helpKey = new QShortcut(QKeySequence(Qt::Key_F1), m_frame.get());
+  QObject::connect(helpKey, &QShortcut::activated, m_frame.get(),
+                   [this] { Run([this] { OpenManual(ManualPageHere()); }); });
   Connect(menu->supportPage, [this] { OpenPage(m_settings.supportPage); });
   Connect(menu->portalPage, [this] { OpenPage(m_settings.portalPage); });
   Connect(menu->updateCheck, [] { StartUpdateCheck(true); });
@@ -252,14 +261,30 @@ void CMorvaneApp::ClearMapImages() {
     m_prompt.Tell(QStringLiteral("地図画像キャッシュを削除できませんでした。"));
 }
 
-void CMorvaneApp::OpenManual() {
+std::optional<int> CMorvaneApp::ManualPageHere() const {
+  QFile table(QDir(m_settings.programFolder).filePath(QStringLiteral("SystemData/manual.pages")));
+  if (!table.open(QIODevice::ReadOnly)) return std::nullopt;
+  return ManualPageOf(table.read(kLargestManualTable), ManualPlaceOf(m_procedure->ActiveScreen()));
+}
+
+void CMorvaneApp::OpenManual(std::optional<int> page) {
   const QString path = QDir(m_settings.programFolder).filePath(QStringLiteral("SystemData/manual.pdf"));
   const QString shown = QDir::toNativeSeparators(path);
   if (!QFileInfo(path).isFile()) {
-    m_prompt.Tell(QStringLiteral("取り扱い説明書がありません。次の場所に置いてください。\n") + shown);
-  } else if (!QDesktopServices::openUrl(QUrl::fromLocalFile(path))) {
-    m_prompt.Tell(QStringLiteral("取り扱い説明書を開くプログラムがありません。\n") + shown);
+    m_prompt.Tell(QStringLiteral("取り扱い説明書がありません。次の場所に置いてください。\n") + shown +
+                  QStringLiteral("\n\nソースからは、コマンド scripts/manual で作れます。"));
+    return;
   }
+  const QUrl manual = QUrl::fromLocalFile(path);
+  QUrl place = manual;
+  if (page) place.setFragment(QStringLiteral("page=%1").arg(*page));
+  // What knows no places may still open the file.
+  if (!QDesktopServices::openUrl(place) && (!page || !QDesktopServices::openUrl(manual))) {
+    m_prompt.Tell(QStringLiteral("取り扱い説明書を開くプログラムがありません。\n") + shown);
+    return;
+  }
+  // Many viewers open a file at its first page all the same.
+  if (page) m_frame->statusBar()->showMessage(QStringLiteral("取り扱い説明書の %1 ページ").arg(*page));
 }
 
 void CMorvaneApp::OpenPage(const QString& address) {
