@@ -57,7 +57,7 @@ void TakeProcedure(Photographer& camera) {
                         {"question_end", "yesButton"}},
                        [&] { camera.Press("questionsButton"); });
   camera.TakeFrame("flowchart3");
-  camera.Take("pane_guideline", *camera.Frame().Pane());
+  camera.TakeSteps("pane_guideline");
 }
 
 void TakeWaves(Photographer& camera, const QString& records) {

@@ -12,6 +12,7 @@
 #include <QTimer>
 #include <QWheelEvent>
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace tremlo::pictures {
@@ -19,6 +20,7 @@ namespace tremlo::pictures {
 namespace {
 
 constexpr int kLongestWaitMs = 120000;
+constexpr int kMargin = 12;  // pixels
 constexpr char kAnswered[] = "answered";
 
 void CopyTables(const QString& to) {
@@ -167,6 +169,14 @@ void Photographer::TakeFrame(const char* picture) {
 void Photographer::Take(const char* picture, QWidget& widget) {
   Settle();
   Keep(picture, widget.grab());
+}
+
+void Photographer::TakeSteps(const char* picture) {
+  CPaneFlow& pane = *Frame().Pane();
+  int bottom = 0;
+  for (const QAbstractButton* button : pane.StepsOnDisplay()->findChildren<QAbstractButton*>())
+    bottom = std::max(bottom, button->mapTo(&pane, button->rect().bottomLeft()).y());
+  Keep(picture, pane.grab({0, 0, pane.width(), bottom + kMargin}));
 }
 
 void Photographer::OnDialog(const QByteArray& name, std::function<void(QWidget&)> act) {

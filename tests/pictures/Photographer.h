@@ -42,6 +42,8 @@ class Photographer {
   /// The whole window.
   void TakeFrame(const char* picture);
   void Take(const char* picture, QWidget& widget);
+  /// The column of steps, no farther down than its last button.
+  void TakeSteps(const char* picture);
   /// Does something that puts up the dialog or box of that object name, takes it, and lets `then` go on; a
   /// dialog that stands yet is cancelled.
   void TakeDialog(const char* picture, const char* dialog, const std::function<void()>& open,

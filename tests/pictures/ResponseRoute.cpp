@@ -56,7 +56,7 @@ void TakeResponseRoute(const Places& places, const test::LocalService& service) 
   Photographer camera(places.pictures, service, TopChoice::ResponseRoute);
   TakeLoneDialogs(camera);
   camera.TakeFrame("resp_empty");
-  camera.Take("pane_resp", *camera.Frame().Pane());
+  camera.TakeSteps("pane_resp");
   TakeMenus(camera);
   TakeImport(camera, places.records);
   camera.nextFile = places.records + QStringLiteral("/record_dam_ns.csv");

@@ -9,6 +9,7 @@ import html
 import logging
 import os
 import pathlib
+import re
 import subprocess
 import sys
 
@@ -45,18 +46,26 @@ def figure(match, pictures):
         raise SystemExit(f"no picture {path}")
     size = ' class="small"' if small else ""
     return (f'<figure id="fig-{name}"><img{size} src="{path.resolve().as_uri()}" alt="{html.escape(caption)}">'
-            f"<figcaption>{html.escape(caption)}</figcaption></figure>")
+            f"<figcaption>{inline(caption)}</figcaption></figure>")
+
+
+def inline(text):
+    """A cell or caption: plain, but for what stands in backticks."""
+    return re.sub(r"`([^`]*)`", r"<code>\1</code>", html.escape(text))
 
 
 def message_table():
-    rows = "".join(f"<tr><td>{shown(row['text'])}</td><td>{html.escape(row['cause'])}</td><td>{html.escape(row['action'])}</td></tr>"
+    rows = "".join(f"<tr><td>{shown(row['text'])}</td><td>{inline(row['cause'])}</td><td>{inline(row['action'])}</td></tr>"
                    for row in sorted(source.messages(), key=lambda row: row["text"].lstrip("「」%1：　 ")))
     return ('<table class="messages"><thead><tr><th>文</th><th>原因</th><th>対処</th></tr></thead><tbody>'
             + rows + "</tbody></table>")
 
 
 def shown(text):
-    return html.escape(text.replace("\\n", " "))
+    """As the program shows it, on one line; dots where names or reasons join it."""
+    text = text.replace("\\n", " ").replace("\\\\", "\\").strip()
+    before = "…" if re.match(r"[」）：]|(が|の|を|に)(?!.{0,4}：)[あ1-9開正い]", text) else ""
+    return html.escape(before + text + ("…）" if text.endswith("(") else ""))
 
 
 def chapter_html(identity, text, pictures, runner):

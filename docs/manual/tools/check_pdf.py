@@ -44,7 +44,7 @@ def faults(pdf):
     wrong += [f"a page for {place}, which is no place" for place in places]
     wrong += [f"no text can find the title {row['title']}" for row in source.pictures() if plain(row["title"]) not in whole]
     wrong += [f"no text can find the message {row['text']}" for row in source.messages()
-              if plain(row["text"].replace("\\n", " ")).replace("\\\\", "\\") not in whole]
+              if plain(row["text"].replace("\\n", " ").replace("\\\\", "\\")) not in whole]
 
     held = objects(pdf.read_bytes())
     sheets = {number for number, body in held.items() if re.search(rb"/Type\s*/Page\b", body)}

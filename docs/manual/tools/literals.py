@@ -33,7 +33,7 @@ def literals(text):
 
 
 def is_message(before, held):
-    if "OffLine" in held:
+    if held.endswith("OffLine"):
         return True
     if not JAPANESE.search(held):
         return False

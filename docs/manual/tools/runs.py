@@ -2,6 +2,7 @@
 command and what it printed, {{value NAME}} one number or text of it."""
 
 import json
+import math
 import pathlib
 import re
 import subprocess
@@ -136,4 +137,16 @@ def _bench():
 
 
 TABLES = {"sign": _sign, "bench": _bench}
-VALUES = {"lower_limits": _limit_names, "program_version": _version}
+def _sign_in_the_middle(_):
+    """The largest of the columns from 20 to 100 time steps, rounded up."""
+    rows = [[cell.strip() for cell in row.strip("|").split("|")] for row in _sign().split("\n")]
+    columns = [rows[0].index("20-50 dt"), rows[0].index("50-100 dt")]
+    return f"{math.ceil(100 * max(float(row[k]) for row in rows[2:] for k in columns)) / 100:.2f} %"
+
+
+def _undershoot(runner):
+    return re.search(r"目標を下回る最大：([\d.]+ %)", runner.text("adjust_dam")).group(1)
+
+
+VALUES = {"undershoot_dam": _undershoot, "sign_in_the_middle": _sign_in_the_middle,
+          "lower_limits": _limit_names, "program_version": _version}

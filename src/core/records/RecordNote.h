@@ -34,6 +34,9 @@ struct RecordNote {
 /// In one line.
 QString NoteLine(const RecordNote& note);
 
+/// What each part of both texts is, a line each.
+QString NoteDefinitions();
+
 /// The same a line each, with file, start and the name of the source to be given.
 QString NoteDetails(const RecordNote& note);
 

@@ -2,7 +2,6 @@
 #include "core/shell/ManualPages.h"
 
 #include <QFile>
-#include <QRegularExpression>
 
 #include <gtest/gtest.h>
 
@@ -41,7 +40,8 @@ TEST(ManualPages, EveryScreenHasASectionOfTheManual) {
     EXPECT_TRUE(isShort || place.chapter == u"guideline") << number;
     EXPECT_FALSE(place.section.isEmpty()) << number;
     const QString text = Chapter(isShort ? "01-first-wave.md" : "02-guideline.md");
-    EXPECT_TRUE(text.contains(u"\n## " + place.section + u'\n')) << number << place.section.toStdString();
+    EXPECT_TRUE(text.contains(QStringLiteral("\n## ") + place.section + u'\n'))
+        << number << place.section.toStdString();
   }
   EXPECT_EQ(ManualPlaceOf(std::nullopt), (ManualPlace{"first-wave", {}}));
 }
