@@ -21,6 +21,7 @@ int main(int argc, char* argv[]) {
   if (!home.IsValid()) return EXIT_FAILURE;
   qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" TREMLO_SOURCE_DIR "/docs/manual/monitor.json");
   const QApplication application(argc, argv);
+  QApplication::setCursorFlashTime(0);  // else a picture would show it now and then
   const QStringList words = QCoreApplication::arguments();
   if (words.size() != 5) {
     std::fprintf(stderr, "Usage: tremlo_pictures PICTURES RECORDS SERVICE PROJECT\n");

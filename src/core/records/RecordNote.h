@@ -37,7 +37,7 @@ QString NoteLine(const RecordNote& note);
 /// What each part of both texts is, a line each.
 QString NoteDefinitions();
 
-/// The same a line each, with file, start and the name of the source to be given.
+/// The text of NoteLine a line each, with file, start and the name of the source to be given.
 QString NoteDetails(const RecordNote& note);
 
 }  // namespace tremlo

@@ -43,6 +43,10 @@ void MakeDialogsForget() {
 
 constexpr qint64 kLargestManualTable = 1 << 20;  // bytes
 
+QString ManualFile(const QString& programFolder, const char* name) {
+  return QDir(programFolder).filePath(QStringLiteral("SystemData/") + QLatin1String(name));
+}
+
 /// In the order in which the screens are made.
 constexpr std::array kScreenOrder = {
     ScreenId::Field,
@@ -262,13 +266,13 @@ void CMorvaneApp::ClearMapImages() {
 }
 
 std::optional<int> CMorvaneApp::ManualPageHere() const {
-  QFile table(QDir(m_settings.programFolder).filePath(QStringLiteral("SystemData/manual.pages")));
+  QFile table(ManualFile(m_settings.programFolder, "manual.pages"));
   if (!table.open(QIODevice::ReadOnly)) return std::nullopt;
   return ManualPageOf(table.read(kLargestManualTable), ManualPlaceOf(m_procedure->ActiveScreen()));
 }
 
 void CMorvaneApp::OpenManual(std::optional<int> page) {
-  const QString path = QDir(m_settings.programFolder).filePath(QStringLiteral("SystemData/manual.pdf"));
+  const QString path = ManualFile(m_settings.programFolder, "manual.pdf");
   const QString shown = QDir::toNativeSeparators(path);
   if (!QFileInfo(path).isFile()) {
     m_prompt.Tell(QStringLiteral("取り扱い説明書がありません。次の場所に置いてください。\n") + shown +
