@@ -6,20 +6,21 @@ packages_package="debhelper dpkg-dev debootstrap lintian appstream desktop-file-
 packages_bench="libbenchmark-dev python3 openssl fonts-ipafont-gothic"
 packages_window="fonts-ipafont-gothic qt6-translations-l10n"
 packages_wayland="qt6-wayland"
+# munkres by its name: left to itself apt takes scipy for it, five times the size of all of these.
+packages_manual="weasyprint python3-munkres python3-markdown python3-pil fonts-migmix poppler-utils openssl python3"
 packages_figure="gnuplot-nox fonts-ipafont-gothic"
 
-# missing_packages NAME...: sets `missing` to those that are not installed.
+# missing_packages NAME...: those of them that are not installed.
 missing_packages() {
   local name
-  missing=()
   for name in "$@"; do
-    [ "$(dpkg-query -W -f='${db:Status-Status}' "$name" 2>/dev/null)" = installed ] || missing+=("$name")
+    [ "$(dpkg-query -W -f='${db:Status-Status}' "$name" 2>/dev/null)" = installed ] || echo "$name"
   done
 }
 
 need_packages() {
   local missing
-  missing_packages "$@"
+  mapfile -t missing < <(missing_packages "$@")
   [ ${#missing[@]} -eq 0 ] && return 0
   echo "Installing: ${missing[*]}"
   local as_root=()
@@ -40,7 +41,8 @@ build_preset() {
   shift
   mkdir -p build
   echo "Building the $preset preset (log: build/$preset.log)"
-  if ! { cmake --preset "$preset" ${configure_options:-} && cmake --build --preset "$preset" "$@"; } >"build/$preset.log" 2>&1; then
+  # One build at a time: ./run may have left the manual's at work.
+  if ! configure_options=${configure_options:-} flock "build/$preset.lock" sh -c 'cmake --preset "$0" ${configure_options:-} && cmake --build --preset "$0" "$@"' "$preset" "$@" >"build/$preset.log" 2>&1; then
     grep -E 'error|Error|FAILED' -A5 "build/$preset.log" | head -n 60 >&2
     tail -n 20 "build/$preset.log" >&2
     return 1

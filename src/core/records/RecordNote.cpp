@@ -47,6 +47,17 @@ QString NoteLine(const RecordNote& note) {
   return Parts(note).join(QStringLiteral("　"));
 }
 
+QString NoteDefinitions() {
+  return QStringLiteral(
+      "形式：ファイルの中身から判断した、または選ばれた記録の形式。\n"
+      "データ数：読み込んだ値の個数。\n"
+      "時間間隔：値と値の間の時間。\n"
+      "単位：ファイルの値の単位。係数は、それを gal に直すために掛けた数。\n"
+      "オフセット：読み込んだ値から差し引いた一定の値（平均）。\n"
+      "範囲：記録の始めを 0 秒として、読み込んだ部分。\n"
+      "警告：読み方や記録について、確かめるべきこと。");
+}
+
 QString NoteDetails(const RecordNote& note) {
   QStringList lines{Said(u"ファイル", QDir::toNativeSeparators(note.file))};
   if (!note.member.isEmpty()) lines << Said(u"書庫の中", note.member);

@@ -34,7 +34,10 @@ struct RecordNote {
 /// In one line.
 QString NoteLine(const RecordNote& note);
 
-/// The same a line each, with file, start and the name of the source to be given.
+/// What each part of both texts is, a line each.
+QString NoteDefinitions();
+
+/// The text of NoteLine a line each, with file, start and the name of the source to be given.
 QString NoteDetails(const RecordNote& note);
 
 }  // namespace tremlo

@@ -25,6 +25,14 @@ QString FitText(const FitFigures& fit) {
          ExtremeText(QStringLiteral("目標を下回る最大"), fit.undershoot, fit.undershootPeriod);
 }
 
+QString FitDefinitions() {
+  return QStringLiteral(
+      "偏差（RMS）：目標スペクトルの周期の範囲で、1－目標／応答 の二乗平均の平方根。\n"
+      "目標を上回る最大：応答／目標－1 の最大と、その周期。\n"
+      "目標を下回る最大：1－応答／目標 の最大と、その周期。\n"
+      "応答は、波形の離散フーリエ周波数での、減衰 5 % の加速度応答スペクトル。");
+}
+
 QString RunFitText(const AdjustResult& run) {
   const QString line = FitText(run.fit);
   return run.converged ? line : QStringLiteral("収束しなかった計算：") + line;

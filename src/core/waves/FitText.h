@@ -13,6 +13,9 @@ QString PercentText(double fraction);
 /// shortfall below the target with their periods, each if there is one.
 QString FitText(const FitFigures& fit);
 
+/// What each figure of that line is, a line each.
+QString FitDefinitions();
+
 /// The line of a run; that of one that failed says so.
 QString RunFitText(const AdjustResult& run);
 

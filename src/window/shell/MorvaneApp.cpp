@@ -1,6 +1,7 @@
 #include "window/shell/MorvaneApp.h"
 
 #include "core/report/ReportWave.h"
+#include "core/shell/ManualPages.h"
 #include "core/shell/TitleText.h"
 #include "core/shell/UpdateCheck.h"
 #include "window/graphs/DarkPaletteStyle.h"
@@ -18,10 +19,13 @@
 #include <QApplication>
 #include <QDesktopServices>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QIcon>
 #include <QLibraryInfo>
 #include <QSettings>
+#include <QShortcut>
+#include <QStatusBar>
 #include <QTemporaryDir>
 #include <QUrl>
 
@@ -37,6 +41,12 @@ const QString kTopNotShown = QStringLiteral("トップ画面を表示させる�
 /// of other programs. Below a file there is no place for another.
 void MakeDialogsForget() {
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QCoreApplication::applicationFilePath());
+}
+
+constexpr qint64 kLargestManualTable = 1 << 20;  // bytes
+
+QString ManualFile(const ProgramFolders& folders, const char* name) {
+  return QDir(folders.TableFolder(QStringLiteral("SystemData"))).filePath(QLatin1String(name));
 }
 
 /// In the order in which the screens are made.
@@ -222,7 +232,10 @@ void CMorvaneApp::ConnectSettingsMenu() {
 
 void CMorvaneApp::ConnectHelpMenu() {
   MainMenu* menu = m_frame->Menu();
-  Connect(menu->manual, [this] { OpenManual(); });
+  Connect(menu->manual, [this] { OpenManual({}); });
+  auto* const helpKey = new QShortcut(QKeySequence(Qt::Key_F1), m_frame.get());
+  QObject::connect(helpKey, &QShortcut::activated, m_frame.get(),
+                   [this] { Run([this] { OpenManual(ManualPageHere()); }); });
   Connect(menu->supportPage, [this] { OpenPage(m_settings.supportPage); });
   Connect(menu->portalPage, [this] { OpenPage(m_settings.portalPage); });
   Connect(menu->updateCheck, [] { StartUpdateCheck(true); });
@@ -262,15 +275,30 @@ void CMorvaneApp::ClearMapImages() {
     m_prompt.Tell(QStringLiteral("地図画像キャッシュを削除できませんでした。"));
 }
 
-void CMorvaneApp::OpenManual() {
-  const QString folder = m_settings.folders.TableFolder(QStringLiteral("SystemData"));
-  const QString path = QDir(folder).filePath(QStringLiteral("manual.pdf"));
+std::optional<int> CMorvaneApp::ManualPageHere() const {
+  QFile table(ManualFile(m_settings.folders, "manual.pages"));
+  if (!table.open(QIODevice::ReadOnly)) return std::nullopt;
+  return ManualPageOf(table.read(kLargestManualTable), ManualPlaceOf(m_procedure->ActiveScreen()));
+}
+
+void CMorvaneApp::OpenManual(std::optional<int> page) {
+  const QString path = ManualFile(m_settings.folders, "manual.pdf");
   const QString shown = QDir::toNativeSeparators(path);
   if (!QFileInfo(path).isFile()) {
-    m_prompt.Tell(QStringLiteral("取り扱い説明書がありません。次の場所に置いてください。\n") + shown);
-  } else if (!QDesktopServices::openUrl(QUrl::fromLocalFile(path))) {
-    m_prompt.Tell(QStringLiteral("取り扱い説明書を開くプログラムがありません。\n") + shown);
+    m_prompt.Tell(QStringLiteral("取り扱い説明書がありません。次の場所に置いてください。\n") + shown +
+                  QStringLiteral("\n\nソースからは、コマンド scripts/manual で作れます。"));
+    return;
   }
+  const QUrl manual = QUrl::fromLocalFile(path);
+  QUrl place = manual;
+  if (page) place.setFragment(QStringLiteral("page=%1").arg(*page));
+  // What knows no places may still open the file.
+  if (!QDesktopServices::openUrl(place) && (!page || !QDesktopServices::openUrl(manual))) {
+    m_prompt.Tell(QStringLiteral("取り扱い説明書を開くプログラムがありません。\n") + shown);
+    return;
+  }
+  // Many viewers open a file at its first page all the same.
+  if (page) m_frame->statusBar()->showMessage(QStringLiteral("取り扱い説明書の %1 ページ").arg(*page));
 }
 
 void CMorvaneApp::OpenPage(const QString& address) {

@@ -59,7 +59,9 @@ class CMorvaneApp : private ProjectShell {
   void ToggleOnline();
   void EditApiParameters();
   void ClearMapImages();
-  void OpenManual();
+  /// Where the screen on display is described, by the table beside the manual.
+  std::optional<int> ManualPageHere() const;
+  void OpenManual(std::optional<int> page);
   void OpenPage(const QString& address);
   void RebuildTitle();
   void UpdateMenu();

@@ -3,6 +3,7 @@
 #include "core/project/AdjustBaseRow.h"
 #include "core/project/SpectrumCurves.h"
 #include "core/waves/AdoptedWave.h"
+#include "core/waves/FitText.h"
 #include "window/graphs/CommandGate.h"
 #include "window/graphs/DrawFreqAccSpec.h"
 #include "window/graphs/GridSize.h"
@@ -54,6 +55,7 @@ CFrmAdjustSeismicWave::CFrmAdjustSeismicWave(CMorvaneDoc& doc, Prompt& prompt, F
       m_fitLabel(new NoteLabel("fitLabel", QStringLiteral("適合度"), this)),
       m_figuresLabel(new FiguresLabel(this)) {
   setAccessibleName(QStringLiteral("原種波形の振幅調整"));
+  m_fitLabel->SetDefinitions(FitDefinitions());
   MakeButtons(prompt);
   MakeGrids(rules, prompt, std::move(run));
   MakeGraphPanel({gate, files, prompt});

@@ -23,6 +23,7 @@ CFrmRespVisualization::CFrmRespVisualization(CMorvaneDoc& doc, Prompt& prompt, F
   row->addWidget(LabelFor(m_nameCombo, QStringLiteral("波形データ名")));
   row->addWidget(m_nameCombo, 1);
   BuildBody(row, {m_nameCombo});
+  m_fitLabel->SetDefinitions(FitDefinitions());
   layout()->addWidget(m_fitLabel);
   Refresh();
 }

@@ -1,5 +1,7 @@
 #include "window/waves/NoteLabel.h"
 
+#include <QStringList>
+
 namespace tremlo {
 
 NoteLabel::NoteLabel(const char* objectName, const QString& spokenName, QWidget* parent)
@@ -43,7 +45,10 @@ void NoteLabel::FitHeight() {
     }
     setText(shortened(fits));
   }
-  if (m_mostLines > 0) setToolTip(cut ? m_told : QString());
+  QStringList tips;
+  if (cut) tips << m_told;
+  if (!m_definitions.isEmpty()) tips << m_definitions;
+  setToolTip(tips.join(QStringLiteral("\n\n")));
   setFixedHeight(heightForWidth(width()));
 }
 

@@ -15,6 +15,8 @@ class NoteLabel : public QLabel {
   void Tell(const QString& text);
   /// Text behind so many lines is left out on the screen; it is told by the tool tip, and read out.
   void SetMostLines(int lines) { m_mostLines = lines; }
+  /// What the tool tip tells of the parts of the text, whatever they are.
+  void SetDefinitions(const QString& definitions) { m_definitions = definitions; }
 
   /// No: around a layout with such a label a scroll area enforces the preferred height in place of the least
   /// one, and the graph above would not give way. The label sees to its height itself.
@@ -30,6 +32,7 @@ class NoteLabel : public QLabel {
 
   QString m_spokenName;
   QString m_told;
+  QString m_definitions;
   int m_mostLines = 0;  ///< 0: as many as there are
 };
 

@@ -19,6 +19,7 @@ RecordLine::RecordLine(Prompt& prompt, CommandGate& gate,
     : QWidget(parent), m_label(new NoteLabel("recordNote", QStringLiteral("読み込んだ記録"), this)) {
   Named(this, "recordLine", QStringLiteral("読み込んだ記録"));
   m_label->SetMostLines(kMostLines);
+  m_label->SetDefinitions(NoteDefinitions());
   m_detailsButton = NamedButton<QPushButton>("recordDetailsButton", QStringLiteral("詳細"), this);
   m_detailsButton->setAccessibleName(QStringLiteral("読み込んだ記録の詳細"));
   connect(m_detailsButton, &QAbstractButton::clicked, this, [this, &prompt, &gate] {

@@ -49,5 +49,15 @@ TEST(FitText, ARunThatFailedIsMarked) {
   EXPECT_EQ(RunFitText(run), QStringLiteral("偏差（RMS） 8.00 %"));
 }
 
+TEST(FitText, EveryFigureOfTheLineIsDefined) {
+  FitFigures fit;
+  fit.deviation = 0.04;
+  fit.overshoot = fit.undershoot = 0.1;
+  fit.overshootPeriod = fit.undershootPeriod = 0.5;
+  const QString definitions = FitDefinitions();
+  for (const QString& part : FitText(fit).split(u'　'))
+    EXPECT_TRUE(definitions.contains(part.section(u' ', 0, 0) + u'：')) << part.toStdString();
+}
+
 }  // namespace
 }  // namespace tremlo

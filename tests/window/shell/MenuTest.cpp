@@ -14,6 +14,7 @@
 #include <QDir>
 #include <QEventLoop>
 #include <QLabel>
+#include <QStatusBar>
 #include <QTest>
 #include <QTimer>
 
@@ -51,6 +52,11 @@ class MenuTest : public test::ShellTest {
     for (const QAction* entry : Menu()->actions().at(menu)->menu()->actions())
       if (!entry->isSeparator()) texts << entry->text();
     return texts;
+  }
+  void PressHelp() {
+    app->Frame()->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(app->Frame()));
+    QTest::keyClick(app->Frame(), Qt::Key_F1);
   }
 };
 
@@ -205,8 +211,12 @@ TEST_F(MenuTest, ManualIsOpenedOrItsPlaceIsTold) {
   Desktop desktop;
   StartNew(TopChoice::ResponseRoute);
   const QString path = folder.Path(QStringLiteral("SystemData/manual.pdf"));
-  prompt.ExpectMessage(QStringLiteral("取り扱い説明書がありません。次の場所に置いてください。\n") + path);
+  const QString missing = QStringLiteral("取り扱い説明書がありません。次の場所に置いてください。\n") + path +
+                          QStringLiteral("\n\nソースからは、コマンド scripts/manual で作れます。");
+  prompt.ExpectMessage(missing);
   Menu()->manual->trigger();
+  prompt.ExpectMessage(missing);
+  PressHelp();
   EXPECT_THAT(desktop.opened, IsEmpty());
   folder.Write(QStringLiteral("SystemData/manual.pdf"), "%PDF");
   Menu()->manual->trigger();
@@ -220,6 +230,34 @@ TEST_F(MenuTest, ManualOfTheSystemIsOpened) {
   const QString path = folder.Write(QStringLiteral("SystemData/manual.pdf"), "%PDF");
   Menu()->manual->trigger();
   EXPECT_THAT(desktop.opened, ElementsAre(QUrl::fromLocalFile(path)));
+}
+
+TEST_F(MenuTest, TheHelpKeyOpensTheManualWhereTheScreenIsDescribed) {
+  Desktop desktop;
+  StartNew(TopChoice::GuidelineRoute);
+  const QString path = folder.Write(QStringLiteral("SystemData/manual.pdf"), "%PDF");
+  folder.Write(QStringLiteral("SystemData/manual.pages"), "guideline\t9\nguideline/作業手順の確認\t12\n");
+  PressHelp();
+  Press(FlowStep::FlowCheck);
+  PressHelp();
+  QUrl chapter = QUrl::fromLocalFile(path);
+  chapter.setFragment(QStringLiteral("page=9"));
+  QUrl section = QUrl::fromLocalFile(path);
+  section.setFragment(QStringLiteral("page=12"));
+  EXPECT_THAT(desktop.opened, ElementsAre(chapter, section));
+  EXPECT_EQ(app->Frame()->statusBar()->currentMessage(), QStringLiteral("取り扱い説明書の 12 ページ"));
+}
+
+TEST_F(MenuTest, WithoutItsPagesTheManualIsOpenedAtItsBeginning) {
+  Desktop desktop;
+  StartNew(TopChoice::ResponseRoute);
+  const QString path = folder.Write(QStringLiteral("SystemData/manual.pdf"), "%PDF");
+  PressHelp();
+  folder.Write(QStringLiteral("SystemData/manual.pages"), "first-wave\tfive\n");
+  PressHelp();
+  const QUrl plain = QUrl::fromLocalFile(path);
+  EXPECT_THAT(desktop.opened, ElementsAre(plain, plain));
+  EXPECT_EQ(app->Frame()->statusBar()->currentMessage(), QString());
 }
 
 TEST_F(MenuTest, PagesAreOpenedInTheBrowser) {

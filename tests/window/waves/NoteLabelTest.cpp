@@ -30,5 +30,16 @@ TEST(NoteLabel, IsReadOutWithItsTextAsItIsAndGoesWithIt) {
   EXPECT_FALSE(label.isVisible());
 }
 
+TEST(NoteLabel, DefinesWhatItTellsBehindATextThatIsCut) {
+  NoteLabel label("note", QStringLiteral("適合度"), nullptr);
+  label.SetMostLines(1);
+  label.SetDefinitions(QStringLiteral("偏差（RMS）：二乗平均の平方根。"));
+  label.resize(900, 30);
+  label.Tell(QStringLiteral("偏差（RMS） 4.98 %"));
+  EXPECT_EQ(label.toolTip(), QStringLiteral("偏差（RMS）：二乗平均の平方根。"));
+  label.resize(60, label.height());
+  EXPECT_EQ(label.toolTip(), QStringLiteral("偏差（RMS） 4.98 %\n\n偏差（RMS）：二乗平均の平方根。"));
+}
+
 }  // namespace
 }  // namespace tremlo

@@ -669,7 +669,7 @@ TEST_F(RecordImportScreen, ALongLineWidensNothingAndTheWholeOfItIsToldElsewhere)
   EXPECT_EQ(screen.minimumSizeHint().width(), width);
   EXPECT_TRUE(label.text().endsWith(u'…'));
   EXPECT_LE(label.height(), 4 * label.fontMetrics().lineSpacing());
-  EXPECT_EQ(label.toolTip(), NoteLine(*Wave().note));
+  EXPECT_EQ(label.toolTip(), NoteLine(*Wave().note) + "\n\n" + NoteDefinitions());
   EXPECT_TRUE(label.accessibleName().endsWith(NoteLine(*Wave().note)));
   prompt.ExpectMessage(NoteDetails(*Wave().note), PromptIcon::Information);
   driver.Press("recordDetailsButton");
