@@ -30,7 +30,7 @@ def wait_until(state, what, patience=PATIENCE):
             return value
         if time.monotonic() > end:
             raise NotReached(f"not reached: {what}")
-        time.sleep(0.02)
+        time.sleep(0.05)
 
 
 class Desktop:

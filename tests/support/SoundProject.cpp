@@ -73,10 +73,8 @@ void ComputeSpectra(CMorvaneDoc& doc) {
   batch.Store(doc.seedWaves);
 }
 
-}  // namespace
-
-CMorvaneDoc SoundProject(const QString& tables) {
-  CMorvaneDoc doc(tables.isEmpty() ? SourcePath(QStringLiteral("data")) : tables);
+CMorvaneDoc MakeSoundProject(const QString& tables) {
+  CMorvaneDoc doc(tables);
   doc.ResetDocument();
   doc.guidelineRoute = true;
   doc.flowQ2Yes = doc.flowFixed = doc.flowFaultSource = doc.flowNeighbourWave = true;
@@ -95,7 +93,7 @@ CMorvaneDoc SoundProject(const QString& tables) {
   return doc;
 }
 
-CMorvaneDoc SoundResponseProject() {
+CMorvaneDoc MakeSoundResponseProject() {
   CMorvaneDoc doc(SourcePath(QStringLiteral("data")));
   doc.ResetDocument();
   AddWave(doc, QStringLiteral("A"), QStringLiteral("samples/waves/hses_2016_n80w_0005_8192.csv"));
@@ -107,6 +105,19 @@ CMorvaneDoc SoundResponseProject() {
   ReadSpectrumFile(SourcePath(QStringLiteral("data/LowSpec/h20_h.csv")), name, periods, values);
   doc.respSpectra.AddSpectrum(name, periods, values);
   StoreRespAdjustment(doc, RunAdjustment(RespAdjustInput(doc)));
+  return doc;
+}
+
+}  // namespace
+
+CMorvaneDoc SoundProject(const QString& tables) {
+  if (!tables.isEmpty()) return MakeSoundProject(tables);
+  static const CMorvaneDoc doc = MakeSoundProject(SourcePath(QStringLiteral("data")));
+  return doc;
+}
+
+CMorvaneDoc SoundResponseProject() {
+  static const CMorvaneDoc doc = MakeSoundResponseProject();
   return doc;
 }
 

@@ -87,6 +87,8 @@ class Spread7Test : public testing::Test {
   }
   void Key(Qt::Key key, Qt::KeyboardModifiers keys = Qt::NoModifier) {
     QTest::keyClick(QApplication::focusWidget(), key, keys);
+    // Qt remembers the keys held down until it hears of them again: the hand lets go of them.
+    if (keys != Qt::NoModifier) QTest::keyRelease(&grid, Qt::Key_Shift);
     Settle();
   }
   void Type(const char* text) {
