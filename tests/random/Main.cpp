@@ -106,6 +106,8 @@ int main(int argc, char* argv[]) {
   std::printf("seed %llu, actions in %s\n", static_cast<unsigned long long>(limits.seed),
               diary.Path().toLocal8Bit().constData());
   std::fflush(stdout);
+  // An export whose dialog is cancelled writes two files into the current folder.
+  QDir::setCurrent(QDir::homePath());
   std::string failure;
   {
     RandomUser user(limits, diary);

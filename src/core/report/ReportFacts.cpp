@@ -51,7 +51,7 @@ bool Holds(const QByteArray& file, const CMorvaneDoc& doc, const std::string& by
   const std::string_view content(file.constData(), static_cast<std::size_t>(file.size()));
   if (content == bytes) return true;
   // Not every file is as this program would write it: there may be more behind its last field.
-  CMorvaneDoc read(doc.ProgramFolder());
+  CMorvaneDoc read(doc.Folders());
   return LoadProject(read, content).whole && ProjectBytes(read) == bytes;
 }
 
