@@ -95,11 +95,18 @@ void RandomUser::RunProgramOnce() {
   QStringList arguments{QStringLiteral("tremlo")};
   if (m_random.Percent(35)) arguments << m_samples.Project(m_random);
   m_diary.Begin("start", arguments.join(u' '));
-  QTimer::singleShot(0, this, [this] { Beat(); });
+  AwaitBeat(0);
   if (!m_app->Start(arguments) && !IsOver()) QCoreApplication::exec();
   m_prompt.Watch(nullptr);
   m_files.SetDocument(nullptr);
   m_road.SetProgram(nullptr);
+}
+
+void RandomUser::AwaitBeat(int delayMs) {
+  // By a timer, so that timers have their turn, and behind it by a posted event: on a busy machine several
+  // beats of timers alone come before what an action has posted.
+  const auto post = [this] { QMetaObject::invokeMethod(this, &RandomUser::Beat, Qt::QueuedConnection); };
+  QTimer::singleShot(delayMs, this, post);
 }
 
 void RandomUser::Beat() {
@@ -113,7 +120,7 @@ void RandomUser::Beat() {
   }
   if (m_ended) return;
   if (!IsSettled()) {
-    QTimer::singleShot(QApplication::activeModalWidget() ? 2 : 0, this, [this] { Beat(); });
+    AwaitBeat(QApplication::activeModalWidget() ? 2 : 0);
     return;
   }
   if (!m_checked) Check();
@@ -122,7 +129,7 @@ void RandomUser::Beat() {
   m_patient = m_random.Percent(85);
   m_sinceAction.restart();
   // Armed before the action: what it opens has a loop of its own.
-  QTimer::singleShot(0, this, [this] { Beat(); });
+  AwaitBeat(0);
   if (m_failure.empty()) Act();
 }
 

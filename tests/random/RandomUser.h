@@ -45,6 +45,7 @@ class RandomUser : public QObject {
  private:
   void RunProgramOnce();
   void MakeProgram();
+  void AwaitBeat(int delayMs);
   void Beat();
   bool IsSettled();
   void Act();
