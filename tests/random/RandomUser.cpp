@@ -29,6 +29,13 @@ constexpr int kRoadPercent = 40;
 constexpr int kRoundTripPercent = 3;
 constexpr std::array kSchemes{"http", "https", "file"};
 
+/// The dialog of the run that goes on, be it behind a box that the run has put up.
+QWidget* VisibleRun() {
+  for (QWidget* const window : QApplication::topLevelWidgets())
+    if (qobject_cast<RunDialog*>(window) && window->isVisible()) return window;
+  return nullptr;
+}
+
 }  // namespace
 
 RandomUser::RandomUser(const RandomUserLimits& limits, Diary& diary)
@@ -165,6 +172,8 @@ void RandomUser::Act() {
   if (!qobject_cast<QMessageBox*>(window)) m_prompt.EndRow();
   if (QApplication::activeModalWidget() && Frame() && m_random.Percent(8)) {
     m_behind.emplace(m_app->Document());
+    m_run = VisibleRun();
+    m_duringRun = m_run;
     m_hands.ActBehind();
     return;
   }
@@ -201,7 +210,11 @@ void RandomUser::Check() {
   if (!m_app) return;
   CheckDialogs();
   CheckRefused();
-  if (m_behind) CheckBehind(*std::exchange(m_behind, std::nullopt));
+  if (m_behind) {
+    const std::optional<DocumentMoment> before = std::exchange(m_behind, std::nullopt);
+    // A run that has ended meanwhile has stored what it came to.
+    if (!m_duringRun || (m_run && m_run->isVisible())) CheckBehind(*before);
+  }
   // Between two commands only: in the middle of one the project is on its way.
   const bool between = Frame() && !QApplication::activeModalWidget() && !QApplication::activePopupWidget();
   if (between && thread()->loopLevel() > 1)

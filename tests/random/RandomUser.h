@@ -84,6 +84,8 @@ class RandomUser : public QObject {
   std::optional<DocumentMoment> m_before;  ///< between the last two commands
   std::set<std::string> m_broughtByFile;   ///< invariants that the open project breaks by itself
   std::optional<DocumentMoment> m_behind;  ///< before what came from behind a dialog
+  QPointer<QWidget> m_run;                 ///< the dialog of the run that went on at that moment
+  bool m_duringRun = false;                ///< whether one did
   QPointer<QWidget> m_dialog;              ///< the one in front, and for how long
   int m_dialogActions = 0;
   int m_dialogLeavings = 0;
