@@ -163,8 +163,8 @@ VerifyItem SpectraRule(const CMorvaneDoc& doc) {
 /// Looks at the length of every list of a fault.
 class PlaneLists {
  public:
-  PlaneLists(std::size_t fault, const QString& place, std::size_t planes, Rule& rule)
-      : m_fault(fault), m_place(place), m_planes(planes), m_rule(rule) {}
+  PlaneLists(std::size_t fault, QString place, std::size_t planes, Rule& rule)
+      : m_fault(fault), m_place(std::move(place)), m_planes(planes), m_rule(rule) {}
 
   template <class T>
   void operator()(const char*, const T&) {}

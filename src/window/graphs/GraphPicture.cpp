@@ -26,7 +26,7 @@ constexpr int kUnitsPerPixel = 8;
 
 /// The part of a view that its picture shows.
 QRectF WithoutRim(const QSize& view) {
-  return QRectF(2.0, 4.0, view.width() - 4, view.height() - 8);
+  return {2.0, 4.0, view.width() - 4.0, view.height() - 8.0};
 }
 
 void DrawOn(QPaintDevice& device, CDrawGraph& graph, const QSize& view) {
