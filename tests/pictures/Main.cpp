@@ -2,8 +2,8 @@
 //
 //   tremlo_pictures PICTURES RECORDS SERVICE PROJECT
 //
-// PICTURES gets the PNG files; RECORDS holds the made-up records, SERVICE the answers of the made-up hazard
-// service; the project of the guideline route is saved as PROJECT.
+// PICTURES gets the PNG files; RECORDS, a relative path, holds the made-up records, SERVICE the answers of
+// the made-up hazard service; the project of the guideline route is saved as PROJECT.
 
 #include "pictures/GuidelineRoute.h"
 #include "pictures/LoneDialogs.h"
@@ -11,9 +11,25 @@
 #include "support/TestHome.h"
 
 #include <QApplication>
+#include <QTemporaryDir>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+
+namespace {
+
+/// Copies a folder of records to the same relative place below another one.
+bool CopyRecords(const QDir& from, const QString& folder, const QString& to) {
+  const QDir source(from.absoluteFilePath(folder)), target(QDir(to).filePath(folder));
+  if (QDir::isAbsolutePath(folder) || !target.mkpath(QStringLiteral("."))) return false;
+  const QStringList files = source.entryList(QDir::Files);
+  return std::all_of(files.begin(), files.end(), [&](const QString& file) {
+    return QFile::copy(source.filePath(file), target.filePath(file));
+  });
+}
+
+}  // namespace
 
 int main(int argc, char* argv[]) {
   using namespace tremlo;
@@ -27,14 +43,22 @@ int main(int argc, char* argv[]) {
     std::fprintf(stderr, "Usage: tremlo_pictures PICTURES RECORDS SERVICE PROJECT\n");
     return 1;
   }
-  const pictures::Places places{words[1], words[2], words[4]};
+  const QDir start = QDir::current();
+  const pictures::Places places{start.absoluteFilePath(words[1]), words[2], start.absoluteFilePath(words[4])};
   if (!QDir().mkpath(places.pictures)) return 2;
-  const test::LocalService service(words[3]);
+  const test::LocalService service(start.absoluteFilePath(words[3]));
+  // Pictures show paths. In a folder of its own all of them are relative, the same wherever it is.
+  const QTemporaryDir stage;
+  if (!CopyRecords(start, words[2], stage.path()) || !QDir::setCurrent(stage.path())) {
+    std::fprintf(stderr, "The records cannot be copied\n");
+    return 2;
+  }
   if (!service.IsReady()) {
     std::fprintf(stderr, "The local service does not start\n");
     return 2;
   }
   pictures::TakeResponseRoute(places, service);
   pictures::TakeGuidelineRoute(places, service);
+  QDir::setCurrent(start.path());
   return 0;
 }

@@ -22,6 +22,7 @@ namespace {
 constexpr int kLongestWaitMs = 120000;
 constexpr int kMargin = 12;  // pixels
 constexpr char kAnswered[] = "answered";
+constexpr char kProgramFolder[] = "tremlo";  // in the current folder: pictures show its path
 
 void CopyTables(const QString& to) {
   for (const char* name : {"DamCoef", "LowSpec", "SystemData"}) {
@@ -67,14 +68,19 @@ PromptAnswer Photographer::Answers::Show(const PromptBox& box) {
   return box.buttons == PromptButtons::YesNoCancel ? PromptAnswer::No : PromptAnswer::Yes;
 }
 
+QString Photographer::ProgramFolder() {
+  return QLatin1String(kProgramFolder);
+}
+
 Photographer::Photographer(const QString& folder, const test::LocalService& service, TopChoice route)
     : m_folder(folder) {
-  CopyTables(m_programFolder.path());
+  QDir(ProgramFolder()).removeRecursively();
+  CopyTables(ProgramFolder());
   ProgramSettings settings;
   settings.services = service.Settings();
   settings.services.probePauseMs = 0;
   settings.splashMs = 0;
-  settings.folders = ProgramFolders(m_programFolder.path());
+  settings.folders = ProgramFolders(ProgramFolder());
   ProgramDoors doors;
   doors.prompt = &m_answers;
   doors.files = &m_files;

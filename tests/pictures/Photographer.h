@@ -5,7 +5,6 @@
 
 #include <QAbstractButton>
 #include <QDir>
-#include <QTemporaryDir>
 
 #include <functional>
 #include <memory>
@@ -22,7 +21,7 @@ class Photographer {
 
   CMainFrame& Frame() { return *m_app->Frame(); }
   CMorvaneDoc& Doc() { return m_app->Document(); }
-  QString ProgramFolder() const { return m_programFolder.path(); }
+  static QString ProgramFolder();
 
   /// A control of the screen on display by its object name.
   template <class Control>
@@ -85,7 +84,6 @@ class Photographer {
   void Keep(const char* picture, const QPixmap& pixmap);
 
   QDir m_folder;
-  QTemporaryDir m_programFolder;
   MessageBoxPrompt m_boxes;
   Answers m_answers{*this};
   Files m_files{nextFile};
