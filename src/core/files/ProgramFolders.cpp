@@ -22,10 +22,10 @@ QString DataHome(const FolderPlaces& places) {
 }  // namespace
 
 QString ProgramFolders::TableFolder(const QString& name) const {
-  const QString own = QDir(m_own).filePath(name);
+  QString own = QDir(m_own).filePath(name);
   if (QFileInfo(own).isDir()) return own;
   for (const QString& place : m_shared)
-    if (const QString path = QDir(place).filePath(name); QFileInfo(path).isDir()) return path;
+    if (QString path = QDir(place).filePath(name); QFileInfo(path).isDir()) return path;
   return own;
 }
 
