@@ -241,7 +241,7 @@ QComboBox* CDlgImportRecord::MakeCombo(const char* name, const QStringList& text
 }
 
 CExpEdit* CDlgImportRecord::MakeNumber(const char* name, const QString& refusal, bool mayBeEmpty,
-                                       std::function<bool(std::optional<double>)> take) {
+                                       const std::function<bool(std::optional<double>)>& take) {
   auto* const edit = new CExpEdit(this);
   edit->setObjectName(QLatin1String(name));
   edit->setAlignment(Qt::AlignRight);

@@ -47,7 +47,7 @@ class CDlgImportRecord : public QDialog {
   QComboBox* MakeCombo(const char* name, const QStringList& texts, std::function<void(int)> chosen);
   /// A field for a number, which may be left empty where `mayBeEmpty`. `take` has the number, or nothing.
   CExpEdit* MakeNumber(const char* name, const QString& refusal, bool mayBeEmpty,
-                       std::function<bool(std::optional<double>)> take);
+                       const std::function<bool(std::optional<double>)>& take);
 
   void Answer(const std::function<void(RecordAnswers&)>& change);
   /// A field for the number of a line, which may be left empty.

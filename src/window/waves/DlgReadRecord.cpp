@@ -45,7 +45,7 @@ void CDlgReadRecord::reject() {
 }
 
 void CDlgReadRecord::keyPressEvent(QKeyEvent* event) {
-  QDialog::keyPressEvent(event);
+  QDialog::keyPressEvent(event);  // NOLINT(bugprone-parent-virtual-call): unlike other runs, Esc ends it
 }
 
 void CDlgReadRecord::closeEvent(QCloseEvent* event) {

@@ -4,8 +4,8 @@
 
 namespace tremlo {
 
-NoteLabel::NoteLabel(const char* objectName, const QString& spokenName, QWidget* parent)
-    : QLabel(parent), m_spokenName(spokenName) {
+NoteLabel::NoteLabel(const char* objectName, QString spokenName, QWidget* parent)
+    : QLabel(parent), m_spokenName(std::move(spokenName)) {
   setObjectName(QLatin1String(objectName));
   setTextFormat(Qt::PlainText);
   setWordWrap(true);

@@ -10,7 +10,7 @@ class NoteLabel : public QLabel {
   Q_OBJECT
  public:
   /// A screen reader says `spokenName` before the text.
-  NoteLabel(const char* objectName, const QString& spokenName, QWidget* parent);
+  NoteLabel(const char* objectName, QString spokenName, QWidget* parent);
 
   void Tell(const QString& text);
   /// Text behind so many lines is left out on the screen; it is told by the tool tip, and read out.
