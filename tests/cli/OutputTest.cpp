@@ -1,8 +1,6 @@
 #include "support/CliRun.h"
 #include "support/TestFolder.h"
 
-#include <QFileInfo>
-
 #include <gtest/gtest.h>
 
 #ifndef _WIN32
@@ -66,10 +64,11 @@ class OutputTest : public testing::Test {
   QList<QStringList> lines;
 };
 
+#ifdef __linux__  // whose /dev/full is always full
 TEST_F(OutputTest, AFullDiskIsStatusTwo) {
-  if (!QFileInfo::exists(QStringLiteral("/dev/full"))) GTEST_SKIP() << "no /dev/full on this system";
   ExpectFailures([] { dup2(open("/dev/full", O_WRONLY), STDOUT_FILENO); });
 }
+#endif
 
 TEST_F(OutputTest, AFileThatMayNotGrowIsStatusTwo) {
   const QByteArray path = folder.Path(QStringLiteral("out.txt")).toUtf8();

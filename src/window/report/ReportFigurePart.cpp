@@ -6,6 +6,8 @@
 
 #include <QPainter>
 
+#include <utility>
+
 namespace tremlo {
 
 namespace {
@@ -30,12 +32,12 @@ void DrawLines(QPainter& painter, const QString& text, int letters, int top, int
 
 }  // namespace
 
-ReportFigurePart::ReportFigurePart(const CMorvaneDoc& doc, ReportPicture picture, int height,
-                                   const QString& caption, QPaintDevice& device, double width)
+ReportFigurePart::ReportFigurePart(const CMorvaneDoc& doc, ReportPicture picture, int height, QString caption,
+                                   QPaintDevice& device, double width)
     : m_doc(doc),
       m_picture(picture),
       m_height(height),
-      m_caption(caption),
+      m_caption(std::move(caption)),
       m_unit(UnitsPerPixel(device)),
       m_left((width - kFigureWidth * m_unit) / 2.0) {
   m_pieces.push_back({.height = (m_height + LinesBelow(picture) * kLineHeight) * m_unit,

@@ -13,7 +13,7 @@ class CMorvaneDoc;
 class ReportFigurePart : public ReportPart {
  public:
   /// `height` is what FigureHeight gives; the document outlives the part.
-  ReportFigurePart(const CMorvaneDoc& doc, ReportPicture picture, int height, const QString& caption,
+  ReportFigurePart(const CMorvaneDoc& doc, ReportPicture picture, int height, QString caption,
                    QPaintDevice& device, double width);
 
   void Draw(QPainter& painter, std::size_t first, std::span<const PiecePlace> places) const override;

@@ -145,7 +145,7 @@ void CFrmMakeSeismicWave1::MakeMap() {
 }
 
 CFrmMakeSeismicWave1::Grid CFrmMakeSeismicWave1::MakeGrid(const char* name, std::int32_t acquireMode) {
-  const Grid grid{new CSpread7(m_grids), std::make_shared<FaultRows>(m_doc, acquireMode)};
+  Grid grid{new CSpread7(m_grids), std::make_shared<FaultRows>(m_doc, acquireMode)};
   Named(grid.view, name, QStringLiteral("取得した断層"));
   grid.view->SetData(grid.rows);
   grid.view->SetMenu(CSpread7::Menu::ReadOnly);

@@ -28,6 +28,7 @@ bool SameBits(const std::vector<double>& a, const std::vector<double>& b) {
 class EveryVariant : public testing::TestWithParam<SweepVariant> {
  protected:
   void SetUp() override {
+    // A test cannot give the processor what it lacks; the closing line of the run counts the skip.
     if (!IsSweepVariantAvailable(GetParam())) GTEST_SKIP() << "this processor or build has not these vectors";
   }
   void ExpectPlainBits(const std::vector<double>& acc, double timeStep = kTimeStep) const {
@@ -108,10 +109,10 @@ TEST(OscillatorSweep, FlushingSubnormalsChangesNoBitOfAnOrdinaryWave) {
 }
 
 TEST(OscillatorSweep, TheBestVariantIsTheWidestAvailable) {
-  const std::vector<SweepVariant> widestFirst = {SweepVariant::Avx512, SweepVariant::Avx2,
-                                                 SweepVariant::Sse2};
+  const std::vector<SweepVariant> widestFirst = {SweepVariant::Avx512, SweepVariant::Avx2, SweepVariant::Sse2,
+                                                 SweepVariant::Plain};
   const auto widest = std::find_if(widestFirst.begin(), widestFirst.end(), IsSweepVariantAvailable);
-  if (widest == widestFirst.end()) GTEST_SKIP() << "this processor or build has no vectors";
+  ASSERT_NE(widest, widestFirst.end());
   EXPECT_EQ(BestSweepVariant(), *widest);
 }
 
