@@ -42,6 +42,13 @@ def in_active_window(node):
     return False
 
 
+def shown_children(node):
+    for i in range(node.get_child_count()):
+        child = node.get_child_at_index(i)
+        if child and is_shown(child):
+            yield child
+
+
 class Program:
     """One run of the tests' program on a desktop."""
 
@@ -77,31 +84,46 @@ class Program:
     def walk(self, node):
         """Every shown control below a node; a table's cells are left out, they may be many."""
         yield node
-        if node.get_role() in (ROLE.TABLE, ROLE.TREE, ROLE.LIST):
-            return
-        for i in range(node.get_child_count()):
-            child = node.get_child_at_index(i)
-            if child and is_shown(child):
+        if node.get_role() not in (ROLE.TABLE, ROLE.TREE, ROLE.LIST):
+            for child in shown_children(node):
                 yield from self.walk(child)
 
-    def nodes(self):
+    def top_windows(self):
+        """The windows that are shown, dialogs and boxes among them; a dock is part of its window."""
         try:
             application = self.application()
-            if application is None:
-                return []
-            application.clear_cache()
-            return list(self.walk(application))
+            if application is not None:
+                application.clear_cache()
+                yield from shown_children(application)
         except gi.repository.GLib.Error:
-            return []  # what was being looked at went away; the next look finds what is there
+            return  # what was being looked at went away; the next look finds what is there
+
+    def nodes(self, windows=None):
+        """The shown controls of all windows, or of those given, one by one: the bus answers slowly, and whoever has found
+        what he looks for need not ask for the rest."""
+        try:
+            for window in self.top_windows() if windows is None else windows:
+                yield from self.walk(window)
+        except gi.repository.GLib.Error:
+            return
+
+    def active_nodes(self):
+        """The shown controls of the active window; of all windows while only a dock is, which has a window's state of its
+        own."""
+        try:
+            windows = list(self.top_windows())
+            return self.nodes([window for window in windows if states(window).contains(STATE.ACTIVE)] or windows)
+        except gi.repository.GLib.Error:
+            return iter(())
 
     def look(self, name, role=None):
         """The shown control of that accessible name, or None."""
-        for node in self.nodes():
-            try:
+        try:
+            for node in self.top_windows() if role in (ROLE.DIALOG, ROLE.ALERT) else self.nodes():
                 if node.get_name() == name and role in (None, node.get_role()):
                     return node
-            except gi.repository.GLib.Error:
-                return None
+        except gi.repository.GLib.Error:
+            pass
         return None
 
     def find(self, name, role=None):
@@ -139,7 +161,7 @@ class Program:
         seen = []
 
         def ready():
-            for node in self.nodes():
+            for node in self.active_nodes():
                 if node.get_name() == name and node.get_role() in roles and states(node).contains(STATE.ENABLED):
                     if in_active_window(node):
                         seen.append(self.point(node))
@@ -216,7 +238,7 @@ class Program:
         """Role and name of the control that has the focus, and where it is; None also while that changes. The box around
         the buttons of a dialog tells the focus of its default button as its own."""
         try:
-            for node in self.nodes():
+            for node in self.active_nodes():
                 if states(node).contains(STATE.FOCUSED) and (node.get_role() != ROLE.PANEL or node.get_name()):
                     return node.get_role_name(), node.get_name(), self.point(node)
         except gi.repository.GLib.Error:
@@ -286,7 +308,7 @@ class Program:
 
     def dialogs(self):
         """Names of the dialogs and boxes that are up."""
-        return [node.get_name() for node in self.nodes() if node.get_role() in (ROLE.DIALOG, ROLE.ALERT)]
+        return [node.get_name() for node in self.top_windows() if node.get_role() in (ROLE.DIALOG, ROLE.ALERT)]
 
     def has_window(self, title):
         """By the X server's account, which is asked faster than the bus."""
@@ -347,12 +369,9 @@ class Program:
 
     def has_box(self, text=None):
         """A message box is up: that of a text, or any."""
-        inside = False
-        for node in self.nodes():
-            inside = inside or node.get_role() == ROLE.ALERT
-            if inside and (text is None or node.get_role() == ROLE.LABEL and node.get_name() == text):
-                return True
-        return False
+        boxes = [window for window in self.top_windows() if window.get_role() == ROLE.ALERT]
+        return bool(boxes) and (text is None or any(
+            node.get_role() == ROLE.LABEL and node.get_name() == text for node in self.nodes(boxes)))
 
     def box(self, text):
         """Waits for the message box of that text."""
