@@ -114,9 +114,21 @@ SummaryRow BatchLine::RunToItsEnd(const std::atomic<bool>& stop) const {
   return row;
 }
 
+QStringList BatchLine::LeftFiles() const {
+  QStringList names;
+  for (const QString& path : OutputPaths())
+    if (const QFileInfo file(path); file.isFile()) names << file.fileName();
+  return names;
+}
+
 std::optional<SummaryRow> BatchLine::Run(const std::atomic<bool>& stop) const {
   try {
-    return RunToItsEnd(stop);
+    SummaryRow row = RunToItsEnd(stop);
+    // They stay, as after any run that fails, but nobody is to take them for what this run came to.
+    if (const QStringList left = LeftFiles(); row.status != JobStatus::Converged && !left.isEmpty())
+      row.note += (row.note.isEmpty() ? QString() : QStringLiteral(" ")) +
+                  QStringLiteral("前の計算の結果が残っています：") + left.join(u';');
+    return row;
   } catch (const Stopped&) {
     return std::nullopt;
   } catch (const std::exception& failure) {  // memory, for an input of any size

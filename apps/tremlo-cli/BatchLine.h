@@ -29,6 +29,8 @@ class BatchLine {
 
  private:
   SummaryRow RunToItsEnd(const std::atomic<bool>& stop) const;
+  /// The names of files that an earlier run has left where a run that converges writes.
+  QStringList LeftFiles() const;
   SummaryRow Row() const;
   QStringList Words() const;
   InputDigest Digest() const;

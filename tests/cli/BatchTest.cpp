@@ -179,6 +179,19 @@ TEST(CliBatch, ARunThatDoesNotConvergeWritesItsRowAlone) {
   EXPECT_EQ(rows.at(1).mid(kStatus, 4), (QStringList{"3", "false", "0", ""}));
 }
 
+TEST(CliBatch, FilesOfAnEarlierRunThatNoLongerBelongToTheirLineAreTold) {
+  const Jobs jobs;
+  jobs.Run(jobs.Table("seed,target\na.csv,ta.csv\n波形/b ～.csv,波形/tb.csv\n"));
+  const auto first = jobs.All("out");
+  jobs.Run(jobs.Table("seed,target,iterations\na.csv,ta.csv,1\ngone/b ～.csv,ta.csv,\na.csv,ta.csv,1\n"));
+  EXPECT_EQ(jobs.Rows().at(0)[kNote],
+            QStringLiteral("前の計算の結果が残っています：0002_a.csv;0002_a_AccSpec.csv;0002_a_FFT.csv"));
+  EXPECT_TRUE(jobs.Rows().at(1)[kNote].endsWith(
+      QStringLiteral("前の計算の結果が残っています：0003_b ～.csv;0003_b ～_AccSpec.csv;0003_b ～_FFT.csv")));
+  EXPECT_EQ(jobs.Rows().at(2)[kNote], QString());
+  EXPECT_EQ(jobs.Read("out/0002_a.csv"), first.at("0002_a.csv"));
+}
+
 TEST(CliBatch, ALineThatCannotBeWrittenCostsThatLine) {
   const Jobs jobs;
   jobs.Write("out/0002_a_FFT.csv/inside", "a folder where the third file should go");
