@@ -56,7 +56,7 @@ def inline(text):
 
 def message_table():
     rows = "".join(f"<tr><td>{shown(row['text'])}</td><td>{inline(row['cause'])}</td><td>{inline(row['action'])}</td></tr>"
-                   for row in sorted(source.messages(), key=lambda row: row["text"].lstrip("「」%1：　 ")))
+                   for row in sorted(source.messages(), key=lambda row: row["text"].lstrip("「」%1：:　 ")))
     return ('<table class="messages"><thead><tr><th>文</th><th>原因</th><th>対処</th></tr></thead><tbody>'
             + rows + "</tbody></table>")
 

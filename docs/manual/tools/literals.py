@@ -10,7 +10,7 @@ PREFIX = re.compile(r"(?:u8|u|U|L)$")
 JAPANESE = re.compile(r"[ぁ-んァ-ヶ一-龠]")
 # What a program says is a sentence, or ends like one: "...ではありません", "…です", "…ください（…）".
 SENTENCE = re.compile(r"[。？]")
-ENDING = re.compile(r"(ません|ます|です|ました|ください|ありません)(（[^）]*）)?$")
+ENDING = re.compile(r"(ません|ます|です|ました|ください|ありません)(（[^）]*）)?：?$")
 # Text handed to a box directly counts, whatever it looks like.
 BOX = re.compile(r"(?:\bTell|\bAsk|\bRefused|\bRefuse)\(\s*(?:QStringLiteral\(|QString::fromUtf8\(|QString::fromUtf16\()?\s*u?$")
 
@@ -41,9 +41,10 @@ def is_message(before, held):
 
 
 def found(root=ROOT):
-    """text: the first place where it stands, of every text in src that reads like something said to the user."""
+    """text: the first place where it stands, of every text that reads like something said to the user: by the window, and
+    by the programs without one."""
     texts = {}
-    for path in sorted((root / "src").rglob("*")):
+    for path in sorted([*(root / "src").rglob("*"), *(root / "apps").rglob("*")]):
         if path.suffix not in (".cpp", ".h"):
             continue
         source = path.read_text(encoding="utf-8")
