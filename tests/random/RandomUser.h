@@ -83,6 +83,7 @@ class RandomUser : public QObject {
   QElapsedTimer m_sinceAction;
   std::optional<DocumentMoment> m_before;  ///< between the last two commands
   std::set<std::string> m_broughtByFile;   ///< invariants that the open project breaks by itself
+  bool m_openedFixed = false;              ///< it came with its procedure fixed
   std::optional<DocumentMoment> m_behind;  ///< before what came from behind a dialog
   QPointer<QWidget> m_run;                 ///< the dialog of the run that went on at that moment
   bool m_duringRun = false;                ///< whether one did
