@@ -543,6 +543,8 @@ void RandomHands::ChangeService(QWidget&) {
 void RandomHands::QueueBatch(QWidget& window) {
   QWindow* const handle = window.windowHandle();
   if (!handle) return PressKey(window);
+  // One event of the queue each: what a dialog finds waiting that the first of them opens.
+  const auto queue = [handle](auto event) { QMetaObject::invokeMethod(handle, event, Qt::QueuedConnection); };
   QString told;
   const bool twice = m_random.Percent(40);
   QWidget* control = nullptr;
@@ -550,8 +552,8 @@ void RandomHands::QueueBatch(QWidget& window) {
     if (m_random.Percent(30)) {
       const Qt::Key key = m_random.Pick(kKeys);
       told += KeyName(key, {}) + QStringLiteral("; ");
-      qt_handleKeyEvent(handle, QEvent::KeyPress, key, Qt::NoModifier, QString());
-      qt_handleKeyEvent(handle, QEvent::KeyRelease, key, Qt::NoModifier, QString());
+      for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease})
+        queue([handle, type, key] { qt_handleKeyEvent(handle, type, key, Qt::NoModifier, QString()); });
       continue;
     }
     if (!control || !twice) {
@@ -561,10 +563,12 @@ void RandomHands::QueueBatch(QWidget& window) {
     told += NameOf(*control) + QStringLiteral("; ");
     const QPoint inside(std::min(8, control->width() / 2), control->height() / 2);
     const QPoint place = control->mapTo(&window, inside), global = control->mapToGlobal(inside);
-    qt_handleMouseEvent(handle, place, global, Qt::LeftButton, Qt::LeftButton, QEvent::MouseButtonPress, {},
-                        0);
-    qt_handleMouseEvent(handle, place, global, Qt::NoButton, Qt::LeftButton, QEvent::MouseButtonRelease, {},
-                        0);
+    for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
+      queue([=] {
+        qt_handleMouseEvent(handle, place, global,
+                            type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, Qt::LeftButton,
+                            type, {}, 0);
+      });
   }
   m_diary.Begin("batch", told);
 }

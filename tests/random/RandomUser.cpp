@@ -20,8 +20,9 @@ namespace tremlo::test {
 namespace {
 
 constexpr int kProgramLoop = 1;
-constexpr int kQuietBeats = 3;    // what an action has left to the event loop is done
-constexpr int kPatienceMs = 250;  // longer than what a screen sets going for a moment
+constexpr int kQuietBeats = 3;        // what an action has left to the event loop is done
+constexpr int kMostActivations = 50;  // of one window that does not take it
+constexpr int kPatienceMs = 250;      // longer than what a screen sets going for a moment
 // They go by their way, which 戻る and a YES lead past the answer that the document keeps.
 constexpr const char* kOpenedByQuestions = "the step 距離減衰式（断層） is open against the document";
 constexpr int kActionsInRun = 3;
@@ -134,7 +135,7 @@ void RandomUser::Beat() {
   }
   if (!m_checked) Check();
   m_checked = false;
-  m_quietBeats = 0;
+  m_quietBeats = m_activations = 0;
   m_patient = m_random.Percent(85);
   m_sinceAction.restart();
   // Armed before the action: what it opens has a loop of its own.
@@ -149,6 +150,13 @@ bool RandomUser::IsSettled() {
   if (window == Frame() && thread()->loopLevel() > kProgramLoop) return false;
   if (qobject_cast<RunDialog*>(window) && window == m_dialog && m_runActions >= kActionsInRun) {
     if (m_dialogClock.hasExpired(kRunLimitMs)) Fail("a run does not end: " + NameOf(*window).toStdString());
+    return false;
+  }
+  // A dialog or list that has closed gives the keyboard back to its window, which the offscreen platform does
+  // not do. Until the window has it, nobody could type.
+  if (window->windowType() != Qt::Popup && QApplication::activeWindow() != window &&
+      ++m_activations <= kMostActivations) {
+    window->activateWindow();
     return false;
   }
   // What the focus leaves may have something to tell.
@@ -169,8 +177,6 @@ void RandomUser::Act() {
     m_dialogActions = m_dialogLeavings = m_runActions = 0;
     m_dialogClock.start();
   }
-  // A list that has closed gives the keyboard back to its window, which the offscreen platform does not do.
-  if (window->windowType() != Qt::Popup && QApplication::activeWindow() != window) window->activateWindow();
   if (!qobject_cast<QMessageBox*>(window)) m_prompt.EndRow();
   if (QApplication::activeModalWidget() && Frame() && m_random.Percent(8)) {
     m_behind.emplace(m_app->Document());

@@ -79,6 +79,7 @@ class RandomUser : public QObject {
   bool m_checked = true;      ///< what the last action did has been looked at
   bool m_patient = true;      ///< what the screen has set going is waited for
   int m_quietBeats = 0;       ///< since the last action
+  int m_activations = 0;      ///< asked of the window in front since the last action
   QPointer<QWidget> m_focus;  ///< at the last beat
   QElapsedTimer m_sinceAction;
   std::optional<DocumentMoment> m_before;  ///< between the last two commands
