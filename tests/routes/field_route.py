@@ -200,7 +200,9 @@ class FieldRoute(route.Route):
         program = self.start()
         self.pick(program, POSITION, 0, 1)
         program.click_cell(POSITION, 0, 1, count=2)
-        program.until(lambda: program.focused() is None, "the focus in the cell's editor, within the table")
+        # Nothing has the focus for a moment, too, while it goes from one control to another.
+        program.until(lambda: [program.focused() for _ in range(3)] == [None] * 3,
+                      "the focus in the cell's editor, within the table")
         program.keys("ctrl+a", "BackSpace", "Return")  # an emptied cell
         self.until_cells(program, NEW_SITE)
         self.pick(program, POSITION, 0, 2)
