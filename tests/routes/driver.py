@@ -170,20 +170,19 @@ class Program:
         self.until(ready, f"control {name}")
         self.click_at(*seen[-1])
 
-    def click_at(self, x, y):
-        """A click of its own: two at one place must lie farther apart than those of a double click."""
+    def click_at(self, x, y, button=1, count=1):
+        """Clicks of their own: two at one place must lie farther apart than those of a double click."""
         place, moment = self.last_click
         if place == (x, y):
             wait_until(lambda: time.monotonic() > moment + DOUBLE_CLICK, "end of a double click")
-        self.xdotool("mousemove", x, y, "click", 1)
+        self.xdotool("mousemove", x, y, "click", "--repeat", count, "--delay", 60, button)
         self.last_click = ((x, y), time.monotonic())
 
     def click_cell(self, table, row, column, button=1, count=1):
         def cell():
             node = Atspi.Table.get_accessible_at(self.find(table, ROLE.TABLE), row, column)
             return node and self.point(node)
-        self.xdotool("mousemove", *self.until(cell, f"cell {row}, {column} of {table}"),
-                     "click", "--repeat", count, "--delay", 60, button)
+        self.click_at(*self.until(cell, f"cell {row}, {column} of {table}"), button, count)
 
     def windows(self):
         """Numbers of the X windows that are seen, menus included: the bus does not list those."""
