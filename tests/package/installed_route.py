@@ -2,7 +2,7 @@
 """The installed program in a real window, as a user of a machine without a network meets it: the short route, and a
 project opened by its type.
 
-    installed_route.py PREFIX CASE..."""
+    installed_route.py PREFIX CASE"""
 
 import os
 import pathlib
@@ -133,5 +133,5 @@ if __name__ == "__main__":
     tools.prefix = pathlib.Path(sys.argv[1]).resolve()
     tools.bin = tools.prefix / "bin"
     tools.program = (tools.bin / "tremlo").resolve()
-    suite = unittest.TestSuite(InstalledRoute(case) for case in sys.argv[2:])
+    suite = unittest.TestSuite([InstalledRoute(sys.argv[2])])
     sys.exit(not unittest.TextTestRunner(verbosity=2).run(suite).wasSuccessful())
