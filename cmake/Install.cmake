@@ -36,6 +36,9 @@ endif()
 install(DIRECTORY ${TREMLO_TABLE_DIR}/SystemData DESTINATION ${TREMLO_TABLE_INSTALL_DIR}
   FILES_MATCHING PATTERN "manual*")
 
+# The worked example of the manual, and what its other commands read.
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/samples/ DESTINATION share/doc/tremlo/examples)
+
 set(docs ${PROJECT_SOURCE_DIR}/docs)
 set(desktop ${PROJECT_SOURCE_DIR}/data/desktop)
 install(FILES ${docs}/tremlo-cli.1 DESTINATION share/man/man1)

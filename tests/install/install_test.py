@@ -28,6 +28,7 @@ ALWAYS = ["share/applications/tremlo.desktop", "share/mime/packages/tremlo.xml",
 PROGRAMS = ("tremlo", "tremlo-cli", "tremlo-report")
 TABLES = [str(path.relative_to(ROOT / "data")) for folder in ("DamCoef", "LowSpec", "SystemData")
           for path in (ROOT / "data" / folder).iterdir()]
+EXAMPLES = [str(path.relative_to(ROOT / "samples")) for path in (ROOT / "samples").rglob("*") if path.is_file()]
 tools = argparse.Namespace()  # the words of the command line
 
 
@@ -101,7 +102,8 @@ class Install(unittest.TestCase):
         listed = [str(pathlib.Path(name).relative_to(self.prefix)) for name in self.install()]
         self.assertEqual(sorted(listed + self.caches(self.prefix)), files_below(self.prefix))
         self.assertEqual(len(listed), len(set(listed)))
-        for name in [*ALWAYS, *(f"bin/{name}" for name in PROGRAMS), *(f"lib/tremlo/{name}" for name in (*PROGRAMS, *TABLES))]:
+        for name in [*ALWAYS, *(f"bin/{name}" for name in PROGRAMS), *(f"lib/tremlo/{name}" for name in (*PROGRAMS, *TABLES)),
+                     *(f"share/doc/tremlo/examples/{name}" for name in EXAMPLES)]:
             self.assertIn(name, listed)
         self.assertEqual(os.readlink(self.prefix / "bin/tremlo"), "../lib/tremlo/tremlo")
 
@@ -145,6 +147,7 @@ class Install(unittest.TestCase):
         self.assertEqual(self.uninstall(), "")
         self.assertEqual([name for name in files_below(self.prefix) if name not in self.caches(self.prefix)], [])
         self.assertFalse(self.place.exists())
+        self.assertFalse((self.prefix / "share/doc/tremlo").exists())
         self.assertEqual(self.run_tool("xdg-mime", "query", "default", TYPE), "")
 
     def test_tables_of_the_user_outlive_a_new_install_and_an_uninstall(self):
@@ -177,7 +180,8 @@ class Install(unittest.TestCase):
             archive.extractall(self.home)
         folder = self.home / packed.name.removesuffix(".tar.gz")
         shutil.rmtree(out)
-        for name in [*ALWAYS, "register", "README.txt", *(f"lib/tremlo/{name}" for name in TABLES)]:
+        for name in [*ALWAYS, "register", "README.txt", *(f"lib/tremlo/{name}" for name in TABLES),
+                     *(f"share/doc/tremlo/examples/{name}" for name in EXAMPLES)]:
             self.assertTrue((folder / name).is_file(), name)
         self.assertEqual(self.caches(folder), [])
         moved = self.home / 'new "place" $1 \\e'

@@ -55,8 +55,16 @@ class Literals(unittest.TestCase):
         self.assertFalse(literals.is_message("setText(QStringLiteral(", "失敗"))
         self.assertFalse(literals.is_message("", "plain"))
 
+    def test_controls_are_known_by_how_they_are_made(self):
+        self.assertEqual(literals.control_name('NamedButton<QPushButton>("a", QStringLiteral(', "追加"), "追加")
+        self.assertEqual(literals.control_name('Entry(menu, "b", QStringLiteral(', "開く(&O)..."), "開く")
+        self.assertEqual(literals.control_name('Entry(menu, "b", QStringLiteral("開く"), QStringLiteral(', "開きます。"), "")
+        self.assertEqual(literals.control_name('AddField(*layout, m_a, QStringLiteral(', "キャンセル"), "")
+        self.assertEqual(literals.control_name('Entry(menu); setText(QStringLiteral(', "開く"), "")
+
     def test_the_sources_hold_many(self):
         self.assertGreater(len(literals.found()), 300)
+        self.assertGreater(len(literals.controls()), 40)
 
 
 class Faults(unittest.TestCase):
@@ -80,6 +88,10 @@ class Faults(unittest.TestCase):
         self.assertEqual(len(check_sources.picture_faults(chapters, [row], set(), '"top"')), 1)
         self.assertEqual(len(check_sources.picture_faults(chapters, [row], {"CDlgTop"}, "")), 1)
         self.assertEqual(len(check_sources.picture_faults([("one", "# 題\n")], [row], {"CDlgTop"}, '"top"')), 1)
+
+    def test_a_control_that_no_chapter_names_is_told(self):
+        self.assertEqual(check_sources.control_faults([("one", "「追加」を押す")], {"追加": "src/a.cpp:1"}), [])
+        self.assertEqual(len(check_sources.control_faults([("one", "「追加」を押す")], {"削る": "src/a.cpp:1"})), 1)
 
     def test_a_reference_to_nothing_is_told(self):
         for wrong in ("{{fig none}}", "{{chapter none}}", "{{run none}}", "{{value none}}", "{{value adjust_none_error}}", "{{table none}}"):

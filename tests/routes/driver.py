@@ -401,6 +401,8 @@ class Program:
             self.until(lambda: self.text(FILE_NAME).endswith(path.name[-4:]), "path typed")
             if self.text(FILE_NAME) == str(path):
                 break
+        else:
+            raise NotReached(f"not typed: {path}, but {self.text(FILE_NAME)}")
         self.keys("Return")
         self.until(lambda: not self.file_dialog(title), f"file dialog {title} closed")
 

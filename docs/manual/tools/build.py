@@ -74,6 +74,7 @@ def chapter_html(identity, text, pictures, runner):
     text = source.VALUE.sub(lambda m: runner.value(m.group(1)), text)
     text = source.FIGURE.sub(lambda m: figure(m, pictures), text)
     text = source.FIGURE_REFERENCE.sub(r'<a class="fig" href="#fig-\1"></a>', text)
+    text = re.sub(r"（\{\{chapter ([a-z0-9-]+)\}\}）", r'（<a class="chap bare" href="#ch-\1"></a>）', text)
     text = source.CHAPTER_REFERENCE.sub(r'<a class="chap" href="#ch-\1"></a>', text)
     text = text.replace(source.MESSAGES, message_table())
     left = source.ANY.search(text)

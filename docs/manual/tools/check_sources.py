@@ -47,6 +47,12 @@ def picture_faults(chapters, pictures, classes, program):
             + [f"tremlo_pictures does not take {name}" for name in listed if name not in taken])
 
 
+def control_faults(chapters, controls):
+    """Every control is named in a chapter."""
+    told = "".join(text for _, text in chapters)
+    return [f"{place}: no chapter names the control {name}" for name, place in controls.items() if name not in told]
+
+
 def reference_faults(chapters):
     known = {identity for identity, _ in chapters}
     placed = {match[0] for _, text in chapters for match in source.FIGURE.findall(text)}
@@ -74,6 +80,7 @@ def faults(root=source.ROOT):
     return (message_faults(literals.found(root), [row["text"] for row in rows], explanations())
             + [f"messages.csv: no cause or action: {row['text']}" for row in rows if not (row["cause"] and row["action"])]
             + picture_faults(chapters, source.pictures(), screens(root), pictures_program)
+            + control_faults(chapters, literals.controls(root))
             + reference_faults(chapters))
 
 

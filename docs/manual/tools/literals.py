@@ -14,6 +14,10 @@ ENDING = re.compile(r"(ません|ます|です|ました|ください|ありま�
 # Text handed to a box directly counts, whatever it looks like.
 BOX = re.compile(r"(?:\bTell|\bAsk|\bRefused|\bRefuse)\(\s*(?:QStringLiteral\(|QString::fromUtf8\(|QString::fromUtf16\()?\s*u?$")
 
+# What stands on a button, beside a field or in a menu.
+CONTROL = re.compile(r"(?:\bNamedButton<\w+>|\bMakeButton<\w+>|\baddButton|\bAddReset|\bAddField|\bEntry)\([^;{}]*$")
+DECORATION = re.compile(r"\(&.\)|&|\.\.\.|\\t.*$")
+
 
 def literals(text):
     """(offset, text) of the literals of a C++ source; neighbours that the compiler joins are one."""
@@ -40,16 +44,34 @@ def is_message(before, held):
     return bool(SENTENCE.search(held) or ENDING.search(held) or BOX.search(before))
 
 
-def found(root=ROOT):
-    """text: the first place where it stands, of every text that reads like something said to the user: by the window, and
-    by the programs without one."""
+def control_name(before, held):
+    """What a user calls the control of that text, or nothing where it is none that needs explaining."""
+    if not CONTROL.search(before) or is_message(before, held) or not JAPANESE.search(held):
+        return ""
+    name = DECORATION.sub("", held)
+    return "" if name in ("キャンセル", "閉じる") or name.startswith("（") else name
+
+
+def places(folders, text_of, root):
+    """text: the first place where it stands, of every literal below the folders for which text_of gives a text."""
     texts = {}
-    for path in sorted([*(root / "src").rglob("*"), *(root / "apps").rglob("*")]):
+    for path in sorted(path for folder in folders for path in (root / folder).rglob("*")):
         if path.suffix not in (".cpp", ".h"):
             continue
         source = path.read_text(encoding="utf-8")
         for offset, held in literals(source):
-            if is_message(source[max(0, offset - 80):offset], held):
+            text = text_of(source[max(0, offset - 200):offset], held)
+            if text:
                 line = source.count("\n", 0, offset) + 1
-                texts.setdefault(held, f"{path.relative_to(root)}:{line}")
+                texts.setdefault(text, f"{path.relative_to(root)}:{line}")
     return texts
+
+
+def found(root=ROOT):
+    """Every text that reads like something said to the user: by the window, and by the programs without one."""
+    return places(["src", "apps"], lambda before, held: held if is_message(before[-80:], held) else "", root)
+
+
+def controls(root=ROOT):
+    """The names of the window's buttons, fields and menu entries."""
+    return places(["src/window"], control_name, root)

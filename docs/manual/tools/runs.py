@@ -117,7 +117,7 @@ def _sign():
         table.append(row)
     if len(table) < 3:
         raise SystemExit("docs/numerics.md has no table of the sign")
-    return "\n".join([table[0].replace("record", "記録").replace("above", "それより上"), *table[1:]])
+    return "\n".join([table[0].replace("record", "記録").replace("above", "以上"), *table[1:]])
 
 
 def _bench():
