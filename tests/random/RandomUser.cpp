@@ -93,6 +93,7 @@ void RandomUser::MakeProgram() {
 
 void RandomUser::RunProgramOnce() {
   m_ended = false;
+  ++m_programs;
   m_before.reset();
   m_behind.reset();
   m_broughtByFile.clear();
@@ -115,8 +116,12 @@ void RandomUser::RunProgramOnce() {
 void RandomUser::AwaitBeat(int delayMs) {
   // By a timer, so that timers have their turn, and behind it by a posted event: on a busy machine several
   // beats of timers alone come before what an action has posted.
-  const auto post = [this] { QMetaObject::invokeMethod(this, &RandomUser::Beat, Qt::QueuedConnection); };
-  QTimer::singleShot(delayMs, this, post);
+  const auto beat = [this, program = m_programs] {
+    // The last beat of a program that has ended would go on beside those of the next.
+    if (program == m_programs) Beat();
+  };
+  QTimer::singleShot(delayMs, this,
+                     [this, beat] { QMetaObject::invokeMethod(this, beat, Qt::QueuedConnection); });
 }
 
 void RandomUser::Beat() {

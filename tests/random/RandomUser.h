@@ -75,6 +75,7 @@ class RandomUser : public QObject {
   QElapsedTimer m_clock;
   std::atomic<int> m_beats = 0;
 
+  int m_programs = 0;         ///< that have been started
   bool m_ended = false;       ///< the program that runs has ended
   bool m_checked = true;      ///< what the last action did has been looked at
   bool m_patient = true;      ///< what the screen has set going is waited for
