@@ -297,8 +297,10 @@ void CMorvaneApp::OpenManual(std::optional<int> page) {
     m_prompt.Tell(QStringLiteral("取り扱い説明書を開くプログラムがありません。\n") + shown);
     return;
   }
-  // Many viewers open a file at its first page all the same.
-  if (page) m_frame->statusBar()->showMessage(QStringLiteral("取り扱い説明書の %1 ページ").arg(*page));
+  // Many viewers open a file at its first page all the same, and a desktop without any does not tell.
+  const QString opened =
+      page ? QStringLiteral("取り扱い説明書の %1 ページ：").arg(*page) : QStringLiteral("取り扱い説明書：");
+  m_frame->statusBar()->showMessage(opened + shown);
 }
 
 void CMorvaneApp::OpenPage(const QString& address) {

@@ -218,9 +218,12 @@ TEST_F(MenuTest, ManualIsOpenedOrItsPlaceIsTold) {
   prompt.ExpectMessage(missing);
   PressHelp();
   EXPECT_THAT(desktop.opened, IsEmpty());
+  EXPECT_EQ(app->Frame()->statusBar()->currentMessage(), QString());
   folder.Write(QStringLiteral("SystemData/manual.pdf"), "%PDF");
   Menu()->manual->trigger();
   EXPECT_THAT(desktop.opened, ElementsAre(QUrl::fromLocalFile(path)));
+  // A desktop without a viewer does not tell so: the user can open the file otherwise.
+  EXPECT_EQ(app->Frame()->statusBar()->currentMessage(), QStringLiteral("取り扱い説明書：") + path);
 }
 
 TEST_F(MenuTest, ManualOfTheSystemIsOpened) {
@@ -245,7 +248,8 @@ TEST_F(MenuTest, TheHelpKeyOpensTheManualWhereTheScreenIsDescribed) {
   QUrl section = QUrl::fromLocalFile(path);
   section.setFragment(QStringLiteral("page=12"));
   EXPECT_THAT(desktop.opened, ElementsAre(chapter, section));
-  EXPECT_EQ(app->Frame()->statusBar()->currentMessage(), QStringLiteral("取り扱い説明書の 12 ページ"));
+  EXPECT_EQ(app->Frame()->statusBar()->currentMessage(),
+            QStringLiteral("取り扱い説明書の 12 ページ：") + path);
 }
 
 TEST_F(MenuTest, WithoutItsPagesTheManualIsOpenedAtItsBeginning) {
@@ -257,7 +261,7 @@ TEST_F(MenuTest, WithoutItsPagesTheManualIsOpenedAtItsBeginning) {
   PressHelp();
   const QUrl plain = QUrl::fromLocalFile(path);
   EXPECT_THAT(desktop.opened, ElementsAre(plain, plain));
-  EXPECT_EQ(app->Frame()->statusBar()->currentMessage(), QString());
+  EXPECT_EQ(app->Frame()->statusBar()->currentMessage(), QStringLiteral("取り扱い説明書：") + path);
 }
 
 TEST_F(MenuTest, PagesAreOpenedInTheBrowser) {
