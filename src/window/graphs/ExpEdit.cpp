@@ -37,7 +37,19 @@ CExpEdit::CExpEdit(QWidget* parent)
     }
     m_dirty = true;
     m_cancelling = false;
+    // Where the focus is elsewhere nobody will leave the field.
+    if (!m_setting && !hasFocus())
+      QMetaObject::invokeMethod(this, &CExpEdit::TakeWritten, Qt::QueuedConnection);
   });
+}
+
+void CExpEdit::TakeWritten() {
+  if (!m_dirty || hasFocus()) return;
+  if (IsBehindModalWindow(this)) {
+    SetText(QString(m_savedText));
+  } else {
+    FinishEntry();
+  }
 }
 
 void CExpEdit::SetLimits(double low, double high) {

@@ -75,6 +75,8 @@ class CExpEdit : public QLineEdit {
   };
 
   EntryState State() const;
+  /// Enters what the accessibility bus has written without bringing the focus.
+  void TakeWritten();
   bool FilterKey(QKeyEvent* event);
   Refusal Check() const;
   void Refuse(Refusal refusal);

@@ -240,6 +240,30 @@ TEST_F(ExpEditTest, TheAccessibilityBusCannotWriteIntoAReadOnlyField) {
   EXPECT_EQ(edit.text(), "64");
 }
 
+TEST_F(ExpEditTest, WhatTheAccessibilityBusWritesWithoutTheFocusIsEntered) {
+  edit.SetText(QStringLiteral("4"));
+  Show(EntryKind::Integer, 0, 10);
+  next.setFocus();
+  QAccessible::queryAccessibleInterface(&edit)->setText(QAccessible::Value, QStringLiteral("8"));
+  Settle();
+  EXPECT_THAT(entered, ElementsAre("8"));
+  QAccessible::queryAccessibleInterface(&edit)->setText(QAccessible::Value, QStringLiteral("88"));
+  Settle();
+  EXPECT_THAT(entered, ElementsAre("8"));
+  EXPECT_EQ(boxes.size(), 1U);
+  EXPECT_EQ(edit.text(), "8");
+}
+
+TEST_F(ExpEditTest, WhatTheAccessibilityBusWritesIntoTheOpenFieldWaitsUntilItIsLeft) {
+  Show(EntryKind::Integer, 0, 10);
+  Click(&edit);
+  QAccessible::queryAccessibleInterface(&edit)->setText(QAccessible::Value, QStringLiteral("8"));
+  Settle();
+  EXPECT_THAT(entered, IsEmpty());
+  next.setFocus();
+  EXPECT_THAT(entered, ElementsAre("8"));
+}
+
 TEST_F(ExpEditTest, AReadOnlyFieldPassesTheFocusOn) {
   edit.setReadOnly(true);
   dialog.show();
