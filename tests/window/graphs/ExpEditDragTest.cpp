@@ -22,7 +22,8 @@ class ExpEditDrag : public testing::Test {
     edit.setDragEnabled(true);
     edit.setFixedWidth(200);
     window.show();
-    EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+    window.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
     edit.setFocus();
     QApplication::setStartDragTime(1);
   }
