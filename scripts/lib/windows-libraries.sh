@@ -151,8 +151,13 @@ make_qtbase() {
   local name options=()
   for name in "${off[@]}"; do options+=("-DFEATURE_$name=OFF"); done
   for_windows "$1" -DBUILD_SHARED_LIBS=ON -DQT_BUILD_TESTS=OFF -DQT_BUILD_EXAMPLES=OFF -DINPUT_opengl=no "${options[@]}"
-  ninja -j "$jobs" ${qt_targets:-Core Gui Widgets Test QWindowsIntegrationPlugin QWindowsVistaStylePlugin QICOPlugin QJpegPlugin
-    EntryPointImplementation}
+  ninja -j "$jobs" Core
+}
+
+# What the window takes beyond the core, in the same folder; it ends at once where that is made already.
+add_qt_window() {
+  ninja -C "$cache/build/qtbase" -j "$jobs" Gui Widgets Test QWindowsIntegrationPlugin QWindowsVistaStylePlugin QICOPlugin \
+    QJpegPlugin EntryPointImplementation
 }
 
 make_qtsvg() {
