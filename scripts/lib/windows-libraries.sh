@@ -156,8 +156,8 @@ make_qtbase() {
 
 # What the window takes beyond the core, in the same folder; it ends at once where that is made already.
 add_qt_window() {
-  ninja -C "$cache/build/qtbase" -j "$jobs" Gui Widgets Test QWindowsIntegrationPlugin QWindowsVistaStylePlugin QICOPlugin \
-    QJpegPlugin EntryPointImplementation
+  ninja -C "$cache/build/qtbase" -j "$jobs" Gui Widgets QWindowsIntegrationPlugin QICOPlugin QJpegPlugin \
+    EntryPointImplementation
 }
 
 make_qtsvg() {
