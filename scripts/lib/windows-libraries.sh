@@ -139,7 +139,8 @@ make_libarchive() {
   # What it would find out by running a program of Windows is given.
   for_windows "$1" "${options[@]}" -DPOSIX_REGEX_LIB=NONE -DZLIB_WINAPI_EXITCODE=1 -DZLIB_WINAPI_EXITCODE__TRYRUN_OUTPUT=
   ninja -j "$jobs" archive_static
-  to_prefix libarchive/libarchive.a lib
+  to_prefix libarchive/libarchive_static.a lib
+  mv "$prefix/lib/libarchive_static.a" "$prefix/lib/libarchive.a"
   to_prefix "$1/libarchive/archive.h" include
   to_prefix "$1/libarchive/archive_entry.h" include
 }
