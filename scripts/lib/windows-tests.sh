@@ -6,13 +6,13 @@ packages_windows_test="wine wine64 locales xvfb xauth openbox xdotool imagemagic
 # A Wine of their own, in the language and with the code page of the users.
 prepare_wine() {
   export WINEPREFIX=$cache/wine WINEDEBUG=-all WINEARCH=win64 WINEDLLOVERRIDES='mscoree,mshtml,winemenubuilder.exe='
-  export LOCPATH=$cache/locales LC_ALL=ja_JP.UTF-8
-  local face
-  unset DISPLAY http_proxy https_proxy all_proxy HTTPS_PROXY ALL_PROXY
-  if [ ! -e "$LOCPATH/ja_JP.UTF-8" ]; then
-    mkdir -p "$LOCPATH"
-    localedef -i ja_JP -f UTF-8 "$LOCPATH/ja_JP.UTF-8" || return 1
+  local locales=$cache/locales face
+  if [ ! -e "$locales/ja_JP.UTF-8" ]; then
+    mkdir -p "$locales"
+    localedef -i ja_JP -f UTF-8 "$locales/ja_JP.UTF-8" || return 1
   fi
+  export LOCPATH=$locales LC_ALL=ja_JP.UTF-8
+  unset DISPLAY http_proxy https_proxy all_proxy HTTPS_PROXY ALL_PROXY
   [ -e "$WINEPREFIX/ready" ] && return
   echo "Making a folder for Wine"
   wineboot -i >/dev/null 2>&1
