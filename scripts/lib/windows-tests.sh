@@ -11,7 +11,8 @@ prepare_wine() {
     mkdir -p "$locales"
     localedef -i ja_JP -f UTF-8 "$locales/ja_JP.UTF-8" || return 1
   fi
-  export LOCPATH=$locales LC_ALL=ja_JP.UTF-8
+  # The shell itself cannot use it.
+  { export LOCPATH=$locales LC_ALL=ja_JP.UTF-8; } 2>/dev/null
   unset DISPLAY http_proxy https_proxy all_proxy HTTPS_PROXY ALL_PROXY
   [ -e "$WINEPREFIX/ready" ] && return
   echo "Making a folder for Wine"
