@@ -115,11 +115,24 @@ def worst(ours, theirs):
     return max((abs(a - b) / scale for a, b in zip(ours, theirs)), default=0)
 
 
+def known(text, places, words):
+    """The text with each of the places in it as a word, and what follows it and the words given with plain slashes."""
+    for word in words:
+        text = text.replace(word.replace("/", "\\").encode(), word.encode())
+    for word, place in places.items():
+        plain = str(place)
+        windows = "Z:" + plain.replace("/", "\\")
+        for path in (windows.replace("\\", "\\\\"), windows, "Z:" + plain, plain):
+            text = text.replace(path.encode(), word)
+        text = re.sub(re.escape(word) + rb"[\\/\w.]+", lambda match: match[0].replace(b"\\\\", b"/").replace(b"\\", b"/"), text)
+    return text
+
+
 def run(program, words, folder):
-    """Exit code, standard output and standard error, in which the folder's own path is a word."""
+    """Exit code, standard output and standard error, in which paths are the same on both systems."""
     result = subprocess.run([*program, *words], cwd=folder, stdin=subprocess.DEVNULL, capture_output=True)
-    for path in (f"Z:{folder}".encode(), str(folder).encode()):
-        result.stdout, result.stderr = result.stdout.replace(path, b"FOLDER"), result.stderr.replace(path, b"FOLDER")
+    places = {b"FOLDER": folder, b"PROGRAM": pathlib.Path(program[-1]).parent}
+    result.stdout, result.stderr = (known(text, places, words) for text in (result.stdout, result.stderr))
     return result
 
 
@@ -180,7 +193,8 @@ def files(folder):
 
 
 def main():
-    programs = [[sys.argv[1]], ["wine", sys.argv[2]]]
+    linux, windows = map(os.path.abspath, sys.argv[1:])
+    programs = [[linux], ["wine", windows]]
     bad, equal, runs = [], 0, 0
     json_difference, fourier_difference = Difference(), Difference()
     with tempfile.TemporaryDirectory() as root:
