@@ -23,8 +23,7 @@ TEST(GraphFile, AnotherEndingChoosesNone) {
     EXPECT_EQ(PictureFormatOf(name), std::nullopt) << name;
   EXPECT_EQ(
       UnknownPictureText("/a/図.jpg"),
-      QString(
-          "画像を保存できません。ファイル名の末尾は .png、.svg、.pdf のいずれかにしてください。\n") +
+      QString("画像を保存できません。ファイル名の末尾は .png、.svg、.pdf のいずれかにしてください。\n") +
           QDir::toNativeSeparators("/a/図.jpg"));
 }
 
