@@ -119,7 +119,8 @@ def worst(ours, theirs):
 def known(text, places, words):
     """The text with each of the places in it as a word, and what follows it and the words given with plain slashes."""
     for word in words:
-        text = text.replace(word.replace("/", "\\").encode(), word.encode())
+        for slash in ("\\\\", "\\"):
+            text = text.replace(word.replace("/", slash).encode(), word.encode())
     for word, place in places.items():
         plain = str(place)
         windows = "Z:" + plain.replace("/", "\\")
