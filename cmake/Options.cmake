@@ -34,6 +34,11 @@ if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
   endif()
 endif()
 
+if(MINGW)
+  # What curl and PROJ tell those alone who link them, for they are static there. Precompiled headers are shared with others.
+  target_compile_definitions(tremlo_options INTERFACE CURL_STATICLIB PROJ_DLL=)
+endif()
+
 option(TREMLO_HARDENING "Checks of the compiler and linker against overruns" ON)
 if(TREMLO_HARDENING AND CMAKE_SYSTEM_NAME STREQUAL "Linux" AND CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
   target_compile_options(tremlo_options INTERFACE -fstack-protector-strong -Wformat -Wformat-security -fPIE)

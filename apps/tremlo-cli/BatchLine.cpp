@@ -133,7 +133,7 @@ std::optional<SummaryRow> BatchLine::Run(const std::atomic<bool>& stop) const {
     return std::nullopt;
   } catch (const std::exception& failure) {  // memory, for an input of any size
     SummaryRow row = Row();
-    row.note = QString::fromLocal8Bit(failure.what());
+    row.note = QString::fromUtf8(failure.what());
     return row;
   }
 }

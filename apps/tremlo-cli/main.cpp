@@ -108,7 +108,7 @@ int Main(const QStringList& line) {
     return command->run(arguments);
   } catch (const std::exception& failure) {  // memory, for an input of any size
     return Fail(kBadFile, QString::fromLatin1(command->name) + QStringLiteral(": ") +
-                              QString::fromLocal8Bit(failure.what()));
+                              QString::fromUtf8(failure.what()));
   }
 }
 

@@ -92,7 +92,7 @@ int Main(const QStringList& words) {
   try {
     return WriteReport(call);
   } catch (const std::exception& failure) {  // memory, for a project of any size
-    return Fail(kBadFile, call.project + QStringLiteral(": ") + QString::fromLocal8Bit(failure.what()));
+    return Fail(kBadFile, call.project + QStringLiteral(": ") + QString::fromUtf8(failure.what()));
   }
 }
 

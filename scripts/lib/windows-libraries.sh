@@ -139,7 +139,8 @@ make_libarchive() {
   # What it would find out by running a program of Windows is given.
   for_windows "$1" "${options[@]}" -DPOSIX_REGEX_LIB=NONE -DZLIB_WINAPI_EXITCODE=1 -DZLIB_WINAPI_EXITCODE__TRYRUN_OUTPUT=
   ninja -j "$jobs" archive_static
-  to_prefix libarchive/libarchive.a lib
+  to_prefix libarchive/libarchive_static.a lib
+  mv "$prefix/lib/libarchive_static.a" "$prefix/lib/libarchive.a"
   to_prefix "$1/libarchive/archive.h" include
   to_prefix "$1/libarchive/archive_entry.h" include
 }
@@ -151,8 +152,13 @@ make_qtbase() {
   local name options=()
   for name in "${off[@]}"; do options+=("-DFEATURE_$name=OFF"); done
   for_windows "$1" -DBUILD_SHARED_LIBS=ON -DQT_BUILD_TESTS=OFF -DQT_BUILD_EXAMPLES=OFF -DINPUT_opengl=no "${options[@]}"
-  ninja -j "$jobs" ${qt_targets:-Core Gui Widgets Test QWindowsIntegrationPlugin QWindowsVistaStylePlugin QICOPlugin QJpegPlugin
-    EntryPointImplementation}
+  ninja -j "$jobs" Core
+}
+
+# What the window takes beyond the core, in the same folder; it ends at once where that is made already.
+add_qt_window() {
+  ninja -C "$cache/build/qtbase" -j "$jobs" Gui Widgets QWindowsIntegrationPlugin QICOPlugin QJpegPlugin \
+    EntryPointImplementation
 }
 
 make_qtsvg() {

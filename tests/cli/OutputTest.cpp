@@ -13,12 +13,12 @@
 namespace tremlo {
 namespace {
 
+#ifndef _WIN32
+
 using test::CliResult;
 using test::RunCliOnATerminal;
 using test::RunPreparedCli;
 using test::TestFolder;
-
-#ifndef _WIN32
 
 const char* const kNames[] = {"response",     "fourier",      "adjust", "tables",
                               "attenuate",    "distances",    "faults", "project new",

@@ -6,6 +6,7 @@
 #include "support/CliRun.h"
 #include "support/TestFolder.h"
 
+#include <QDir>
 #include <QJsonArray>
 
 #include <gtest/gtest.h>
@@ -27,7 +28,7 @@ void ExpectBadFile(const QStringList& arguments, const QString& path) {
   const CliResult result = RunCli(arguments);
   EXPECT_EQ(result.status, 2);
   EXPECT_EQ(result.out, QByteArray());
-  EXPECT_TRUE(result.err.startsWith(path.toUtf8())) << result.err.toStdString();
+  EXPECT_TRUE(result.err.startsWith(QDir::toNativeSeparators(path).toUtf8())) << result.err.toStdString();
   EXPECT_EQ(result.err.count('\n'), 1);
 }
 

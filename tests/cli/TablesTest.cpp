@@ -1,6 +1,7 @@
 #include "support/CliRun.h"
 #include "support/TestFolder.h"
 
+#include <QDir>
 #include <QFile>
 #include <QJsonArray>
 
@@ -45,7 +46,8 @@ TEST(TablesCommand, NamesTheFoldersInUse) {
   test::CopyTables(folder);
   const QString out = QString::fromUtf8(RunCli({"tables", "--data", folder.Path()}).out);
   for (const char* name : {"DamCoef", "LowSpec", "SystemData"})
-    EXPECT_TRUE(out.contains(QStringLiteral("%1：%2/%1\n").arg(QString::fromUtf8(name), folder.Path())))
+    EXPECT_TRUE(out.contains(
+        QDir::toNativeSeparators(QStringLiteral("%1：%2/%1\n").arg(QString::fromUtf8(name), folder.Path()))))
         << out.toStdString();
 }
 
@@ -55,7 +57,7 @@ TEST(TablesCommand, MissingOrBadTablesEndWithTwo) {
   EXPECT_EQ(result.status, 2);
   EXPECT_EQ(result.out, QByteArray());
   EXPECT_EQ(QString::fromUtf8(result.err),
-            folder.Path() + QStringLiteral(": LowSpec\\h17.csvがありません。\n"));
+            QDir::toNativeSeparators(folder.Path()) + QStringLiteral(": LowSpec\\h17.csvがありません。\n"));
   test::CopyTables(folder);
   folder.Write("DamCoef/extra.csv", "wrong\n");
   result = RunCli({"tables", "--data", folder.Path()});

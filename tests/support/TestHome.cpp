@@ -1,6 +1,7 @@
 #include "support/TestHome.h"
 
 #include <QDir>
+#include <QSettings>
 
 namespace tremlo::test {
 
@@ -12,6 +13,11 @@ TestHome::TestHome() {
     QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     qputenv(variable, folder.toUtf8());
   }
+#ifdef _WIN32
+  // What the user keeps there has its place by no variable.
+  QSettings::setPath(QSettings::IniFormat, QSettings::UserScope,
+                     m_dir.filePath(QStringLiteral("XDG_CONFIG_HOME")));
+#endif
 }
 
 }  // namespace tremlo::test

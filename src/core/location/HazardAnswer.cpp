@@ -137,7 +137,7 @@ AnswerResult ReadAnswer(std::string_view text, const Reader& read) {
   } catch (const OutOfBounds&) {
     return {ServiceOutcome::BadAnswer, {}};
   } catch (const std::exception& fault) {
-    const QString reason = QString::fromLocal8Bit(fault.what());
+    const QString reason = QString::fromUtf8(fault.what());
     return {ServiceOutcome::TypeFault,
             reason.isEmpty() ? QStringLiteral("J-SHISの回答に扱えない数値があります。") : reason};
   }

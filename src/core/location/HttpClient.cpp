@@ -136,7 +136,8 @@ void HttpClient::Session::SetOptions(const QString& certificateFile) {
   curl_easy_setopt(easy, CURLOPT_SSL_VERIFYPEER, 1L);
   curl_easy_setopt(easy, CURLOPT_SSL_VERIFYHOST, 2L);
   if (!certificateFile.isEmpty()) {
-    curl_easy_setopt(easy, CURLOPT_CAINFO, QFile::encodeName(certificateFile).constData());
+    // OpenSSL takes names in UTF-8 on Windows, too, whatever the code page.
+    curl_easy_setopt(easy, CURLOPT_CAINFO, certificateFile.toUtf8().constData());
     // Without this the system's folder of certificates would still be trusted beside the file.
     curl_easy_setopt(easy, CURLOPT_CAPATH, nullptr);
   } else {

@@ -73,7 +73,7 @@ class EntrySource : public ByteSource {
     const la_ssize_t count = archive_read_data(m_reader, to, static_cast<std::size_t>(most));
     if (count >= 0) return count;
     const char* text = archive_error_string(m_reader);
-    return Fail(text ? QString::fromLocal8Bit(text) : QStringLiteral("libarchive"));
+    return Fail(text ? QString::fromUtf8(text) : QStringLiteral("libarchive"));
   }
 
  private:
@@ -194,7 +194,7 @@ class Walk {
     const auto fault = [&] {
       const char* text = archive_error_string(reader);
       return Broken(path, !bytes.Error().isEmpty() ? bytes.Error()
-                          : text                   ? QString::fromLocal8Bit(text)
+                          : text                   ? QString::fromUtf8(text)
                                                    : QStringLiteral("libarchive"));
     };
     if (archive_read_open(reader, &feed, nullptr, Feed::Give, nullptr) != ARCHIVE_OK) return fault();

@@ -15,6 +15,13 @@ bool IsDark(const QPalette& palette) {
 
 }  // namespace
 
+#ifdef Q_OS_WIN
+// Windows' own style draws light controls on any palette.
+DarkPaletteStyle::DarkPaletteStyle() : QProxyStyle(QStringLiteral("fusion")) {}
+#else
+DarkPaletteStyle::DarkPaletteStyle() = default;
+#endif
+
 void DarkPaletteStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                      const QWidget* widget) const {
   QProxyStyle::drawPrimitive(element, option, painter, widget);

@@ -9,6 +9,7 @@ namespace tremlo {
 class DarkPaletteStyle : public QProxyStyle {
   Q_OBJECT
  public:
+  DarkPaletteStyle();
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget = nullptr) const override;
   void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,

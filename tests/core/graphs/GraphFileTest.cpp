@@ -1,6 +1,8 @@
 #include "core/graphs/GraphFile.h"
 #include "support/TestFolder.h"
 
+#include <QDir>
+
 #include <gtest/gtest.h>
 
 namespace tremlo {
@@ -21,8 +23,8 @@ TEST(GraphFile, AnotherEndingChoosesNone) {
     EXPECT_EQ(PictureFormatOf(name), std::nullopt) << name;
   EXPECT_EQ(
       UnknownPictureText("/a/図.jpg"),
-      QString(
-          "画像を保存できません。ファイル名の末尾は .png、.svg、.pdf のいずれかにしてください。\n/a/図.jpg"));
+      QString("画像を保存できません。ファイル名の末尾は .png、.svg、.pdf のいずれかにしてください。\n") +
+          QDir::toNativeSeparators("/a/図.jpg"));
 }
 
 TEST(GraphFile, TheQuestionsOfferTheFormatsAndProposeTheNameOfTheGraph) {

@@ -316,6 +316,13 @@ TEST_F(HttpClientTest, CertificateOfTheAuthorityIsAccepted) {
   EXPECT_EQ(Answer(), Fixture("fltsearch_C.json"));
 }
 
+TEST_F(HttpClientTest, FileOfTheAuthorityMayHaveAnyName) {
+  const QString copy = folder.Path(QStringLiteral("認証局 é.pem"));
+  ASSERT_TRUE(QFile::copy(service.CertificateFile(), copy));
+  HttpClient client(options, copy);
+  EXPECT_EQ(client.GetToFile(service.Address(kHttps) + kSearch, file), HttpResult::Done);
+}
+
 TEST_F(HttpClientTest, OtherCertificatesAreRefusedBeforeAnythingIsAsked) {
   for (const char* port : {"https-host", "https-expired", "https-foreign"})
     EXPECT_EQ(Fetch(QString::fromLatin1(port)), HttpResult::Failed) << port;

@@ -1,6 +1,7 @@
 #include "core/records/RecordArchive.h"
 #include "core/records/RecordFixtures.h"
 
+#include <QDir>
 #include <QStringList>
 
 #include <archive.h>
@@ -133,7 +134,7 @@ TEST(RecordArchive, NamesInCp932AndBrokenNames) {
 TEST(RecordArchive, ACutGivesWhatStoodBeforeIt) {
   const QString path = FixturePath(QStringLiteral("broken/cut.knt.tar.gz"));
   const std::vector<RecordReading> readings = ReadRecordFile(path);
-  EXPECT_TRUE(readings.back().error.startsWith(path));
+  EXPECT_TRUE(readings.back().error.startsWith(QDir::toNativeSeparators(path)));
   EXPECT_TRUE(readings.back().error.contains(QStringLiteral("途中で切れています")));
   // Whole to the last byte, or not at all.
   for (std::size_t i = 0; i + 1 < readings.size(); ++i)
@@ -246,7 +247,7 @@ TEST(RecordArchive, WithoutFilesThereIsNoRecord) {
   const TestFolder folder;
   const QString path = folder.Write(QStringLiteral("x.tar"), Packed(Pack::Tar, {{"folder/", "", AE_IFDIR}}));
   EXPECT_EQ(ReadRecordFile(path).front().error,
-            path + QStringLiteral(": 書庫に記録が入っていません（「0 個」）。"));
+            QDir::toNativeSeparators(path) + QStringLiteral(": 書庫に記録が入っていません（「0 個」）。"));
 }
 
 TEST(RecordArchive, WhatCameBeforeACutIsGiven) {

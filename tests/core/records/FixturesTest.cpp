@@ -1,6 +1,7 @@
 #include "core/records/RecordFixtures.h"
 #include "core/records/RecordUnit.h"
 
+#include <QDir>
 #include <QStringList>
 
 #include <map>
@@ -110,7 +111,7 @@ TEST(RecordFixtures, EveryFileGivesItsExpectedFigures) {
       const RecordReading& refused = readings.back();
       EXPECT_TRUE(refused.IsRefused());
       EXPECT_TRUE(refused.components.empty());
-      EXPECT_TRUE(refused.error.startsWith(path)) << refused.error.toStdString();
+      EXPECT_TRUE(refused.error.startsWith(QDir::toNativeSeparators(path))) << refused.error.toStdString();
       continue;
     }
     const RecordReading* reading = ReadingOf(readings, row.member);
@@ -198,7 +199,7 @@ TEST(RecordFixtures, TheBrokenOnesAreRefusedWithFileLineAndValue) {
   for (const auto& [name, error] : errors) {
     const QString path = test::FixturePath(QStringLiteral("broken/") + name);
     const RecordReading reading = ReadRecordFile(path).back();
-    EXPECT_TRUE(reading.error.startsWith(path)) << reading.error.toStdString();
+    EXPECT_TRUE(reading.error.startsWith(QDir::toNativeSeparators(path))) << reading.error.toStdString();
     EXPECT_TRUE(reading.error.contains(error)) << reading.error.toStdString();
     EXPECT_TRUE(reading.error.endsWith(QStringLiteral("」）。"))) << reading.error.toStdString();
     EXPECT_TRUE(reading.components.empty());

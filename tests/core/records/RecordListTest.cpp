@@ -5,6 +5,7 @@
 #include "core/records/RecordTerms.h"
 #include "support/TarBytes.h"
 
+#include <QDir>
 #include <QFile>
 
 namespace tremlo {
@@ -131,7 +132,8 @@ TEST(RecordList, AnArchiveThatHasChangedMeanwhileIsRefused) {
   folder.Write(QStringLiteral("a.tar"), test::Fixture(QStringLiteral("kiknet/20000101000000.kik.tar.gz")));
   const LoadedMembers loaded = LoadMembers(path, list, {0}, Always);
   EXPECT_TRUE(loaded.files.empty());
-  EXPECT_EQ(loaded.error, path + QStringLiteral(": 一覧を作った後に書庫の内容が変わりました。"));
+  EXPECT_EQ(loaded.error,
+            QDir::toNativeSeparators(path) + QStringLiteral(": 一覧を作った後に書庫の内容が変わりました。"));
 }
 
 TEST(RecordList, MoreThanASingleFileMayHaveIsNotChosen) {

@@ -18,7 +18,10 @@ class RecentFilesTest : public testing::Test {
   RecentFilesTest() {
     for (const QString& path : recent.Paths()) recent.Remove(path);
   }
-  static QString P(int number) { return QStringLiteral("/あ, ;%/%1 b.trml").arg(number); }
+  /// A whole path; on Windows the drive is a part of it.
+  static QString P(int number) {
+    return QFileInfo(QStringLiteral("/あ, ;%/%1 b.trml").arg(number)).absoluteFilePath();
+  }
   RecentFiles recent;
 };
 

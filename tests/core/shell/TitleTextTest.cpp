@@ -3,6 +3,8 @@
 #include "support/CommaLocale.h"
 #include "support/TestFolder.h"
 
+#include <QDir>
+
 #include <gtest/gtest.h>
 
 namespace tremlo {
@@ -48,8 +50,9 @@ TEST(TitleText, PlacesOfTheTablesAreThoseInUse) {
   for (const char* name : {"DamCoef", "LowSpec"})
     shared.Write(QLatin1String(name) + QStringLiteral("/a.csv"), "");
   EXPECT_EQ(TablePlacesText({own.Path(), {shared.Path()}}),
-            QStringLiteral("DamCoef：") + shared.Path("DamCoef") + QStringLiteral("\nLowSpec：") +
-                own.Path("LowSpec") + QStringLiteral("\nSystemData：") + own.Path("SystemData"));
+            QStringLiteral("DamCoef：") + QDir::toNativeSeparators(shared.Path("DamCoef")) +
+                QStringLiteral("\nLowSpec：") + QDir::toNativeSeparators(own.Path("LowSpec")) +
+                QStringLiteral("\nSystemData：") + QDir::toNativeSeparators(own.Path("SystemData")));
 }
 
 TEST(TitleText, LegalLineNamesProgramAndYear) {
