@@ -2,6 +2,8 @@
 // folder, and passes on standard input, standard output and exit code over the loopback. The port stands in
 // TREMLO_PYTHON_HOST.
 
+#define WIN32_LEAN_AND_MEAN  // else windows.h brings the older winsock.h
+
 #include <cstdlib>
 #include <string>
 #include <thread>
