@@ -117,7 +117,7 @@ class Program:
         """Answers that there is no network, until the first question stands there."""
         def asked():
             windows = self.desktop.windows()
-            if any(400 < width < 1000 and self.is_dialog(name) for _, name, width, _ in windows):
+            if self.top_screen():
                 return True
             if any(width < 400 and self.is_dialog(name) for _, name, width, _ in windows):
                 self.desktop.settle()
@@ -130,15 +130,19 @@ class Program:
         """Chooses the short route."""
         def answered():
             # While it appears it may still move away from a click.
-            windows = self.desktop.windows()
-            if not windows or not self.is_dialog(windows[0][1]):
+            top = self.top_screen()
+            if not top:
                 return True
-            number, _, width, height = windows[0]
+            number, _, width, height = top
             for place in ((0.72, 0.23), (0.925, 0.945)):
                 self.desktop.ask("mousemove", "--window", number, round(place[0] * width), round(place[1] * height), "click", 1)
                 self.desktop.shot("top")
             return False
         wait_until(answered, "the top screen gone")
+
+    def top_screen(self):
+        """Wider than the picture of the start and the boxes, which bear the same name; None when it is not there."""
+        return next((window for window in self.desktop.windows() if 600 < window[2] < 1000 and self.is_dialog(window[1])), None)
 
     @staticmethod
     def is_dialog(name):
