@@ -19,6 +19,8 @@ prepare_wine() {
   [ -e "$WINEPREFIX/ready" ] && return
   echo "Making a folder for Wine"
   wineboot -i >/dev/null 2>&1
+  # The oldest that Qt supports; Wine itself takes an older one.
+  wine winecfg -v win10 >/dev/null 2>&1 || return 1
   # The faces that Windows has, drawn with one that this machine has.
   for face in 'MS Gothic' 'MS UI Gothic' 'Yu Gothic UI' 'Meiryo' 'Meiryo UI' 'ＭＳ ゴシック' 'メイリオ'; do
     wine reg add 'HKCU\Software\Wine\Fonts\Replacements' /v "$face" /d IPAGothic /f >/dev/null 2>&1 || return 1

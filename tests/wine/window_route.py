@@ -323,9 +323,9 @@ def main():
             os.environ["XDG_CONFIG_HOME"] = os.path.join(work, "config")
             work = pathlib.Path(work)
             route(desktop, folder, work)
+            print("seconds to the first window:", *(f"{time:.1f}" for time in first_windows(desktop, folder)))
             if is_windows(folder):
                 dark(desktop, folder, work)
-            print("seconds to the first window:", *(f"{time:.1f}" for time in first_windows(desktop, folder)))
     except (TimeoutError, AssertionError):
         desktop.shot("failed")
         raise
