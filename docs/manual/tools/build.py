@@ -45,8 +45,18 @@ def figure(match, pictures):
     if not path.exists():
         raise SystemExit(f"no picture {path}")
     size = ' class="small"' if small else ""
-    return (f'<figure id="fig-{name}"><img{size} src="{path.resolve().as_uri()}" alt="{html.escape(caption)}">'
+    return (f'<figure id="fig-{name}"><img{size} src="picture:{name}" alt="{html.escape(caption)}">'
             f"<figcaption>{inline(caption)}</figcaption></figure>")
+
+
+def fetcher(pictures):
+    """Pictures by their names: WeasyPrint writes of an address what depends on it into the PDF, and a path differs from
+    one folder to the next."""
+    def fetch(url, *arguments, **named):
+        if url.startswith("picture:"):
+            return {"string": (pictures / f"{url.removeprefix('picture:')}.png").read_bytes(), "mime_type": "image/png"}
+        return weasyprint.default_url_fetcher(url, *arguments, **named)
+    return fetch
 
 
 def inline(text):
@@ -131,7 +141,7 @@ def main():
             + cover(runner) + contents(chapters)
             + "".join(chapter_html(identity, text, call.pictures, runner) for identity, text in chapters) + "</body></html>")
     style = weasyprint.CSS(filename=str(source.MANUAL / "style.css"))
-    document = weasyprint.HTML(string=page, base_url=str(source.MANUAL)).render(stylesheets=[style])
+    document = weasyprint.HTML(string=page, base_url=str(source.MANUAL), url_fetcher=fetcher(call.pictures)).render(stylesheets=[style])
     pages = {anchor: None for anchor in places(chapters)}
     for number, sheet in enumerate(document.pages, 1):
         for anchor in sheet.anchors:
