@@ -1,11 +1,13 @@
 // Another program's window, from which a file can be dragged: the tests' hand for drops. Its title tells how
 // far the drag is: "drag source", "dragging", "accepted" while the place below the pointer would take the
-// file, at last "dropped" or "refused".
+// file, at last "dropped" or "refused", once the other program has fetched the file's name: until then it
+// must not end.
 
 #include <QApplication>
 #include <QDrag>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QUrl>
 #include <QWidget>
 
@@ -30,8 +32,16 @@ class DragSource : public QWidget {
     connect(drag, &QDrag::actionChanged, this, [this](Qt::DropAction action) {
       setWindowTitle(action == Qt::CopyAction ? QStringLiteral("accepted") : QStringLiteral("dragging"));
     });
+    const QPointer<QDrag> open = drag;
     const bool dropped = drag->exec(Qt::CopyAction) == Qt::CopyAction;
-    setWindowTitle(dropped ? QStringLiteral("dropped") : QStringLiteral("refused"));
+    const auto tellEnd = [this, dropped] {
+      setWindowTitle(dropped ? QStringLiteral("dropped") : QStringLiteral("refused"));
+    };
+    // The drag lives until the receiver has said that it is done.
+    if (open)
+      connect(open, &QObject::destroyed, this, tellEnd);
+    else
+      tellEnd();
   }
 
  private:

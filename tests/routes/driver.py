@@ -245,8 +245,9 @@ class Program:
         return None
 
     def has_active_window(self):
-        """By the window manager's account."""
-        told = subprocess.run(["xdotool", "getactivewindow", "getwindowpid"], env=self.desktop.env,
+        """The keys go to one of its windows, by the X server's account: the window manager calls a window active before
+        it has given it the keyboard, and a key pressed in between is lost."""
+        told = subprocess.run(["xdotool", "getwindowfocus", "getwindowpid"], env=self.desktop.env,
                               capture_output=True, text=True)
         return told.stdout.strip() == str(self.process.pid)
 

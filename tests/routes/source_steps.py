@@ -146,15 +146,8 @@ class SourceSteps(route.Route):
     def saved(self, program):
         """The bytes of the project as it stands. A file is there only once it is whole."""
         self.project.unlink()
-
-        def written():
-            # A program that has just begun is within a command still, and refuses the next one.
-            program.keys("ctrl+s")
-            try:
-                return wait_until(self.project.exists, "project saved", 5)
-            except NotReached:
-                return False
-        program.until(written, "project saved")
+        program.keys("ctrl+s")
+        program.until(self.project.exists, "project saved")
         return self.project.read_bytes()
 
     def saved_project(self, program):
