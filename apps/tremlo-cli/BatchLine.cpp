@@ -122,20 +122,21 @@ QStringList BatchLine::LeftFiles() const {
 }
 
 std::optional<SummaryRow> BatchLine::Run(const std::atomic<bool>& stop) const {
+  SummaryRow row;
   try {
-    SummaryRow row = RunToItsEnd(stop);
-    // They stay, as after any run that fails, but nobody is to take them for what this run came to.
-    if (const QStringList left = LeftFiles(); row.status != JobStatus::Converged && !left.isEmpty())
-      row.note += (row.note.isEmpty() ? QString() : QStringLiteral(" ")) +
-                  QStringLiteral("前の計算の結果が残っています：") + left.join(u';');
-    return row;
+    row = RunToItsEnd(stop);
   } catch (const Stopped&) {
     return std::nullopt;
   } catch (const std::exception& failure) {  // memory, for an input of any size
-    SummaryRow row = Row();
+    row = Row();
     row.note = QString::fromUtf8(failure.what());
-    return row;
   }
+  if (row.status == JobStatus::Converged) return row;
+  // They stay, as after any run that fails, but nobody is to take them for what this run came to.
+  if (const QStringList left = LeftFiles(); !left.isEmpty())
+    row.note += (row.note.isEmpty() ? QString() : QStringLiteral(" ")) +
+                QStringLiteral("前の計算の結果が残っています：") + left.join(u';');
+  return row;
 }
 
 }  // namespace tremlo::cli

@@ -52,7 +52,7 @@ check_alignment() {
 
 # test_programs BUILD: runs every test and comparison, tells what each came to, and fails when one did.
 test_programs() {
-  local build=$1 failed=() start
+  local build=$1 failed=()
   prepare_wine || return 1
   WINEPATH=$(libraries_path)
   export WINEPATH

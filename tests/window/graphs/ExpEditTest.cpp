@@ -254,6 +254,20 @@ TEST_F(ExpEditTest, WhatTheAccessibilityBusWritesWithoutTheFocusIsEntered) {
   EXPECT_EQ(edit.text(), "8");
 }
 
+TEST_F(ExpEditTest, WhatTheAccessibilityBusWritesJustBeforeAQuestionIsNotEnteredBehindIt) {
+  edit.SetText(QStringLiteral("4"));
+  Show(EntryKind::Integer, 0, 10);
+  next.setFocus();
+  QAccessible::queryAccessibleInterface(&edit)->setText(QAccessible::Value, QStringLiteral("8"));
+  EXPECT_EQ(edit.text(), "8");
+  QDialog question(&dialog);
+  QTimer::singleShot(0, &question, &QDialog::accept);
+  question.exec();
+  Settle();
+  EXPECT_EQ(edit.text(), "4");
+  EXPECT_THAT(entered, IsEmpty());
+}
+
 TEST_F(ExpEditTest, WhatTheAccessibilityBusWritesIntoTheOpenFieldWaitsUntilItIsLeft) {
   Show(EntryKind::Integer, 0, 10);
   Click(&edit);
