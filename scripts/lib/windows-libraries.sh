@@ -1,10 +1,10 @@
 # The libraries of the Windows build, out of Debian's own source packages. To be sourced by scripts/windows, which exports
 #   cache      folder that keeps what was made between runs; outside the working tree
-#   toolchain  the CMake toolchain file
+#   toolchain  the CMake toolchain file, in cache: the libraries outlive the clone that made them
 #   jobs       how many compilers run at once
 # Made there: sources/<package> (unpacked, Debian's patches applied), build/<library>, prefix (headers, libraries).
 
-packages_windows="g++-mingw-w64-x86-64-posix dpkg-dev cmake ninja-build perl python3 tcl sqlite3 qt6-base-dev qt6-base-dev-tools
+packages_windows="g++-mingw-w64-x86-64-posix dpkg-dev patch cmake ninja-build perl python3 tcl sqlite3 qt6-base-dev qt6-base-dev-tools
   qt6-translations-l10n libeigen3-dev picojson-dev librsvg2-bin googletest"
 
 triplet=x86_64-w64-mingw32
@@ -27,11 +27,17 @@ source_apt() {
     -o Dir::State::lists="$apt/lists" -o Dir::Cache="$apt/cache" -o APT::Sandbox::User="$(id -un)" "$@"
 }
 
+# patches_of PACKAGE: what is mended here in a source package beyond Debian's patches.
+patches_of() {
+  cat "scripts/lib/patches/$1"/*.patch 2>/dev/null
+}
+
 # fetch PACKAGE: downloads the newest version of the source package that the archive really holds, and unpacks it with
-# Debian's patches into sources/PACKAGE; sources/PACKAGE.version tells which. A package that is there is kept.
+# Debian's patches and our own into sources/PACKAGE; sources/PACKAGE.version tells which. A package that is there is
+# kept while our patches are the same.
 fetch() {
   local package=$1 version
-  [ -e "$cache/sources/$package.version" ] && return
+  [ -e "$cache/sources/$package.version" ] && [ "$(cat "$cache/sources/$package.patches")" = "$(patches_of "$package")" ] && return
   if [ -z "${lists_are_fresh:-}" ]; then
     source_apt get update -qq || return 1
     lists_are_fresh=yes
@@ -43,6 +49,8 @@ fetch() {
       rm -rf "${cache:?}/sources/$package"
       # The signature of the index that led here was checked; the packager's own key need not be on this machine.
       (cd "$cache/download/$package" && dpkg-source --no-check -x ./*.dsc "$cache/sources/$package") || return 1
+      patches_of "$package" | patch -d "$cache/sources/$package" -p1 --batch --forward --quiet || return 1
+      patches_of "$package" >"$cache/sources/$package.patches"
       echo "$version" >"$cache/sources/$package.version"
       return
     fi
@@ -56,7 +64,7 @@ fetch() {
 library() {
   local name=$1 source=$2 recipe=$3 state log=$cache/$1.log start=$SECONDS
   fetch "$source" || return 1
-  state=$(cat "$cache/sources/$source.version"; declare -f "$recipe"; $cxx --version)
+  state=$(cat "$cache/sources/$source.version" "$cache/sources/$source.patches"; declare -f "$recipe"; $cxx --version)
   if [[ $state == *for_windows* ]]; then state+=$(declare -f for_windows; cat "$toolchain"); fi
   if [ "$(cat "$cache/build/$name.made" 2>/dev/null)" = "$state" ]; then return; fi
   echo "Building $name $(cat "$cache/sources/$source.version") (log: $log)"
