@@ -74,8 +74,9 @@ void RefuseTooLarge(const RecordText& text, RecordReading& reading) {
 }
 
 QString NameInMessages(const QString& file, const QString& member) {
-  if (member.isEmpty()) return file;
-  return file + QStringLiteral("（%1）").arg(WithoutControls(member));
+  const QString shown = QDir::toNativeSeparators(file);
+  if (member.isEmpty()) return shown;
+  return shown + QStringLiteral("（%1）").arg(WithoutControls(member));
 }
 
 }  // namespace
