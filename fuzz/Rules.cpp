@@ -19,14 +19,28 @@ QList<QByteArray> Lines(const QByteArray& content) {
   return lines;
 }
 
+/// Where text ends that begins with a NaN, by the C standard: some libraries take more than letters, digits
+/// and the underscore between the brackets.
+const char* EndOfNan(const char* at) {
+  while (*at != 'n' && *at != 'N') ++at;
+  at += 3;
+  if (*at != '(') return at;
+  const char* inside = at + 1;
+  while ((*inside >= '0' && *inside <= '9') || (*inside >= 'A' && *inside <= 'Z') ||
+         (*inside >= 'a' && *inside <= 'z') || *inside == '_')
+    ++inside;
+  return *inside == ')' ? inside + 1 : at;
+}
+
 /// Overwrites the values that the line yields.
 void ScanLine(const QByteArray& line, std::vector<double>& values) {
   const char* at = line.constData();
   for (double& value : values) {
-    char* end = nullptr;
-    const double number = std::strtod(at, &end);
-    if (end == at) return;
+    char* scanned = nullptr;
+    const double number = std::strtod(at, &scanned);
+    if (scanned == at) return;
     value = number;
+    const char* const end = std::isnan(number) ? EndOfNan(at) : scanned;
     if (*end != ',') return;
     at = end + 1;
   }

@@ -2,6 +2,7 @@
 
 #include "Arguments.h"
 #include "Command.h"
+#include "core/files/FileFault.h"
 #include "core/waves/WaveFile.h"
 
 #include <cmath>
@@ -20,7 +21,7 @@ bool ReadTarget(const QString& path, std::vector<double>& periods, std::vector<d
     return false;
   }
   if (pairs == 0) {
-    error = path + QStringLiteral(": スペクトルのデータがありません。");
+    error = FileFault(path, QStringLiteral("スペクトルのデータがありません。"));
     return false;
   }
   PutLongestFirst(periods, target);

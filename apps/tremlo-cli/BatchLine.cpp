@@ -3,6 +3,7 @@
 #include "AdjustJob.h"
 #include "Arguments.h"
 #include "Command.h"
+#include "core/files/FileFault.h"
 #include "core/waves/WaveFile.h"
 #include "numeric/waves/ResponseSpectrum.h"
 #include "numeric/waves/WaveFigures.h"
@@ -76,7 +77,7 @@ SummaryRow BatchLine::RunToItsEnd(const std::atomic<bool>& stop) const {
   QStringList warnings;
   if (job.Read(arguments, row.note, warnings) != kDone) return row;
   if (!known) {
-    row.note = SeedPath() + QStringLiteral(": 読んでいる間に変わりました。");
+    row.note = FileFault(SeedPath(), QStringLiteral("読んでいる間に変わりました。"));
     return row;
   }
   Adjustment result = job.Run([&](const FitFigures&) {
@@ -98,7 +99,7 @@ SummaryRow BatchLine::RunToItsEnd(const std::atomic<bool>& stop) const {
                   result.periods, result.spectrum);
   if (const auto failed = WriteWholeFiles(files)) {
     row = Row();
-    row.note = *failed + QStringLiteral(": ファイルを保存できませんでした。");
+    row.note = FileFault(*failed, QStringLiteral("ファイルを保存できませんでした。"));
     return row;
   }
   for (const FileContent& file : files) {

@@ -4,6 +4,7 @@
 #include "FiguresJson.h"
 #include "Output.h"
 #include "RecordInput.h"
+#include "core/files/FileFault.h"
 #include "core/waves/FiguresText.h"
 #include "core/waves/WaveFile.h"
 #include "numeric/waves/ResponseSpectrum.h"
@@ -68,7 +69,7 @@ int Run(const Arguments& arguments) {
   const int status = job.Read(arguments, error, warnings);
   if (status != kDone) return status == kBadCommandLine ? FailUsage(error) : Fail(status, error);
   for (const QString& warning : warnings)
-    Fail(kDone, arguments.Text("seed") + QStringLiteral(": 警告：") + warning);
+    Fail(kDone, FileFault(arguments.Text("seed"), QStringLiteral("警告：") + warning));
 
   const WaveInput& seed = job.seed;
   Adjustment result;
@@ -91,7 +92,7 @@ int Run(const Arguments& arguments) {
         ExportFiles(SplitSavePath(arguments.Text("out")), seed.name, seed.timeStep, result.acc,
                     result.periods, result.spectrum);
     if (const auto failed = WriteWholeFiles(files))
-      return Fail(kBadFile, *failed + QStringLiteral(": ファイルを保存できませんでした。"));
+      return Fail(kBadFile, FileFault(*failed, QStringLiteral("ファイルを保存できませんでした。")));
   }
   if (arguments.WantsJson()) {
     PrintObject(seed, result);

@@ -6,6 +6,7 @@
 #include "core/batch/BatchPart.h"
 #include "core/batch/BatchWorkers.h"
 #include "core/batch/SummaryTable.h"
+#include "core/files/FileFault.h"
 
 #include <QFileInfo>
 #include <QHash>
@@ -251,11 +252,11 @@ int Run(const Arguments& arguments) {
   QByteArray content;
   JobTable table;
   if (!ReadWholeFile(settings.jobsFile, content))
-    return Fail(kBadFile, settings.jobsFile + QStringLiteral(": ファイルを開けませんでした。"));
+    return Fail(kBadFile, FileFault(settings.jobsFile, QStringLiteral("ファイルを開けませんでした。")));
   if (const auto fault = ParseJobs(content, LineOptions(), table))
-    return Fail(kBadFile, settings.jobsFile + QStringLiteral(": ") + *fault);
+    return Fail(kBadFile, FileFault(settings.jobsFile, *fault));
   if (!QDir().mkpath(settings.outFolder))
-    return Fail(kBadFile, settings.outFolder + QStringLiteral(": フォルダを作れませんでした。"));
+    return Fail(kBadFile, FileFault(settings.outFolder, QStringLiteral("フォルダを作れませんでした。")));
 
   const QDir out(QFileInfo(settings.outFolder).canonicalFilePath());
   const QDir folder(QFileInfo(settings.jobsFile).absolutePath());
@@ -273,7 +274,8 @@ int Run(const Arguments& arguments) {
     const Interruption interruption;
     const bool written = batch.Run(static_cast<unsigned>(settings.threads), interruption.Flag());
     interruption.EndIfRaised();
-    if (!written) return Fail(kBadFile, summaryPath + QStringLiteral(": ファイルを保存できませんでした。"));
+    if (!written)
+      return Fail(kBadFile, FileFault(summaryPath, QStringLiteral("ファイルを保存できませんでした。")));
   }
   batch.PrintNotes(settings.jobsFile);
   PrintOutcome(batch, summaryPath, arguments.WantsJson());

@@ -3,6 +3,7 @@
 #include "Output.h"
 #include "RecordJson.h"
 #include "TablesInput.h"
+#include "core/files/FileFault.h"
 #include "core/location/FaultSearchRequest.h"
 #include "core/location/HazardTables.h"
 #include "core/location/PlaneZone.h"
@@ -185,7 +186,7 @@ std::optional<QString> ReadInputs(const Arguments& arguments, FaultAcquisitionIn
   if (arguments.IsSet("ca-file")) {
     settings.certificateFile = arguments.Text("ca-file");
     if (!QFileInfo(settings.certificateFile).isFile())
-      return settings.certificateFile + QStringLiteral(": 証明書のファイルを開けません。");
+      return FileFault(settings.certificateFile, QStringLiteral("証明書のファイルを開けません。"));
   }
   if (input.mode != kAcquireRange) return std::nullopt;
   CMorvaneDoc doc(arguments.Folders());
@@ -213,8 +214,7 @@ int Run(const Arguments& arguments) {
   if (const auto failure = ReadInputs(arguments, input, settings)) return Fail(kBadFile, *failure);
   const QTemporaryDir answers;
   if (!answers.isValid())
-    return Fail(kBadFile, QDir::toNativeSeparators(QDir::tempPath()) +
-                              QStringLiteral(": 一時フォルダを作れませんでした。"));
+    return Fail(kBadFile, FileFault(QDir::tempPath(), QStringLiteral("一時フォルダを作れませんでした。")));
   settings.answerFolder = answers.path();
 
   KeptMessages messages;

@@ -3,6 +3,7 @@
 #include "Output.h"
 #include "RecordInput.h"
 #include "WaveInput.h"
+#include "core/files/FileFault.h"
 #include "core/waves/WaveFile.h"
 #include "numeric/waves/FourierSpectrum.h"
 
@@ -31,7 +32,7 @@ int Run(const Arguments& arguments) {
   const QString out = arguments.Text("out");
   if (arguments.IsSet("out") && !periods.empty() &&
       !WriteCsv(out, FourierName(wave.name), wave.timeStep, periods, amplitudes))
-    return Fail(kBadFile, out + QStringLiteral(": ファイルを保存できませんでした。"));
+    return Fail(kBadFile, FileFault(out, QStringLiteral("ファイルを保存できませんでした。")));
 
   if (arguments.WantsJson()) {
     JsonWriter json;

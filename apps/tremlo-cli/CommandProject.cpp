@@ -4,6 +4,7 @@
 #include "ProjectInput.h"
 #include "RecordJson.h"
 #include "TablesInput.h"
+#include "core/files/FileFault.h"
 #include "core/project/ProjectFile.h"
 
 namespace tremlo::cli {
@@ -16,7 +17,7 @@ QList<QCommandLineOption> Options() {
 
 int Save(CMorvaneDoc& doc, const QString& path, const Arguments& arguments) {
   if (!SaveProject(doc, path))
-    return Fail(kBadFile, path + QStringLiteral(": ファイルを保存できませんでした。"));
+    return Fail(kBadFile, FileFault(path, QStringLiteral("ファイルを保存できませんでした。")));
   if (arguments.WantsJson()) {
     JsonWriter json;
     json.BeginObject();

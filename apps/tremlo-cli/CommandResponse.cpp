@@ -4,6 +4,7 @@
 #include "Output.h"
 #include "RecordInput.h"
 #include "WaveInput.h"
+#include "core/files/FileFault.h"
 #include "core/waves/FiguresText.h"
 #include "core/waves/WaveFile.h"
 #include "numeric/waves/ResponseSpectrum.h"
@@ -37,7 +38,7 @@ int Run(const Arguments& arguments) {
   const QString out = arguments.Text("out");
   if (arguments.IsSet("out") && !periods.empty() &&
       !WriteCsv(out, AccSpecName(wave.name), wave.timeStep, periods, accSpec))
-    return Fail(kBadFile, out + QStringLiteral(": ファイルを保存できませんでした。"));
+    return Fail(kBadFile, FileFault(out, QStringLiteral("ファイルを保存できませんでした。")));
 
   const WaveFigures figures = ComputeWaveFigures(wave.acc, wave.timeStep);
   if (arguments.WantsJson()) {

@@ -2,6 +2,7 @@
 
 #include "Command.h"
 #include "Output.h"
+#include "core/files/FileFault.h"
 #include "core/project/ProjectFile.h"
 
 namespace tremlo::cli {
@@ -11,13 +12,12 @@ int OpenInput(CMorvaneDoc& doc, const QString& path) {
     case OpenResult::kOpened:
       return kDone;
     case OpenResult::kBroken:
-      return Fail(kBadFile,
-                  path + QStringLiteral(
-                             ": プロジェクトファイルとして読めません。途中で切れているか、壊れています。"));
+      return Fail(kBadFile, FileFault(path, QStringLiteral("プロジェクトファイルとして読めません。"
+                                                           "途中で切れているか、壊れています。")));
     case OpenResult::kUnreadable:
       break;
   }
-  return Fail(kBadFile, path + QStringLiteral(": ファイルを開けませんでした。"));
+  return Fail(kBadFile, FileFault(path, QStringLiteral("ファイルを開けませんでした。")));
 }
 
 }  // namespace tremlo::cli

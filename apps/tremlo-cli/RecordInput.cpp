@@ -2,6 +2,7 @@
 
 #include "Arguments.h"
 #include "Command.h"
+#include "core/files/FileFault.h"
 #include "core/records/RecordUnit.h"
 
 #include <QStringList>
@@ -160,7 +161,7 @@ int RecordInput::Read(const QString& path, const RecordOptions& options, QString
     return options.member.isEmpty() ? members.size() == 1 : member == options.member;
   });
   const auto missing = [&](const QString& text) {
-    error = path + QStringLiteral(": ") + text;
+    error = FileFault(path, text);
     return kBadCommandLine;
   };
   // What else it held nobody knows: without a name there is no choice to make.

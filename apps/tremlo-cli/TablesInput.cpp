@@ -1,6 +1,6 @@
 #include "TablesInput.h"
 
-#include <QDir>
+#include "core/files/FileFault.h"
 
 namespace tremlo::cli {
 
@@ -8,7 +8,7 @@ std::optional<QString> LoadTables(CMorvaneDoc& doc) {
   auto failure = CheckTableFolders(doc.Folders());
   if (!failure) failure = doc.ResetDocument();
   if (!failure) return std::nullopt;
-  return QDir::toNativeSeparators(failure->place) + QStringLiteral(": ") + failure->text;
+  return FileFault(failure->place, failure->text);
 }
 
 }  // namespace tremlo::cli

@@ -3,6 +3,7 @@
 #include "Command.h"
 #include "Output.h"
 #include "RecordInput.h"
+#include "core/files/FileFault.h"
 #include "core/files/WholeFile.h"
 #include "core/records/DetectFormat.h"
 #include "core/records/RecordArchive.h"
@@ -31,15 +32,15 @@ bool WaveInput::ReadOwn(const QString& path, QString& error) {
     return false;
   }
   if (name.isEmpty()) {
-    error = path + QStringLiteral(": 1行目が「波形名, 時間間隔, 1」ではありません。");
+    error = FileFault(path, QStringLiteral("1行目が「波形名, 時間間隔, 1」ではありません。"));
     return false;
   }
   if (!std::isfinite(timeStep) || timeStep <= 0.0) {
-    error = path + QStringLiteral(": 1行目の時間間隔が正の数値ではありません。");
+    error = FileFault(path, QStringLiteral("1行目の時間間隔が正の数値ではありません。"));
     return false;
   }
   if (samples.empty()) {
-    error = path + QStringLiteral(": 加速度のデータがありません。");
+    error = FileFault(path, QStringLiteral("加速度のデータがありません。"));
     return false;
   }
   acc = WithoutBlanks(samples);
@@ -51,7 +52,7 @@ int WaveInput::Read(const QString& path, const Arguments& arguments) {
   QStringList warnings;
   const int status = Read(path, arguments, error, warnings);
   if (status != kDone) return status == kBadCommandLine ? FailUsage(error) : Fail(status, error);
-  for (const QString& warning : warnings) Fail(kDone, path + QStringLiteral(": 警告：") + warning);
+  for (const QString& warning : warnings) Fail(kDone, FileFault(path, QStringLiteral("警告：") + warning));
   return kDone;
 }
 

@@ -2,6 +2,7 @@
 #include "Output.h"
 #include "ProjectInput.h"
 #include "StandardStreams.h"
+#include "core/files/FileFault.h"
 #include "core/files/WholeFile.h"
 #include "core/report/ReportFacts.h"
 #include "core/report/ReportWave.h"
@@ -47,15 +48,15 @@ int WriteReport(const ReportCall& call) {
   CMorvaneDoc doc(call.folders);
   if (const int status = OpenInput(doc, call.project); status != kDone) return status;
   if (!OffersReport(doc))
-    return Fail(kBadFile, call.project + QStringLiteral(": 調整後の波形がありません。"));
+    return Fail(kBadFile, FileFault(call.project, QStringLiteral("調整後の波形がありません。")));
   std::vector<DamCoefSet> sets;
   const std::optional<TableFailure> failure = LoadDamCoefFolder(doc.Folders(), sets);
   const VerifyReport check = VerifyProject(doc, failure);
   const ReportFacts facts = GatherReportFacts(doc, call.date);
   const std::optional<QByteArray> pdf = ReportPdf(doc, facts, check);
-  if (!pdf) return Fail(kBadFile, call.report + QStringLiteral(": 報告書を作成できませんでした。"));
+  if (!pdf) return Fail(kBadFile, FileFault(call.report, QStringLiteral("報告書を作成できませんでした。")));
   if (!WriteWholeFile(call.report, {pdf->constData(), static_cast<std::size_t>(pdf->size())}))
-    return Fail(kBadFile, call.report + QStringLiteral(": ファイルを保存できませんでした。"));
+    return Fail(kBadFile, FileFault(call.report, QStringLiteral("ファイルを保存できませんでした。")));
   PrintLine(QStringLiteral("保存しました：") + call.report);
   if (facts.sampleTables) PrintSampleNotice(doc.Folders());
   return kDone;
@@ -92,7 +93,7 @@ int Main(const QStringList& words) {
   try {
     return WriteReport(call);
   } catch (const std::exception& failure) {  // memory, for a project of any size
-    return Fail(kBadFile, call.project + QStringLiteral(": ") + QString::fromUtf8(failure.what()));
+    return Fail(kBadFile, FileFault(call.project, QString::fromUtf8(failure.what())));
   }
 }
 

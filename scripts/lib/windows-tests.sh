@@ -14,8 +14,10 @@ prepare_wine() {
   # The shell itself cannot use it.
   { export LOCPATH=$locales LC_ALL=ja_JP.UTF-8; } 2>/dev/null
   unset DISPLAY http_proxy https_proxy all_proxy HTTPS_PROXY ALL_PROXY
-  # One that stays: each program would start another else.
+  # One that stays: each program would start another else. What runs beside it holds the output of the first program
+  # open for as long as it stays.
   wineserver -p >/dev/null 2>&1 </dev/null
+  wine cmd /c exit >/dev/null 2>&1 </dev/null
   [ -e "$WINEPREFIX/ready" ] && return
   echo "Making a folder for Wine"
   wineboot -i >/dev/null 2>&1

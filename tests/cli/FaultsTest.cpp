@@ -2,6 +2,7 @@
 #include "support/LocalService.h"
 #include "support/TestFolder.h"
 
+#include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -344,15 +345,22 @@ TEST_F(FaultsCommandTest, DiskThatIsFullIsStatusTwo) {
 /// The folder for temporary files, for the length of a test.
 class TemporaryFolder {
  public:
-  explicit TemporaryFolder(const QString& path) : m_before(qgetenv("TMPDIR")) {
-    qputenv("TMPDIR", path.toUtf8());
+  explicit TemporaryFolder(const QString& path) : m_before(qEnvironmentVariable(kVariable)) {
+    qputenv(kVariable, QDir::toNativeSeparators(path).toLocal8Bit());
   }
-  ~TemporaryFolder() { m_before.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", m_before); }
+  ~TemporaryFolder() {
+    m_before.isNull() ? qunsetenv(kVariable) : qputenv(kVariable, m_before.toLocal8Bit());
+  }
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
  private:
-  QByteArray m_before;
+#ifdef Q_OS_WIN
+  static constexpr const char* kVariable = "TMP";
+#else
+  static constexpr const char* kVariable = "TMPDIR";
+#endif
+  QString m_before;
 };
 
 TEST_F(FaultsCommandTest, AnswersLeaveNoFileBehind) {
@@ -369,7 +377,8 @@ TEST_F(FaultsCommandTest, WithoutRoomForAnswersTheFolderIsNamedInJapanese) {
   const TemporaryFolder temporary(file);
   const CliResult result = Run(kJson);
   ExpectFailure(result, 2, "");
-  EXPECT_EQ(QString::fromUtf8(result.err), file + QStringLiteral(": 一時フォルダを作れませんでした。\n"));
+  EXPECT_EQ(QString::fromUtf8(result.err),
+            QDir::toNativeSeparators(file) + QStringLiteral(": 一時フォルダを作れませんでした。\n"));
 }
 
 }  // namespace

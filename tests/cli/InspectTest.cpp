@@ -1,6 +1,7 @@
 #include "support/CliRun.h"
 #include "support/TestFolder.h"
 
+#include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
 
@@ -128,7 +129,7 @@ TEST(InspectCommand, WhatIsNoFileIsRefused) {
   const CliResult missing = RunCli({"inspect", folder.Path("none"), "--json"});
   EXPECT_EQ(missing.status, 2);
   EXPECT_EQ(Files(missing)[0].toObject()["error"].toString(),
-            folder.Path("none") + QStringLiteral(": ファイルを開けません。"));
+            QDir::toNativeSeparators(folder.Path("none")) + QStringLiteral(": ファイルを開けません。"));
   EXPECT_EQ(RunCli({"inspect", folder.Path()}).status, 2);
   EXPECT_EQ(RunCli({"inspect"}).status, 1);
 }

@@ -3,6 +3,7 @@
 #include "support/SmallProject.h"
 #include "support/TestFolder.h"
 
+#include <QDir>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QProcess>
@@ -73,7 +74,8 @@ TEST(CliProject, NewTakesTheTablesBesideTheProgram) {
 TEST(CliProject, NewWithoutARequiredTableWritesNothing) {
   const TestFolder folder;
   const QString path = folder.Path(QStringLiteral("p.trml"));
-  ExpectRefused(RunCli(Words("project new --data") << folder.Path() << path), 2, folder.Path());
+  ExpectRefused(RunCli(Words("project new --data") << folder.Path() << path), 2,
+                QDir::toNativeSeparators(folder.Path()));
   EXPECT_TRUE(folder.Names().isEmpty());
 }
 

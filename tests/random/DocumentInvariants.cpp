@@ -43,7 +43,8 @@ void CheckBase(const CMorvaneDoc& doc, Sentences& broken) {
     for (const QString& label : labels) text += " " + label.toStdString();
     broken.push_back(text);
   }
-  if (doc.baseSpectrumName.isEmpty() && !labels.empty())
+  // A damaged file may bring waves without a name; a base of that name is none.
+  if (doc.baseSpectrumName.isEmpty() && !labels.empty() && !labels.begin()->isEmpty())
     broken.push_back("a base spectrum is marked, but none is named: " + labels.begin()->toStdString());
   if (!doc.baseSpectrumName.isEmpty() && labels.empty())
     broken.push_back("a base spectrum is named, but none is marked: " + doc.baseSpectrumName.toStdString());

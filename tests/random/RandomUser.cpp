@@ -286,7 +286,7 @@ void RandomUser::CheckDocument() {
   for (const std::string& sentence : ScreenDisagreements(*m_app->Frame(), doc, m_app->Procedure()))
     Fail(NameOf(*m_app->Frame()->ScreenOnDisplay()).toStdString() + ": " + sentence);
   // Of waves that share a name, which a damaged file may bring, the file holds the first alone.
-  if (m_random.Percent(kRoundTripPercent) && m_broughtByFile.empty() && !HasNamesakes(doc))
+  if (m_random.Percent(kRoundTripPercent) && !HasNamesakes(doc))
     if (const std::string failure = RoundTripFailure(doc); !failure.empty()) Fail(failure);
   m_before.emplace(doc);
   CountStates();

@@ -1,5 +1,6 @@
 #include "core/records/ReadRecord.h"
 
+#include "core/files/FileFault.h"
 #include "core/records/DetectFormat.h"
 #include "core/records/RecordArchive.h"
 #include "core/records/RecordFindings.h"
@@ -134,7 +135,7 @@ void WalkRecords(const QString& path, const RecordAnswers& answers,
   const auto refuse = [&](const QString& reason) {
     RecordReading reading;
     reading.file = path;
-    reading.error = QDir::toNativeSeparators(path) + QStringLiteral(": ") + reason;
+    reading.error = FileFault(path, reason);
     take(std::move(reading));
   };
   QFile file(path);

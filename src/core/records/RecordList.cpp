@@ -1,9 +1,9 @@
 #include "core/records/RecordList.h"
 
+#include "core/files/FileFault.h"
 #include "core/records/ReadRecord.h"
 #include "core/records/RecordArchive.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QStringList>
@@ -45,12 +45,8 @@ double ShareOf(const QFile& file) {
   return file.size() > 0 ? static_cast<double>(file.pos()) / static_cast<double>(file.size()) : 1.0;
 }
 
-QString Of(const QString& path, const QString& fault) {
-  return QDir::toNativeSeparators(path) + QStringLiteral(": ") + fault;
-}
-
 QString CannotOpen(const QString& path) {
-  return Of(path, QStringLiteral("ファイルを開けません。"));
+  return FileFault(path, QStringLiteral("ファイルを開けません。"));
 }
 
 }  // namespace
@@ -67,9 +63,9 @@ MemberList ListMembers(const QString& path, const GoOn& goOn) {
     list.ended = !goOn(static_cast<int>(list.members.size()), ShareOf(file));
     return !list.ended;
   });
-  if (!outcome.error.isEmpty()) list.error = Of(path, outcome.error);
+  if (!outcome.error.isEmpty()) list.error = FileFault(path, outcome.error);
   if (list.error.isEmpty() && list.members.empty())
-    list.error = Of(path, QStringLiteral("記録が入っていません。"));
+    list.error = FileFault(path, QStringLiteral("記録が入っていません。"));
   return list;
 }
 
@@ -80,7 +76,7 @@ LoadedMembers LoadMembers(const QString& path, const MemberList& list, const std
   for (const std::size_t place : chosen) bytesOfAll += list.members.at(place).bytes;
   const auto refuse = [&](const QString& error) {
     loaded.files.clear();
-    loaded.error = Of(path, error);
+    loaded.error = FileFault(path, error);
     return loaded;
   };
   if (bytesOfAll > kMostChosenBytes)

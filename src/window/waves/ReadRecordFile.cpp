@@ -1,5 +1,6 @@
 #include "window/waves/ReadRecordFile.h"
 
+#include "core/files/FileFault.h"
 #include "core/files/WholeFile.h"
 #include "core/records/RecordArchive.h"
 #include "core/records/RecordFilter.h"
@@ -9,7 +10,6 @@
 #include "window/waves/DlgReadRecord.h"
 #include "window/waves/DlgSelectMembers.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -66,9 +66,8 @@ std::vector<ImportedWave> ReadArchive(const QString& path, const RecordDoor& doo
   if (!ReadBehindDialog(door.parent, [&](const GoOn& goOn) { list = ListMembers(path, goOn); })) return {};
   if (std::none_of(list.members.begin(), list.members.end(),
                    [](const ListedMember& member) { return member.isRecord; })) {
-    door.prompt.Tell(list.error.isEmpty()
-                         ? QDir::toNativeSeparators(path) + QStringLiteral(": 記録が入っていません。")
-                         : list.error);
+    door.prompt.Tell(list.error.isEmpty() ? FileFault(path, QStringLiteral("記録が入っていません。"))
+                                          : list.error);
     return {};
   }
   const std::vector<std::size_t> chosen = ChooseMembers(list, door);

@@ -25,7 +25,7 @@ TEST_F(UpdateCheckTest, AbsentCheckerIsNoStart) {
 }
 
 TEST_F(UpdateCheckTest, FileThatCannotBeRunIsNoStart) {
-  folder.Write(QStringLiteral("UpdateChecker.exe"), "#!/bin/sh\n");
+  folder.Write(QStringLiteral("UpdateChecker.exe"), "no program\n");
   EXPECT_EQ(StartUpdateCheck(true), 1);
 }
 

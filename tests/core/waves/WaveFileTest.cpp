@@ -129,7 +129,8 @@ TEST_F(WaveFileTest, AFileThatCannotBeOpenedChangesNothing) {
     Wave wave;
     const auto message = ReadWaveFile(path, wave.name, wave.timeStep, wave.acc);
     ASSERT_TRUE(message);
-    EXPECT_EQ(*message, path + QStringLiteral("を開けません。（読み取りオープン）"));
+    EXPECT_EQ(*message,
+              QDir::toNativeSeparators(path) + QStringLiteral("を開けません。（読み取りオープン）"));
     EXPECT_EQ(wave.name, QString("before"));
     EXPECT_EQ(wave.acc, std::vector<double>{7.0});
     std::vector<double> periods = {7.0};
