@@ -14,8 +14,8 @@ prepare_wine() {
   # The shell itself cannot use it.
   { export LOCPATH=$locales LC_ALL=ja_JP.UTF-8; } 2>/dev/null
   unset DISPLAY http_proxy https_proxy all_proxy HTTPS_PROXY ALL_PROXY
-  # One that stays: each program would start another else. What runs beside it holds the output of the first program
-  # open for as long as it stays.
+  # A server that stays, and its services, which a program of their own starts: they would hold the output of the first
+  # test open.
   wineserver -p >/dev/null 2>&1 </dev/null
   wine cmd /c exit >/dev/null 2>&1 </dev/null
   [ -e "$WINEPREFIX/ready" ] && return

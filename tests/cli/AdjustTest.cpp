@@ -4,6 +4,7 @@
 #include "support/IndependentFigures.h"
 #include "support/TestFolder.h"
 
+#include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
 
@@ -174,7 +175,8 @@ TEST(AdjustCommand, AnOutputThatCannotBeWrittenLeavesAllOlderFiles) {
   const CliResult result =
       RunCli({"adjust", "--seed", kSeed, "--target", kTarget, "--out", folder.Path("y.csv")});
   EXPECT_EQ(result.status, 2);
-  EXPECT_TRUE(result.err.startsWith(folder.Path("y_FFT.csv").toUtf8())) << result.err.toStdString();
+  EXPECT_TRUE(result.err.startsWith(QDir::toNativeSeparators(folder.Path("y_FFT.csv")).toUtf8()))
+      << result.err.toStdString();
   EXPECT_EQ(test::ReadAll(folder.Path("y.csv")), QByteArray("old"));
   EXPECT_EQ(folder.Names(), (QStringList{"y.csv", "y_FFT.csv"}));
 }

@@ -1,6 +1,7 @@
 #include "support/CliRun.h"
 #include "support/TestFolder.h"
 
+#include <QDir>
 #include <QJsonDocument>
 
 #include <gtest/gtest.h>
@@ -138,7 +139,7 @@ TEST(RecordInput, ARefusedRecordEndsWithTwo) {
   for (const char* command : {"response", "fourier"}) {
     const CliResult result = RunCli({command, path});
     EXPECT_EQ(result.status, 2);
-    EXPECT_EQ(result.err, path.toUtf8() + ": 28行目：84番目の値が整数ではありません（「NaN」）。\n");
+    EXPECT_EQ(result.err, QDir::toNativeSeparators(path).toUtf8() + ": 28行目：84番目の値が整数ではありません（「NaN」）。\n");
   }
 }
 
@@ -147,7 +148,7 @@ TEST(RecordInput, WarningsGoToStandardError) {
   const CliResult result = RunCli({"response", path, "--json"});
   EXPECT_EQ(result.status, 0);
   EXPECT_TRUE(
-      result.err.startsWith(path.toUtf8() + ": 警告：点数：ファイルの記載は 300 点、実際は 280 点です。\n"));
+      result.err.startsWith(QDir::toNativeSeparators(path).toUtf8() + ": 警告：点数：ファイルの記載は 300 点、実際は 280 点です。\n"));
 }
 
 TEST(RecordInput, AdjustTakesARecordAsSeed) {

@@ -2,6 +2,8 @@
 #include "core/records/RecordImport.h"
 #include "core/records/RecordUnit.h"
 
+#include <QDir>
+
 #include <numeric>
 
 namespace tremlo {
@@ -190,7 +192,8 @@ TEST(RecordImport, ARefusedFileIsNamedWithLineAndValue) {
   const RecordImport import = ImportOf("broken/letter_in_data.EW");
   ASSERT_TRUE(import.Fault());
   EXPECT_EQ(import.Fault()->field, ImportFault::Format);
-  EXPECT_TRUE(import.Fault()->text.startsWith(FixturePath(QStringLiteral("broken/letter_in_data.EW"))));
+  EXPECT_TRUE(import.Fault()->text.startsWith(
+      QDir::toNativeSeparators(FixturePath(QStringLiteral("broken/letter_in_data.EW")))));
   EXPECT_TRUE(import.Fault()->text.contains(QStringLiteral("22行目")));
 }
 

@@ -60,7 +60,12 @@ TEST_F(SystemTablesTest, CoefficientsOfAFolderStandInTheOrderOfTheListing) {
   ASSERT_FALSE(LoadDamCoefFolder(m_folder.Path(), sets));
   QStringList titles;
   for (const DamCoefSet& set : sets) titles << set.title;
+#ifdef Q_OS_WIN
+  // There "b" and "B" are one file, under the name that came first.
+  EXPECT_EQ(titles, (QStringList{"10", "9", "a", "B", "C"}));
+#else
   EXPECT_EQ(titles, (QStringList{"10", "9", "a", "B", "b", "C"}));
+#endif
 }
 
 TEST_F(SystemTablesTest, AFolderOfTheUsersIsNeverFilledUpFromAnother) {
@@ -130,7 +135,8 @@ TEST_F(SystemTablesTest, EveryMissingTableIsToldByItsName) {
 
 TEST_F(SystemTablesTest, RequiredNamesAreComparedExactly) {
   test::CopyTables(m_folder);
-  QFile::rename(m_folder.Path("LowSpec/h17.csv"), m_folder.Path("LowSpec/H17.csv"));
+  ASSERT_TRUE(QFile::remove(m_folder.Path("LowSpec/h17.csv")));
+  m_folder.Write(QStringLiteral("LowSpec/H17.csv"), "other\n1,2\n");
   ExpectFailure(CheckTableFolders(m_folder.Path()), QStringLiteral("LowSpec\\h17.csvがありません。"), 0);
 }
 
