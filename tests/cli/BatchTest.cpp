@@ -385,7 +385,8 @@ TEST(CliBatch, WhatIsNoTableEndsWithTwo) {
         jobs.Table("seed,target,out\n", "out.csv"), jobs.Table("seed,target,json\n", "json.csv")}) {
     const CliResult result = jobs.Run(table);
     EXPECT_EQ(result.status, 2) << table.toStdString();
-    EXPECT_TRUE(result.err.startsWith(table.toUtf8() + ": ")) << result.err.toStdString();
+    EXPECT_TRUE(result.err.startsWith(QDir::toNativeSeparators(table).toUtf8() + ": "))
+        << result.err.toStdString();
     EXPECT_EQ(result.err.count('\n'), 1);
     EXPECT_FALSE(QFileInfo::exists(jobs.Path("out")));
   }

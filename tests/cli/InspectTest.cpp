@@ -74,7 +74,8 @@ TEST(InspectCommand, ARefusedFileEndsWithTwoAndTheOthersAreTold) {
   const QJsonArray files = Files(json);
   ASSERT_EQ(files.size(), 2);
   const QString error = files[0].toObject()["error"].toString();
-  EXPECT_TRUE(error.startsWith(broken + QStringLiteral(": 14行目："))) << error.toStdString();
+  EXPECT_TRUE(error.startsWith(QDir::toNativeSeparators(broken) + QStringLiteral(": 14行目：")))
+      << error.toStdString();
   EXPECT_TRUE(files[0].toObject()["components"].toArray().isEmpty());
   EXPECT_EQ(files[1].toObject()["components"].toArray().size(), 3);
   EXPECT_EQ(json.err, error.toUtf8() + '\n');

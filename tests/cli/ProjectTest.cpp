@@ -35,11 +35,12 @@ QString WriteSmallProject(const TestFolder& folder) {
   return folder.Write(QStringLiteral("in 1.trml"), QByteArray::fromStdString(SmallProjectBytes()));
 }
 
-/// The run ends with `status`, prints nothing and tells the reason in one line that begins with `start`.
+/// The run ends with `status`, prints nothing and tells the reason in one line that begins with `start`, a
+/// path.
 void ExpectRefused(const CliResult& result, int status, const QString& start) {
   EXPECT_EQ(result.status, status);
   EXPECT_EQ(result.out, QByteArray());
-  EXPECT_TRUE(result.err.startsWith(start.toUtf8())) << result.err.toStdString();
+  EXPECT_TRUE(result.err.startsWith(QDir::toNativeSeparators(start).toUtf8())) << result.err.toStdString();
   EXPECT_EQ(result.err.count('\n'), 1) << result.err.toStdString();
 }
 
@@ -74,8 +75,7 @@ TEST(CliProject, NewTakesTheTablesBesideTheProgram) {
 TEST(CliProject, NewWithoutARequiredTableWritesNothing) {
   const TestFolder folder;
   const QString path = folder.Path(QStringLiteral("p.trml"));
-  ExpectRefused(RunCli(Words("project new --data") << folder.Path() << path), 2,
-                QDir::toNativeSeparators(folder.Path()));
+  ExpectRefused(RunCli(Words("project new --data") << folder.Path() << path), 2, folder.Path());
   EXPECT_TRUE(folder.Names().isEmpty());
 }
 

@@ -26,7 +26,8 @@ void ExpectMissingAnswer(const QStringList& arguments, const char* option) {
   const CliResult result = RunCli(QStringList{"response"} + arguments);
   EXPECT_EQ(result.status, 1);
   EXPECT_EQ(result.out, QByteArray());
-  EXPECT_TRUE(result.err.startsWith(arguments.constFirst().toUtf8() + ": ")) << result.err.toStdString();
+  EXPECT_TRUE(result.err.startsWith(QDir::toNativeSeparators(arguments.constFirst()).toUtf8() + ": "))
+      << result.err.toStdString();
   EXPECT_TRUE(result.err.contains(option)) << result.err.toStdString();
 }
 
@@ -139,7 +140,8 @@ TEST(RecordInput, ARefusedRecordEndsWithTwo) {
   for (const char* command : {"response", "fourier"}) {
     const CliResult result = RunCli({command, path});
     EXPECT_EQ(result.status, 2);
-    EXPECT_EQ(result.err, QDir::toNativeSeparators(path).toUtf8() + ": 28行目：84番目の値が整数ではありません（「NaN」）。\n");
+    EXPECT_EQ(result.err, QDir::toNativeSeparators(path).toUtf8() +
+                              ": 28行目：84番目の値が整数ではありません（「NaN」）。\n");
   }
 }
 
@@ -147,8 +149,8 @@ TEST(RecordInput, WarningsGoToStandardError) {
   const QString path = Record("broken/short_data.EW");
   const CliResult result = RunCli({"response", path, "--json"});
   EXPECT_EQ(result.status, 0);
-  EXPECT_TRUE(
-      result.err.startsWith(QDir::toNativeSeparators(path).toUtf8() + ": 警告：点数：ファイルの記載は 300 点、実際は 280 点です。\n"));
+  EXPECT_TRUE(result.err.startsWith(QDir::toNativeSeparators(path).toUtf8() +
+                                    ": 警告：点数：ファイルの記載は 300 点、実際は 280 点です。\n"));
 }
 
 TEST(RecordInput, AdjustTakesARecordAsSeed) {

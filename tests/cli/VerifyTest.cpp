@@ -143,7 +143,8 @@ TEST(CliVerify, AnUnreadableFileEndsWithTwo) {
     const CliResult result = RunCli(Verify(path));
     EXPECT_EQ(result.status, 2) << path.toStdString();
     EXPECT_EQ(result.out, QByteArray());
-    EXPECT_TRUE(result.err.startsWith(QDir::toNativeSeparators(path).toUtf8() + ": ")) << result.err.toStdString();
+    EXPECT_TRUE(result.err.startsWith(QDir::toNativeSeparators(path).toUtf8() + ": "))
+        << result.err.toStdString();
     EXPECT_EQ(result.err.count('\n'), 1);
   }
 }
