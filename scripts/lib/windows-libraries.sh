@@ -49,8 +49,10 @@ fetch() {
       rm -rf "${cache:?}/sources/$package"
       # The signature of the index that led here was checked; the packager's own key need not be on this machine.
       (cd "$cache/download/$package" && dpkg-source --no-check -x ./*.dsc "$cache/sources/$package") || return 1
-      patches_of "$package" | patch -d "$cache/sources/$package" -p1 --batch --forward --quiet || return 1
       patches_of "$package" >"$cache/sources/$package.patches"
+      if [ -s "$cache/sources/$package.patches" ]; then
+        patch -d "$cache/sources/$package" -p1 --batch --forward --quiet <"$cache/sources/$package.patches" || return 1
+      fi
       echo "$version" >"$cache/sources/$package.version"
       return
     fi
