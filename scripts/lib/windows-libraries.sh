@@ -116,14 +116,19 @@ make_sqlite() {
 }
 
 make_proj() {
-  for_windows "$1" -DBUILD_SHARED_LIBS=OFF -DENABLE_TIFF=OFF -DENABLE_CURL=OFF -DBUILD_PROJSYNC=OFF -DBUILD_APPS=OFF \
+  # The folder of this machine where it would look for its data is none of the users'.
+  for_windows "$1" -DCMAKE_INSTALL_PREFIX=/nowhere -DBUILD_SHARED_LIBS=OFF -DENABLE_TIFF=OFF -DENABLE_CURL=OFF -DBUILD_PROJSYNC=OFF -DBUILD_APPS=OFF \
     -DBUILD_TESTING=OFF -DEXE_SQLITE3=/usr/bin/sqlite3 -DSQLITE3_INCLUDE_DIR="$prefix/include" \
     -DSQLITE3_LIBRARY="$prefix/lib/libsqlite3.a"
-  ninja -j "$jobs" install
+  ninja -j "$jobs"
+  cmake --install . --prefix "$prefix"
 }
 
 # It looks for certificates in no folder: the program gives it a file, or Windows its store.
 make_openssl() {
+  # The day that it tells as that of its making is the same for all who make it.
+  SOURCE_DATE_EPOCH=$(dpkg-parsechangelog -l "$1/debian/changelog" -S Timestamp)
+  export SOURCE_DATE_EPOCH
   "$1/Configure" mingw64 --prefix=/nowhere --openssldir=/nowhere no-shared no-module no-engine no-tests \
     no-legacy no-comp no-srp no-idea no-camellia no-seed no-aria no-sm2 no-sm3 no-sm4 no-cms no-ts no-ssl3 no-dtls \
     CC=$cc AR=$triplet-ar RANLIB=$triplet-ranlib RC=$triplet-windres
@@ -135,7 +140,8 @@ make_openssl() {
 }
 
 make_curl() {
-  for_windows "$1" -DBUILD_SHARED_LIBS=OFF -DBUILD_CURL_EXE=OFF -DHTTP_ONLY=ON -DCURL_USE_OPENSSL=ON -DOPENSSL_USE_STATIC_LIBS=ON \
+  # Its messages name files of its source.
+  CFLAGS="-ffile-prefix-map=$1=curl" for_windows "$1" -DBUILD_SHARED_LIBS=OFF -DBUILD_CURL_EXE=OFF -DHTTP_ONLY=ON -DCURL_USE_OPENSSL=ON -DOPENSSL_USE_STATIC_LIBS=ON \
     -DOPENSSL_ROOT_DIR="$prefix" -DCURL_USE_LIBSSH2=OFF -DCURL_ZLIB=OFF -DUSE_LIBIDN2=OFF -DUSE_WIN32_IDN=ON -DUSE_NGHTTP2=OFF \
     -DENABLE_UNICODE=ON -DENABLE_MANUAL=OFF -DBUILD_TESTING=OFF
   ninja -j "$jobs" install
