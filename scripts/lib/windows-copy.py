@@ -32,7 +32,7 @@ def write(path, content):
 told = subprocess.run(["git", "ls-files", "-z"], check=True, capture_output=True).stdout.decode()
 names = [name for name in told.split("\0") if name and pathlib.Path(name).is_file()]
 if listing.exists():
-    for name in set(listing.read_text().splitlines()) - set(names):
+    for name in set(listing.read_text(encoding="utf-8").splitlines()) - set(names):
         (folder / name).unlink(missing_ok=True)
         (originals / name).unlink(missing_ok=True)
 for name in names:
@@ -47,4 +47,4 @@ for name in names:
         (originals / name).unlink(missing_ok=True)
         write(folder / name, content)
     (folder / name).chmod(pathlib.Path(name).stat().st_mode)
-listing.write_text("".join(f"{name}\n" for name in names))
+listing.write_text("".join(f"{name}\n" for name in names), encoding="utf-8")

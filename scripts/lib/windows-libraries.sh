@@ -37,7 +37,12 @@ patches_of() {
 # kept while our patches are the same.
 fetch() {
   local package=$1 version
-  [ -e "$cache/sources/$package.version" ] && [ "$(cat "$cache/sources/$package.patches")" = "$(patches_of "$package")" ] && return
+  if [ -e "$cache/sources/$package.version" ] &&
+    [ "$(cat "$cache/sources/$package.patches")" = "$(patches_of "$package")" ]; then
+    return
+  fi
+  # What comes to a stop below is not there.
+  rm -f "$cache/sources/$package".{version,patches}
   if [ -z "${lists_are_fresh:-}" ]; then
     source_apt get update -qq || return 1
     lists_are_fresh=yes
@@ -117,8 +122,8 @@ make_sqlite() {
 
 make_proj() {
   # The folder of this machine where it would look for its data is none of the users'.
-  for_windows "$1" -DCMAKE_INSTALL_PREFIX=/nowhere -DBUILD_SHARED_LIBS=OFF -DENABLE_TIFF=OFF -DENABLE_CURL=OFF -DBUILD_PROJSYNC=OFF -DBUILD_APPS=OFF \
-    -DBUILD_TESTING=OFF -DEXE_SQLITE3=/usr/bin/sqlite3 -DSQLITE3_INCLUDE_DIR="$prefix/include" \
+  for_windows "$1" -DCMAKE_INSTALL_PREFIX=/nowhere -DBUILD_SHARED_LIBS=OFF -DENABLE_TIFF=OFF -DENABLE_CURL=OFF \
+    -DBUILD_PROJSYNC=OFF -DBUILD_APPS=OFF -DBUILD_TESTING=OFF -DEXE_SQLITE3=/usr/bin/sqlite3 -DSQLITE3_INCLUDE_DIR="$prefix/include" \
     -DSQLITE3_LIBRARY="$prefix/lib/libsqlite3.a"
   ninja -j "$jobs"
   cmake --install . --prefix "$prefix"
@@ -141,8 +146,8 @@ make_openssl() {
 
 make_curl() {
   # Its messages name files of its source.
-  CFLAGS="-ffile-prefix-map=$1=curl" for_windows "$1" -DBUILD_SHARED_LIBS=OFF -DBUILD_CURL_EXE=OFF -DHTTP_ONLY=ON -DCURL_USE_OPENSSL=ON -DOPENSSL_USE_STATIC_LIBS=ON \
-    -DOPENSSL_ROOT_DIR="$prefix" -DCURL_USE_LIBSSH2=OFF -DCURL_ZLIB=OFF -DUSE_LIBIDN2=OFF -DUSE_WIN32_IDN=ON -DUSE_NGHTTP2=OFF \
+  CFLAGS="-ffile-prefix-map=$1=curl" for_windows "$1" -DBUILD_SHARED_LIBS=OFF -DBUILD_CURL_EXE=OFF -DHTTP_ONLY=ON \
+    -DCURL_USE_OPENSSL=ON -DOPENSSL_USE_STATIC_LIBS=ON -DOPENSSL_ROOT_DIR="$prefix" -DCURL_USE_LIBSSH2=OFF -DCURL_ZLIB=OFF -DUSE_LIBIDN2=OFF -DUSE_WIN32_IDN=ON -DUSE_NGHTTP2=OFF \
     -DENABLE_UNICODE=ON -DENABLE_MANUAL=OFF -DBUILD_TESTING=OFF
   ninja -j "$jobs" install
 }

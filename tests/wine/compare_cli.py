@@ -172,7 +172,7 @@ class Difference:
 
     def table(self, ours, theirs):
         """Two files of numbers: the same words, paths with the slashes of their system, and each column within the
-        tolerance. The sum over the bytes of results changes with their last digits."""
+        tolerance. The sum over the bytes of results may differ where a number beside it does."""
         def is_number(cell):
             return re.fullmatch(r"\s*[-+]?\d+(\.\d*)?([eE][-+]?\d+)?\s*", cell)
 
@@ -183,8 +183,10 @@ class Difference:
             return False
         columns = {}
         for row, other in zip(ours, theirs):
+            close = any(a != b and is_number(a) and is_number(b) for a, b in zip(row, other))
             for column, (a, b) in enumerate(zip(row, other)):
-                if a != b.replace("\\", "/") and not (is_number(a) and is_number(b) or is_sum(a) and is_sum(b)):
+                if a not in (b, b.replace("\\", "/")) and not (
+                        is_number(a) and is_number(b) or close and is_sum(a) and is_sum(b)):
                     return False
                 if is_number(a):
                     pairs = columns.setdefault(column, ([], []))
