@@ -10,6 +10,8 @@ import pathlib
 import subprocess
 import sys
 
+import svg_as_png
+
 folder, commit = pathlib.Path(sys.argv[1]), sys.argv[2]
 as_png = "--png" in sys.argv
 listing = folder.with_name(folder.name + ".files")
@@ -40,9 +42,9 @@ for name in names:
     if name == "cmake/commit.txt" and commit:
         content = f"{commit}\n".encode()
     if as_png and is_picture(name):
-        if write(originals / name, content) or not (folder / name).exists():
-            (folder / name).parent.mkdir(parents=True, exist_ok=True)
-            subprocess.run(["rsvg-convert", "--zoom", "4", name, "-o", folder / name], check=True)
+        recipe = " ".join(svg_as_png.ZOOMS).encode()
+        if write(originals / name, content + recipe) or not (folder / name).exists():
+            write(folder / name, svg_as_png.drawn(name))
     else:
         (originals / name).unlink(missing_ok=True)
         write(folder / name, content)

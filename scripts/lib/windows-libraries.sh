@@ -94,7 +94,9 @@ to_prefix() {
 
 # for_windows SOURCE [OPTION...]: configures for Windows in the current folder.
 for_windows() {
-  cmake -G Ninja -S "$1" -B . -DCMAKE_TOOLCHAIN_FILE="$toolchain" \
+  # Messages of the libraries name files of their source.
+  local map=-ffile-prefix-map=$1=$(basename "$1")
+  CFLAGS=$map CXXFLAGS=$map cmake -G Ninja -S "$1" -B . -DCMAKE_TOOLCHAIN_FILE="$toolchain" \
     -DTREMLO_WINDOWS_PREFIX="$prefix;$cache/build/qtbase;$cache/build/qtsvg" \
     -DCMAKE_BUILD_TYPE=Release -DCMAKE_INSTALL_PREFIX="$prefix" "${@:2}"
 }
@@ -145,8 +147,7 @@ make_openssl() {
 }
 
 make_curl() {
-  # Its messages name files of its source.
-  CFLAGS="-ffile-prefix-map=$1=curl" for_windows "$1" -DBUILD_SHARED_LIBS=OFF -DBUILD_CURL_EXE=OFF -DHTTP_ONLY=ON \
+  for_windows "$1" -DBUILD_SHARED_LIBS=OFF -DBUILD_CURL_EXE=OFF -DHTTP_ONLY=ON \
     -DCURL_USE_OPENSSL=ON -DOPENSSL_USE_STATIC_LIBS=ON -DOPENSSL_ROOT_DIR="$prefix" -DCURL_USE_LIBSSH2=OFF -DCURL_ZLIB=OFF -DUSE_LIBIDN2=OFF -DUSE_WIN32_IDN=ON -DUSE_NGHTTP2=OFF \
     -DENABLE_UNICODE=ON -DENABLE_MANUAL=OFF -DBUILD_TESTING=OFF
   ninja -j "$jobs" install

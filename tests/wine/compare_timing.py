@@ -10,7 +10,7 @@ import subprocess
 import sys
 
 LEAST = 0.9
-ROUNDS = 3
+ROUNDS = 5
 
 
 def times(*command):
