@@ -26,6 +26,10 @@ TOLERANCE = 1e-11
 SITE = ["--zone", "7", "--site", "36.56144,136.61409"]
 PLANE = "136.6,36.5,2,10,12,30,60"
 KNET = "records/knet"
+# More characters than Windows takes in a plain path.
+DEEP = "/".join(["深い入れ物" * 6] * 10)
+# The folder of the run; on Windows by the path of a share in the network.
+SHARE, SHARE_ON_WINDOWS = "SHARE", r"\\tremlo\share"
 
 
 class Service:
@@ -72,6 +76,15 @@ def commands(service):
     yield "adjust that fails", ["adjust", "--seed", "waves/elcentro_1940_ns.csv", "--target", target, "--json"]
     yield "batch", ["batch", "jobs.csv", "--out", "まとめ"]
     yield "batch again", ["batch", "jobs.csv", "--out", "まとめ", "--resume"]
+    for place in (DEEP, SHARE):
+        for _ in ("new", "over the older files"):
+            yield "path: group of files", ["adjust", "--seed", wave, "--target", target, "--out", f"{place}/基準.csv"]
+        yield "path: read", ["response", f"{place}/基準.csv"]
+        yield "path: missing", ["response", f"{place}/無い.csv"]
+        yield "path: no folder", ["response", wave, "--out", f"{place}/無い/応答.csv"]
+        for _ in ("new", "over the older file"):
+            yield "path: project", ["project", "copy", "example/design.trml", f"{place}/写し.trml"]
+        yield "path: project show", ["project", "show", f"{place}/写し.trml", "--json"]
     yield "tables", ["tables"]
     yield "tables json", ["tables", "--json"]
     yield "attenuate", ["attenuate", "--magnitude", "7.2", "--depth", "8", "--shortest", "9", "--equivalent", "18",
@@ -121,24 +134,31 @@ def known(text, places, words):
     for word in words:
         for slash in ("\\\\", "\\"):
             text = text.replace(word.replace("/", slash).encode(), word.encode())
-    for word, place in places.items():
+    for word, place in places:
         plain = str(place)
-        windows = "Z:" + plain.replace("/", "\\")
+        windows = plain if plain.startswith("\\") else "Z:" + plain.replace("/", "\\")
         for path in (windows.replace("\\", "\\\\"), windows, "Z:" + plain, plain):
             text = text.replace(path.encode(), word)
-        text = re.sub(re.escape(word) + rb"[\\/\w.]+", lambda match: match[0].replace(b"\\\\", b"/").replace(b"\\", b"/"), text)
+        text = re.sub(re.escape(word) + rb"[^\s\"]+", lambda match: match[0].replace(b"\\\\", b"/").replace(b"\\", b"/"), text)
     return text
+
+
+def of_system(word, folder, is_windows):
+    if not word.startswith(SHARE):
+        return word
+    return word.replace(SHARE, SHARE_ON_WINDOWS).replace("/", "\\") if is_windows else word.replace(SHARE, str(folder))
 
 
 def run(program, words, folder):
     """Exit code, standard output and standard error, in which paths are the same on both systems."""
+    words = [of_system(word, folder, program[0] == "wine") for word in words]
     # Into files: what Wine starts beside a program goes on after it, and would hold a pipe open.
     with tempfile.TemporaryFile() as out, tempfile.TemporaryFile() as err:
         result = subprocess.run([*program, *words], cwd=folder, stdin=subprocess.DEVNULL, stdout=out, stderr=err)
         for file in (out, err):
             file.seek(0)
         result.stdout, result.stderr = out.read(), err.read()
-    places = {b"FOLDER": folder, b"PROGRAM": pathlib.Path(program[-1]).parent}
+    places = [(b"FOLDER", folder), (b"FOLDER", SHARE_ON_WINDOWS), (b"PROGRAM", pathlib.Path(program[-1]).parent)]
     result.stdout, result.stderr = (known(text, places, words) for text in (result.stdout, result.stderr))
     return result
 
@@ -199,6 +219,7 @@ def fill(folder, certificate):
     shutil.copytree(SOURCE / "samples", folder)
     shutil.copytree(SOURCE / "tests/data/records", folder / "records")
     shutil.copy(certificate, folder / "ca.pem")
+    (folder / DEEP).mkdir(parents=True)
 
 
 def files(folder):
@@ -215,6 +236,11 @@ def main():
         folders = [pathlib.Path(root, "linux"), pathlib.Path(root, "windows")]
         for folder in folders:
             fill(folder, service.values["ca"])
+        # A share, as Wine knows them.
+        share = pathlib.Path(os.environ["WINEPREFIX"], "dosdevices/unc/tremlo/share")
+        share.parent.mkdir(parents=True, exist_ok=True)
+        share.unlink(missing_ok=True)
+        share.symlink_to(folders[1])
         for name, words in commands(service):
             ours, theirs = [run(program, words, folder) for program, folder in zip(programs, folders)]
             runs += 1
@@ -232,6 +258,7 @@ def main():
                 print(f"DIFFERENT: {name}: {' '.join(words)}\n  Linux   {ours.returncode} {ours.stdout[:300]} "
                       f"{ours.stderr[:300]}\n  Windows {theirs.returncode} {theirs.stdout[:300]} {theirs.stderr[:300]}")
         service.end()
+        share.unlink()
         ours, theirs = map(files, folders)
         if list(ours) != list(theirs):
             bad.append("files")

@@ -1,5 +1,6 @@
 #include "core/files/WholeFile.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
@@ -37,47 +38,52 @@ QString TargetOf(const QString& path) {
   return file.filePath();
 }
 
+/// For the standard library. On Windows in the form that may have more than 260 characters, as Qt gives it to
+/// the system.
+std::filesystem::path SystemPath(const QString& path) {
+#ifdef Q_OS_WIN
+  const QString native = QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath());
+  const QString mark = QStringLiteral(R"(\\?\)");
+  if (native.startsWith(mark)) return native.toStdWString();
+  const bool isShare = native.startsWith(QStringLiteral(R"(\\)"));
+  return (isShare ? mark + QStringLiteral("UNC") + native.mid(1) : mark + native).toStdWString();
+#else
+  return QFileInfo(path).filesystemFilePath();
+#endif
+}
+
 /// Puts a file back as it was before it was replaced. What it keeps for that is gone with it.
 class Undo {
  public:
   /// Keeps the older file, if there is one, under a second name beside it.
-  explicit Undo(const QString& path) : m_target(QFileInfo(TargetOf(path)).filesystemFilePath()) {
-    std::error_code error;
-    m_existed = std::filesystem::exists(m_target, error) || error;
+  explicit Undo(const QString& path) : m_target(TargetOf(path)), m_existed(QFileInfo::exists(m_target)) {
     if (!m_existed) return;
     int number = 0;
     do {
-      m_kept = m_target;
-      m_kept += ".old" + std::to_string(number);
-    } while (std::filesystem::exists(std::filesystem::symlink_status(m_kept, error)) && ++number < 1000);
-    std::filesystem::create_hard_link(m_target, m_kept, error);
-    if (!error) return;
-    std::filesystem::copy_file(m_target, m_kept, error);
-    if (error == std::errc::file_exists) m_kept.clear();  // just now, and not ours
-    if (error) Forget();
+      m_kept = m_target + QStringLiteral(".old") + QString::number(number);
+    } while ((QFileInfo::exists(m_kept) || QFileInfo(m_kept).isSymLink()) && ++number < 1000);
+    std::error_code error;
+    std::filesystem::create_hard_link(SystemPath(m_target), SystemPath(m_kept), error);
+    if (error && !QFile::copy(m_target, m_kept)) m_kept.clear();
   }
-  ~Undo() { Forget(); }
+  ~Undo() {
+    if (!m_kept.isEmpty()) QFile::remove(m_kept);
+  }
   Undo(const Undo&) = delete;
   Undo& operator=(const Undo&) = delete;
 
   void Run() {
+    if (!m_existed) QFile::remove(m_target);
+    if (m_kept.isEmpty()) return;
     std::error_code ignored;
-    if (!m_existed) std::filesystem::remove(m_target, ignored);
-    if (m_kept.empty()) return;
-    std::filesystem::rename(m_kept, m_target, ignored);
+    std::filesystem::rename(SystemPath(m_kept), SystemPath(m_target), ignored);
     m_kept.clear();  // where that failed, what is kept is all that is left of the older file
   }
 
  private:
-  void Forget() {
-    std::error_code ignored;
-    if (!m_kept.empty()) std::filesystem::remove(m_kept, ignored);
-    m_kept.clear();
-  }
-
-  std::filesystem::path m_target;
-  std::filesystem::path m_kept;  ///< empty: nothing is kept
-  bool m_existed = false;
+  QString m_target;
+  QString m_kept;  ///< empty: nothing is kept
+  bool m_existed;
 };
 
 }  // namespace

@@ -149,7 +149,31 @@ TEST_F(GroupOfFiles, AWholeGroupLeavesNothingBeside) {
 
 #endif
 
-#ifndef _WIN32
+#ifdef _WIN32
+
+/// As a table that stands open in another program: nothing takes the place of such a file there.
+TEST(WholeFile, AGroupWithAFileThatIsOpenElsewhereKeepsAll) {
+  const TestFolder folder;
+  // More characters than the system takes in a plain path, and than such a path may name as a folder.
+  for (const QString& inner : {QString(), QStringList(10, QString(30, u'深')).join(u'/') + u'/'}) {
+    folder.Write(inner + "1", "old 1");
+    const QString held = folder.Write(inner + "3", "old 3");
+    QFile open(held);
+    ASSERT_TRUE(open.open(QIODevice::ReadOnly));
+    const std::vector<FileContent> group = {
+        {folder.Path(inner + "1"), "new 1"}, {folder.Path(inner + "2"), "new 2"}, {held, "new 3"}};
+    EXPECT_EQ(WriteWholeFiles(group), held);
+    EXPECT_EQ(test::ReadAll(folder.Path(inner + "1")), QByteArray("old 1"));
+    EXPECT_EQ(test::ReadAll(held), QByteArray("old 3"));
+    EXPECT_EQ(QDir(folder.Path(inner)).entryList(QDir::Files, QDir::Name), (QStringList{"1", "3"}));
+    open.close();
+    EXPECT_EQ(WriteWholeFiles(group), std::nullopt);
+    EXPECT_EQ(test::ReadAll(folder.Path(inner + "2")), QByteArray("new 2"));
+    EXPECT_EQ(test::ReadAll(held), QByteArray("new 3"));
+  }
+}
+
+#else
 
 /// Runs `write` in a child whose files may not grow beyond `bytes`, as on a disk that is full there. Returns
 /// what it returned.
