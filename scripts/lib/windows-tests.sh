@@ -60,6 +60,8 @@ test_programs() {
   export WINEPATH
   echo "Unit tests and tests of the command line under Wine"
   python3 tests/wine/python_host.py ctest --test-dir "$build" -L programs -j "$jobs" --output-on-failure || failed+=("unit tests")
+  echo "Not tried here, and why:"
+  grep -a -A1 ': Skipped$' "$build/Testing/Temporary/LastTest.log" | grep -av -e ': Skipped$' -e '^--$' | sort -u | sed 's/^/  /'
   check_alignment "$build" || failed+=("alignment of vectors")
   echo "Linux against Windows"
   (unset LC_ALL LOCPATH; build_preset release --target tremlo-cli sweep_timing) || return 1

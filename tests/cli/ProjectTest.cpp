@@ -186,6 +186,10 @@ TEST(CliProject, AFullDiskLeavesTheOlderFile) {
   }
   EXPECT_EQ(folder.Names().size(), 2);
 }
+#else
+TEST(CliProject, AFullDiskLeavesTheOlderFile) {
+  GTEST_SKIP() << "the largest size of a program's files is set by setrlimit";
+}
 #endif
 
 TEST(CliProject, BadCommandLinesAreRefused) {

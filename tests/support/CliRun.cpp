@@ -18,6 +18,7 @@ namespace {
 CliResult RunToItsEnd(QProcess& process, const QStringList& arguments) {
   process.start(QStringLiteral(TREMLO_PROGRAM_DIR "/tremlo-cli"), arguments);
   const bool ended = process.waitForFinished(120000) && process.exitStatus() == QProcess::NormalExit;
+  EXPECT_TRUE(ended) << process.errorString().toStdString() << ", exit code " << process.exitCode();
   return {ended ? process.exitCode() : -1, process.readAllStandardOutput(), process.readAllStandardError()};
 }
 

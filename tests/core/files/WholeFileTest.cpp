@@ -65,10 +65,10 @@ TEST(WholeFile, ReplacesAnOlderFileAndLeavesNothingBeside) {
   EXPECT_EQ(folder.Names(), QStringList{"f"});
 }
 
-#ifndef _WIN32
-
-// What Qt makes on Windows is a shortcut, a file of its own.
 TEST(WholeFile, ASymbolicLinkStaysALink) {
+#ifdef _WIN32
+  GTEST_SKIP() << "what Qt makes is a shortcut, a file of its own";
+#endif
   const TestFolder folder;
   const QString target = folder.Write("target", "old");
   ASSERT_TRUE(QFile::link(target, folder.Path("link")));
@@ -76,8 +76,6 @@ TEST(WholeFile, ASymbolicLinkStaysALink) {
   EXPECT_TRUE(QFileInfo(folder.Path("link")).isSymLink());
   EXPECT_EQ(test::ReadAll(target), QByteArray("new"));
 }
-
-#endif
 
 TEST(WholeFile, OneFileOfSeveralThatFailsKeepsAll) {
   const TestFolder folder;
@@ -171,6 +169,11 @@ TEST(WholeFile, AGroupWithAFileThatIsOpenElsewhereKeepsAll) {
     EXPECT_EQ(test::ReadAll(folder.Path(inner + "2")), QByteArray("new 2"));
     EXPECT_EQ(test::ReadAll(held), QByteArray("new 3"));
   }
+}
+
+TEST(WholeFile, ADiskThatIsFullAtAnyByteKeepsTheOlderFile) {
+  GTEST_SKIP()
+      << "the largest size of a program's files is set by setrlimit, its memory too, in a child made by fork";
 }
 
 #else
