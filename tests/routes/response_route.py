@@ -15,7 +15,7 @@ from desktop import Desktop, wait_until  # noqa: E402
 from driver import ROLE, STATE, Atspi, states  # noqa: E402
 from hands import Keys  # noqa: E402
 import route  # noqa: E402
-from route import NEW, OPEN, ROOT, SAVE_AS, UNSAVED, tools  # noqa: E402
+from route import NEW, OPEN, ROOT, SAVE_AS, UNSAVED, limits_memory, tools  # noqa: E402
 
 RECORD = ROOT / "samples/waves/hses_2016_n80w_0005_8192.csv"
 OTHER_RECORD = ROOT / "samples/waves/elcentro_1940_ns.csv"
@@ -589,6 +589,7 @@ class ResponseRoute(route.Route):
                 for path in (self.desktop.folder / name).rglob("*") if path.is_file()]
         self.assertEqual([str(path) for path in kept if "dconf" not in str(path)], ["XDG_CONFIG_HOME/Tremlo/Tremlo.ini"])
 
+    @limits_memory
     def test_a_wave_that_no_memory_holds_is_told_and_changes_nothing(self):
         endless = self.desktop.folder / "endless.csv"
         endless.write_bytes(b"name, 0.01, 1\n" + b"\n" * (60 << 20))

@@ -35,6 +35,11 @@ def long_case(case):
     return case
 
 
+def limits_memory(case):
+    """Marks a case that leaves a program too little memory for that of the sanitizers."""
+    return case
+
+
 class Route(unittest.TestCase):
     def make_desktop(self):
         return Desktop()

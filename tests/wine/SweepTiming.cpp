@@ -1,8 +1,8 @@
 // Prints the time of the response sweep in each of its variants, one line each: name and number of samples,
 // nanoseconds per step of one oscillator. The least time of many sweeps, since whatever else the machine does
-// only adds to it; and by the clock, which a program reads without a call of the system. Wine answers such a
-// call, as the question for the processor's time, with the upper halves of the vector registers in use, and
-// code without AVX then takes up to half as long again.
+// only adds to it; and by the clock, which is read without a call of the system. After such a call, as the
+// question for the processor's time, Wine leaves the upper halves of the vector registers in use, and code
+// without AVX then takes up to half as long again.
 
 #include "numeric/waves/OscillatorSweep.h"
 
