@@ -25,6 +25,7 @@ MAIN_SIZE = 1200, 800
 READ_WAVE, READ_TARGET, TARGET, RESULT = (971, 38), (1113, 38), (93, 110), (93, 154)
 EXPORT_ADJUSTED, SHOW_SPECTRUM = (1138, 68), (370, 95)
 SEED, GOAL = "samples/waves/hses_2016_n80w_0005_8192.csv", "samples/spectra/target_sample_005_5s.csv"
+PAPER = bytes.fromhex("eef5fb")  # the ground of the short route's picture
 PERSONALIZE = r"HKCU\Software\Microsoft\Windows\CurrentVersion\Themes\Personalize"
 
 
@@ -229,6 +230,7 @@ def route(desktop, folder, work):
     program = Program(desktop, folder)
     desktop.shot("first")
     program.top()
+    wait_until(lambda: desktop.pixels().count(PAPER) > 5000, "the picture of the short route")
     program.answer_top()
     program.main(untitled)
     desktop.shot("empty")
