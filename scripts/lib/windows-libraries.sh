@@ -173,7 +173,9 @@ make_qtbase() {
     zstd system_zlib system_pcre2 system_harfbuzz system_freetype system_png system_jpeg system_doubleconversion)
   local name options=()
   for name in "${off[@]}"; do options+=("-DFEATURE_$name=OFF"); done
-  for_windows "$1" -DBUILD_SHARED_LIBS=ON -DQT_BUILD_TESTS=OFF -DQT_BUILD_EXAMPLES=OFF -DINPUT_opengl=no "${options[@]}"
+  # Where xmlstarlet is installed it would shorten the list of file types.
+  for_windows "$1" -DBUILD_SHARED_LIBS=ON -DQT_BUILD_TESTS=OFF -DQT_BUILD_EXAMPLES=OFF -DINPUT_opengl=no -Dxmlstarlet=OFF \
+    "${options[@]}"
   ninja -j "$jobs" Core
 }
 

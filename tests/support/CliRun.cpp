@@ -17,6 +17,10 @@ namespace {
 
 CliResult RunToItsEnd(QProcess& process, const QStringList& arguments) {
   process.start(QStringLiteral(TREMLO_PROGRAM_DIR "/tremlo-cli"), arguments);
+#ifdef _WIN32
+  // Wine fails to start a program now and then, with an internal error of its own.
+  if (!process.waitForStarted(120000)) process.start();
+#endif
   const bool ended = process.waitForFinished(120000) && process.exitStatus() == QProcess::NormalExit;
   EXPECT_TRUE(ended) << process.errorString().toStdString() << ", exit code " << process.exitCode();
   return {ended ? process.exitCode() : -1, process.readAllStandardOutput(), process.readAllStandardError()};
