@@ -113,33 +113,82 @@ TEST(SvgStandIn, ShapesAndPicturesLookAsWithTheModule) {
   });
 }
 
-TEST(SvgStandIn, APictureInPlaceOfAnSvgHasItsSizeAndLook) {
-  const test::TestFolder folder;
-  const QString svg = QStringLiteral(TREMLO_SOURCE_DIR "/src/window/shell/pictures/splash.svg");
-  QSvgRenderer module(svg);
-  QImage drawn(module.defaultSize() * 4, QImage::Format_ARGB32);
-  drawn.fill(Qt::transparent);
-  {
-    QPainter painter(&drawn);
-    module.render(&painter);
+/// The picture as it looks on white, `scale` times as large as its SVG states.
+template <class Renderer>
+QImage Shown(Renderer& renderer, double scale) {
+  QImage image((QSizeF(renderer.defaultSize()) * scale).toSize(), QImage::Format_RGB32);
+  image.fill(Qt::white);
+  QPainter painter(&image);
+  renderer.render(&painter, QRectF(image.rect()));
+  return image;
+}
+
+class PicturesForAnSvg : public testing::Test {
+ protected:
+  /// PNG pictures of these scales in one file.
+  QByteArray Pictures(std::initializer_list<int> scales) {
+    QBuffer bytes;
+    bytes.open(QIODevice::WriteOnly);
+    for (const int scale : scales) {
+      QImage drawn(module.defaultSize() * scale, QImage::Format_ARGB32);
+      drawn.fill(Qt::transparent);
+      QPainter painter(&drawn);
+      module.render(&painter);
+      painter.end();
+      EXPECT_TRUE(drawn.save(&bytes, "PNG"));
+    }
+    return bytes.data();
   }
-  for (const QString& name : {QStringLiteral("a.svg"), QStringLiteral("b.svg.png")})
-    ASSERT_TRUE(drawn.save(folder.Path(name), "PNG"));
-  const auto shown = [](auto& renderer) {
-    QImage image(renderer.defaultSize(), QImage::Format_RGB32);
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    renderer.render(&painter, QRectF(image.rect()));
-    return image;
-  };
+
+  const test::TestFolder folder;
+  QSvgRenderer module{QStringLiteral(TREMLO_SOURCE_DIR "/src/window/shell/pictures/splash.svg")};
+};
+
+TEST_F(PicturesForAnSvg, HaveItsSizeAndLook) {
+  const QByteArray pictures = Pictures({4, 2, 1});
+  folder.Write("a.svg", pictures);
+  folder.Write("b.svg.png", pictures);
   for (const QString& name : {QStringLiteral("a.svg"), QStringLiteral("b.svg")}) {
     StandInRenderer standIn(folder.Path(name));
     ASSERT_TRUE(standIn.isValid());
     EXPECT_EQ(standIn.defaultSize(), module.defaultSize());
-    EXPECT_LT(Difference(shown(standIn), shown(module)), 0.002);
+    for (const double scale : {0.5, 1.0, 1.5, 2.0, 3.0})
+      EXPECT_LT(Difference(Shown(standIn, scale), Shown(module, scale)), 0.002) << scale;
   }
-  StandInRenderer none(folder.Path("none.svg"));
-  EXPECT_FALSE(none.isValid());
+}
+
+TEST_F(PicturesForAnSvg, TheSmallestThatIsLargeEnoughIsShown) {
+  QByteArray pictures;
+  for (const auto& [scale, colour] :
+       {std::pair(4, Qt::red), std::pair(2, Qt::green), std::pair(1, Qt::blue)}) {
+    QImage picture(10 * scale, 10 * scale, QImage::Format_RGB32);
+    picture.fill(colour);
+    QBuffer bytes;
+    bytes.open(QIODevice::WriteOnly);
+    ASSERT_TRUE(picture.save(&bytes, "PNG"));
+    pictures += bytes.data();
+  }
+  folder.Write("a.svg", pictures);
+  StandInRenderer standIn(folder.Path("a.svg"));
+  EXPECT_EQ(standIn.defaultSize(), QSize(10, 10));
+  const auto colour = [&](double scale) { return Shown(standIn, scale).pixelColor(2, 2); };
+  EXPECT_EQ(colour(0.5), QColor(Qt::blue));
+  EXPECT_EQ(colour(1.0), QColor(Qt::blue));
+  EXPECT_EQ(colour(1.1), QColor(Qt::green));
+  EXPECT_EQ(colour(2.0), QColor(Qt::green));
+  EXPECT_EQ(colour(2.1), QColor(Qt::red));
+  EXPECT_EQ(colour(5.0), QColor(Qt::red));
+}
+
+TEST_F(PicturesForAnSvg, AFileThatHoldsSomethingElseShowsNothing) {
+  const QByteArray picture = Pictures({1});
+  EXPECT_TRUE(StandInRenderer(folder.Write("whole.svg", picture)).isValid());
+  for (const QByteArray& bytes : {QByteArray(), QByteArray("<svg/>"), picture + "and more"}) {
+    StandInRenderer standIn(folder.Write("a.svg", bytes));
+    EXPECT_FALSE(standIn.isValid()) << bytes.size();
+    EXPECT_EQ(standIn.defaultSize(), QSize());
+  }
+  EXPECT_FALSE(StandInRenderer(folder.Path("none.svg")).isValid());
 }
 
 }  // namespace
