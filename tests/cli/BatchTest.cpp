@@ -12,6 +12,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <QRegularExpression>
 
 #include <csignal>
 #include <gmock/gmock.h>
@@ -420,8 +421,6 @@ TEST(CliBatch, BadCommandLinesEndWithOne) {
   EXPECT_EQ(test::ReadAll(same), kTwoLines.toUtf8());
 }
 
-#ifndef _WIN32
-
 /// Lines that take long enough to be met at work.
 QString LongTable(const Jobs& jobs, int count) {
   QString text = QStringLiteral("seed,target,tolerance\n");
@@ -433,18 +432,27 @@ QString LongTable(const Jobs& jobs, int count) {
   return jobs.Table(text);
 }
 
-/// Starts the batch and sends the signal when so many lines have all their files. Whether it died of that
-/// signal.
-bool RunAndSignal(const Jobs& jobs, const QString& table, qsizetype lines, int signal) {
+enum class Ending { Kill, Interrupt, Terminate };
+
+/// Starts the batch and ends it like this when so many lines have all their files. Whether it died of that.
+bool RunAndEnd(const Jobs& jobs, const QString& table, qsizetype lines, Ending ending) {
   QProcess process;
   process.start(QStringLiteral(TREMLO_PROGRAM_DIR "/tremlo-cli"),
                 {"batch", table, "--out", jobs.Path("out"), "--jobs", "2"});
   EXPECT_TRUE(process.waitForStarted());
   while (jobs.Names().filter("_FFT.csv").size() < lines)
     if (process.waitForFinished(1)) return false;
+#ifdef _WIN32
+  EXPECT_EQ(ending, Ending::Kill);
+  process.kill();
+  EXPECT_TRUE(process.waitForFinished(60000));
+  return process.exitStatus() == QProcess::CrashExit;
+#else
+  const int signal = ending == Ending::Kill ? SIGKILL : ending == Ending::Interrupt ? SIGINT : SIGTERM;
   kill(static_cast<pid_t>(process.processId()), signal);
   EXPECT_TRUE(process.waitForFinished(60000));
   return process.exitStatus() == QProcess::CrashExit && process.exitCode() == signal;
+#endif
 }
 
 /// What the batch leaves when nobody disturbs it: computed once, since the table is always the same.
@@ -457,14 +465,25 @@ const std::map<QString, QByteArray>& WholeOf(const Jobs& jobs, const QString& ta
   return whole;
 }
 
-class CliBatchSignal : public testing::TestWithParam<int> {};
+/// What a batch that was ended has left. On Windows the files that were being written have names by then,
+/// with six letters behind their own; elsewhere they have none before they are whole.
+std::map<QString, QByteArray> LeftBy(const Jobs& jobs) {
+  std::map<QString, QByteArray> left = jobs.All("out");
+#ifdef _WIN32
+  static const QRegularExpression unfinished(QStringLiteral("\\.csv\\.[A-Za-z]{6}$"));
+  std::erase_if(left, [](const auto& file) { return file.first.contains(unfinished); });
+#endif
+  return left;
+}
+
+class CliBatchSignal : public testing::TestWithParam<Ending> {};
 
 TEST_P(CliBatchSignal, LeavesWholeFilesAndResumeGoesOn) {
   const Jobs jobs;
   const QString table = LongTable(jobs, 16);
   const auto& whole = WholeOf(jobs, table);
-  ASSERT_TRUE(RunAndSignal(jobs, table, 3, GetParam()));
-  std::map<QString, QByteArray> left = jobs.All("out");
+  ASSERT_TRUE(RunAndEnd(jobs, table, 3, GetParam()));
+  std::map<QString, QByteArray> left = LeftBy(jobs);
   const QList<QByteArray> rows = left["summary.csv"].split('\n');
   left.erase("summary.csv");
   EXPECT_LT(left.size(), whole.size() - 1);
@@ -475,21 +494,26 @@ TEST_P(CliBatchSignal, LeavesWholeFilesAndResumeGoesOn) {
   for (const QByteArray& row : rows)
     EXPECT_TRUE(whole.at("summary.csv").split('\n').contains(row)) << row.toStdString();
   // Asked to end, it has told of every line that it has written.
-  if (GetParam() != SIGKILL) {
+  if (GetParam() != Ending::Kill) {
     EXPECT_EQ(static_cast<std::size_t>(rows.size() - 2) * 3, left.size());
   }
   const CliResult result = jobs.Run(table, {"--resume", "--json"});
   EXPECT_EQ(result.status, 0);
   EXPECT_EQ(QJsonDocument::fromJson(result.out).object()["skipped"].toInt(), rows.size() - 2);
-  EXPECT_EQ(jobs.All("out"), whole);
+  EXPECT_EQ(LeftBy(jobs), whole);
 }
 
-INSTANTIATE_TEST_SUITE_P(Signals, CliBatchSignal, testing::Values(SIGKILL, SIGINT, SIGTERM),
-                         [](const auto& signal) {
-                           return signal.param == SIGKILL  ? "Kill"
-                                  : signal.param == SIGINT ? "Interrupt"
-                                                           : "Terminate";
-                         });
+INSTANTIATE_TEST_SUITE_P(Kill, CliBatchSignal, testing::Values(Ending::Kill));
+
+#ifdef _WIN32
+
+TEST(CliBatch, Interrupted) {
+  GTEST_SKIP() << "Ctrl+C reaches a program from its console alone, which a test has not";
+}
+
+#else
+
+INSTANTIATE_TEST_SUITE_P(Signals, CliBatchSignal, testing::Values(Ending::Interrupt, Ending::Terminate));
 
 TEST(CliBatch, ALineThatWouldTakeForEverIsBrokenOff) {
   const Jobs jobs;
@@ -514,12 +538,6 @@ TEST(CliBatch, ATerminalIsToldHowFarItIs) {
   for (const QString& text : {QStringLiteral("8 / 8 行"), QStringLiteral("残り約 "),
                               QStringLiteral("収束しない 1"), QStringLiteral("読めない 1")})
     EXPECT_TRUE(result.err.contains(text.toUtf8())) << text.toStdString() << result.err.toStdString();
-}
-
-#else
-
-TEST(CliBatch, Interrupted) {
-  GTEST_SKIP() << "a program is interrupted by a signal and given a terminal between fork and its start";
 }
 
 #endif

@@ -13,11 +13,8 @@
 namespace tremlo {
 namespace {
 
-#ifndef _WIN32
-
 using test::CliResult;
-using test::RunCliOnATerminal;
-using test::RunPreparedCli;
+using test::RunCliWithoutOutput;
 using test::TestFolder;
 
 const char* const kNames[] = {"response",     "fourier",      "adjust", "tables",
@@ -50,10 +47,10 @@ class OutputTest : public testing::Test {
         lines.append(QString::fromLatin1(name).split(u' ') << option);
   }
 
-  /// Every command line ends with 2 and a line on standard error when its process begins with `prepare`.
-  void ExpectFailures(const std::function<void()>& prepare) const {
+  /// Every command line ends with 2 and a line on standard error when it is run like this.
+  void ExpectFailures(const std::function<CliResult(const QStringList&)>& run) const {
     for (const QStringList& line : lines) {
-      const CliResult result = RunPreparedCli(line, prepare);
+      const CliResult result = run(line);
       EXPECT_EQ(result.status, 2) << line.join(u' ').toStdString();
       EXPECT_EQ(QString::fromUtf8(result.err), QStringLiteral("標準出力: 結果を書き込めませんでした。\n"))
           << line.join(u' ').toStdString();
@@ -64,9 +61,40 @@ class OutputTest : public testing::Test {
   QList<QStringList> lines;
 };
 
+TEST_F(OutputTest, AClosedStreamIsStatusTwo) {
+  ExpectFailures(RunCliWithoutOutput);
+}
+
+TEST_F(OutputTest, NothingPrintedForAClosedStreamEndsInAFile) {
+  const QString out = folder.Path(QStringLiteral("r.csv"));
+  const CliResult result =
+      RunCliWithoutOutput({"response", folder.Path(QStringLiteral("w.csv")), "--out", out});
+  EXPECT_EQ(result.status, 2);
+  EXPECT_EQ(test::ReadAll(out).count('\n'), 2);
+}
+
+TEST_F(OutputTest, ABadCommandLineStaysOneWhereNothingCanBePrinted) {
+  EXPECT_EQ(RunCliWithoutOutput({"nonsense"}).status, 1);
+}
+
+#ifdef _WIN32
+
+TEST(Progress, StandsOnATerminalAndIsTakenAwayAgain) {
+  GTEST_SKIP() << "only posix_openpt makes a terminal that a test can read";
+}
+
+#else
+
+using test::RunCliOnATerminal;
+
+/// Runs it with `prepare` called just before it starts.
+std::function<CliResult(const QStringList&)> After(std::function<void()> prepare) {
+  return [prepare](const QStringList& line) { return test::RunPreparedCli(line, prepare); };
+}
+
 #ifdef __linux__  // whose /dev/full is always full
 TEST_F(OutputTest, AFullDiskIsStatusTwo) {
-  ExpectFailures([] { dup2(open("/dev/full", O_WRONLY), STDOUT_FILENO); });
+  ExpectFailures(After([] { dup2(open("/dev/full", O_WRONLY), STDOUT_FILENO); }));
 }
 #endif
 
@@ -75,39 +103,23 @@ TEST_F(OutputTest, AFileThatMayNotGrowIsStatusTwo) {
   // The limit holds for all files, those of "project" included.
   lines.removeIf([](const QStringList& line) { return line.mid(0, 2) == QStringList{"project", "new"}; });
   lines.removeIf([](const QStringList& line) { return line.mid(0, 2) == QStringList{"project", "copy"}; });
-  ExpectFailures([path] {
+  ExpectFailures(After([path] {
     dup2(open(path.constData(), O_WRONLY | O_CREAT | O_TRUNC, 0600), STDOUT_FILENO);
     std::signal(SIGXFSZ, SIG_DFL);
     const rlimit limit{1, 1};
     setrlimit(RLIMIT_FSIZE, &limit);
-  });
+  }));
 }
 
 TEST_F(OutputTest, APipeThatNobodyReadsIsStatusTwo) {
-  ExpectFailures([] {
+  ExpectFailures(After([] {
     int ends[2] = {-1, -1};
     if (pipe(ends) != 0) return;
     close(ends[0]);
     dup2(ends[1], STDOUT_FILENO);
     close(ends[1]);
     std::signal(SIGPIPE, SIG_DFL);
-  });
-}
-
-TEST_F(OutputTest, AClosedStreamIsStatusTwo) {
-  ExpectFailures([] { close(STDOUT_FILENO); });
-}
-
-TEST_F(OutputTest, NothingPrintedForAClosedStreamEndsInAFile) {
-  const QString out = folder.Path(QStringLiteral("r.csv"));
-  const CliResult result = RunPreparedCli({"response", folder.Path(QStringLiteral("w.csv")), "--out", out},
-                                          [] { close(STDOUT_FILENO); });
-  EXPECT_EQ(result.status, 2);
-  EXPECT_EQ(test::ReadAll(out).count('\n'), 2);
-}
-
-TEST_F(OutputTest, ABadCommandLineStaysOneWhereNothingCanBePrinted) {
-  EXPECT_EQ(RunPreparedCli({"nonsense"}, [] { close(STDOUT_FILENO); }).status, 1);
+  }));
 }
 
 QByteArray LongWave() {
@@ -142,12 +154,6 @@ TEST(Progress, IsSilentWithoutATerminalAndChangesNoResult) {
     EXPECT_EQ(silent.err, QByteArray());
     EXPECT_EQ(silent.out, RunCliOnATerminal({command, wave, "--json"}).out);
   }
-}
-
-#else
-
-TEST(Output, ThatNobodyTakes) {
-  GTEST_SKIP() << "closed pipes, full disks and terminals are given to a program between fork and its start";
 }
 
 #endif

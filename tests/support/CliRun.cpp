@@ -5,7 +5,9 @@
 
 #include <gtest/gtest.h>
 
-#ifndef _WIN32
+#ifdef _WIN32
+#include <windows.h>
+#else
 #include <fcntl.h>
 #include <thread>
 #include <unistd.h>
@@ -34,7 +36,26 @@ CliResult RunCli(const QStringList& arguments, const QString& workingFolder) {
   return RunToItsEnd(process, arguments);
 }
 
-#ifndef _WIN32
+#ifdef _WIN32
+
+CliResult RunCliWithoutOutput(const QStringList& arguments) {
+  SECURITY_ATTRIBUTES inherited{sizeof(SECURITY_ATTRIBUTES), nullptr, TRUE};
+  const HANDLE readOnly = CreateFileW(L"NUL", GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, &inherited,
+                                      OPEN_EXISTING, 0, nullptr);
+  EXPECT_NE(readOnly, INVALID_HANDLE_VALUE);
+  QProcess process;
+  process.setCreateProcessArgumentsModifier(
+      [readOnly](auto* start) { start->startupInfo->hStdOutput = readOnly; });
+  const CliResult result = RunToItsEnd(process, arguments);
+  CloseHandle(readOnly);
+  return result;
+}
+
+#else
+
+CliResult RunCliWithoutOutput(const QStringList& arguments) {
+  return RunPreparedCli(arguments, [] { close(STDOUT_FILENO); });
+}
 
 CliResult RunPreparedCli(const QStringList& arguments, const std::function<void()>& prepare) {
   QProcess process;

@@ -18,6 +18,9 @@ struct CliResult {
 /// Runs the tremlo-cli of this build to its end.
 CliResult RunCli(const QStringList& arguments, const QString& workingFolder = {});
 
+/// The same with a standard output that takes nothing.
+CliResult RunCliWithoutOutput(const QStringList& arguments);
+
 #ifndef _WIN32
 /// The same with `prepare` called in the process of the program just before it starts, as after fork: no more
 /// than system calls.

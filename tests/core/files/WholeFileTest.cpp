@@ -67,7 +67,7 @@ TEST(WholeFile, ReplacesAnOlderFileAndLeavesNothingBeside) {
 
 TEST(WholeFile, ASymbolicLinkStaysALink) {
 #ifdef _WIN32
-  GTEST_SKIP() << "what Qt makes is a shortcut, a file of its own";
+  GTEST_SKIP() << "Qt makes shortcuts here, files of their own, and the standard library no links";
 #endif
   const TestFolder folder;
   const QString target = folder.Write("target", "old");
