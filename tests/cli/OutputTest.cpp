@@ -80,7 +80,7 @@ TEST_F(OutputTest, ABadCommandLineStaysOneWhereNothingCanBePrinted) {
 #ifdef _WIN32
 
 TEST(Progress, StandsOnATerminalAndIsTakenAwayAgain) {
-  GTEST_SKIP() << "only posix_openpt makes a terminal that a test can read";
+  GTEST_SKIP() << "a test has no console of its own here that it could read";
 }
 
 #else
